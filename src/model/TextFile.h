@@ -1,0 +1,21 @@
+#pragma once
+
+#include "Enumerations.h"
+#include "Url.h"
+
+/// One document file found under a chosen folder.
+struct TextFile {
+    Url url;
+    TextFileCategory category;
+    /// Allocated bytes on disk.
+    qint64 sizeBytes;
+
+    /// Identity: the standardised path.
+    QByteArray id() const { return url.standardizedPath(); }
+
+    bool operator==(const TextFile &) const = default;
+    friend size_t qHash(const TextFile &file, size_t seed = 0)
+    {
+        return qHashMulti(seed, file.url, rawValue(file.category), file.sizeBytes);
+    }
+};

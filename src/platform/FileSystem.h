@@ -1,0 +1,137 @@
+#pragma once
+
+#include "Url.h"
+
+#include <QByteArray>
+
+#include <cstddef>
+#include <iterator>
+#include <memory>
+#include <optional>
+
+enum class FileType { regular, directory, symbolicLink, other };
+
+/// What is known of one item, a symbolic link being described as itself.
+struct ResourceValues {
+    FileType type;
+    /// Bytes on disk of everything that the item consists of; absent when the file system does not tell.
+    std::optional<qint64> totalAllocatedSize;
+    /// Bytes on disk of the item's data alone; absent when the file system does not tell.
+    std::optional<qint64> allocatedSize;
+};
+
+/// The element at which an enumeration stands. It is valid until the enumeration goes on.
+class DirectoryEntry {
+public:
+    virtual ~DirectoryEntry() = default;
+
+    /// The last component of its path; a view that is valid as long as the entry.
+    virtual QByteArrayView name() const = 0;
+
+    /// What it is, a link being a link; costs nothing where the file system's listing tells.
+    virtual FileType type() const = 0;
+
+    /// How deep it lies: direct children of the enumerated folder are at level 1.
+    virtual int level() const = 0;
+
+    /// The enumerated folder's URL with the path down to the element appended; made when asked.
+    virtual Url url() const = 0;
+
+    /// Read when asked; absent when they cannot be read, such as when the element has vanished.
+    virtual std::optional<ResourceValues> resourceValues() const = 0;
+
+    /// Do not enter this element. Means nothing where it would not be entered anyway: siblings still follow.
+    virtual void skipDescendants() = 0;
+};
+
+/// A walk in progress: a forward iteration over the entries of a folder.
+class DirectoryWalk : public DirectoryEntry {
+public:
+    /// Goes to the next element (to the first one, when it is called for the first time); false at the end.
+    virtual bool next() = 0;
+};
+
+/// A range over the elements of a folder, to be iterated once: `for (const auto &entry : enumeration)`.
+class DirectoryEnumeration {
+public:
+    /// An enumeration of nothing.
+    DirectoryEnumeration() = default;
+    explicit DirectoryEnumeration(std::unique_ptr<DirectoryWalk> walk) : m_walk(std::move(walk)) { }
+
+    class Iterator {
+    public:
+        using value_type = DirectoryEntry;
+        using difference_type = std::ptrdiff_t;
+
+        explicit Iterator(DirectoryWalk *walk) : m_walk(walk) { }
+        DirectoryEntry &operator*() const { return *m_walk; }
+        Iterator &operator++()
+        {
+            if (!m_walk->next())
+                m_walk = nullptr;
+            return *this;
+        }
+        void operator++(int) { ++*this; }
+        bool operator==(std::default_sentinel_t) const { return !m_walk; }
+
+    private:
+        DirectoryWalk *m_walk;
+    };
+
+    Iterator begin() { return Iterator(m_walk && m_walk->next() ? m_walk.get() : nullptr); }
+    std::default_sentinel_t end() const { return {}; }
+
+private:
+    std::unique_ptr<DirectoryWalk> m_walk;
+};
+
+/// The volume that holds a file. Sizes are in bytes; absent is what the system does not tell.
+struct VolumeValues {
+    std::optional<QString> name;
+    std::optional<qint64> totalCapacity;
+    /// What could be made free for something that the user asked for, where the system tells the two apart.
+    std::optional<qint64> availableCapacityForImportantUsage;
+    /// What an unprivileged user may still write.
+    std::optional<qint64> availableCapacity;
+};
+
+/// What the program asks of files and folders. Nothing here changes a file.
+///
+/// Safe to call from any thread. Nothing here fails: what cannot be read is missing from the answer, so a scan of
+/// a damaged disk still ends. When the program quits, every enumeration in progress ends where it stands.
+class FileSystem {
+public:
+    virtual ~FileSystem() = default;
+
+    /// The current user's home folder, standardised, without a trailing separator.
+    virtual Url homeDirectory() const = 0;
+
+    /// Whether something exists at `url`. Links are followed, so a dangling link does not exist.
+    virtual bool exists(const Url &url) const = 0;
+
+    /// Whether `url` leads to a folder, links followed.
+    virtual bool isDirectory(const Url &url) const = 0;
+
+    /// Whether the current user may execute the file at `url`, links followed.
+    virtual bool isExecutable(const Url &url) const = 0;
+
+    /// The entries directly inside `folder`, all at level 1, hidden ones (name beginning with ".") left out, in
+    /// the file system's own order; nothing when it cannot be listed. `folder` itself may be a link to a folder.
+    virtual DirectoryEnumeration contentsOfDirectory(const Url &folder) const = 0;
+
+    /// Everything below `folder`, parents before what they hold, in the file system's own order. Hidden items are
+    /// left out together with what they hold; packages and links beneath `folder` are listed but not entered;
+    /// `folder` itself is entered even when it is a package or a link to a folder. What cannot be read is passed
+    /// over. A tree may change while it is walked: the walk never leaves it.
+    virtual DirectoryEnumeration enumerate(const Url &folder) const = 0;
+
+    /// Absent when nothing is at `url` or it cannot be read. A link at `url` is described as itself.
+    virtual std::optional<ResourceValues> resourceValues(const Url &url) const = 0;
+
+    /// The whole content of the regular file at `url`, links followed; absent when there is none, when it cannot
+    /// be read, or when it is larger than `maximumSize` bytes. Never waits for a pipe or a device.
+    virtual std::optional<QByteArray> readFile(const Url &url, qint64 maximumSize) const = 0;
+
+    /// The volume that holds `url`; absent when the system does not answer.
+    virtual std::optional<VolumeValues> volumeValues(const Url &url) const = 0;
+};

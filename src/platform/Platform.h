@@ -1,0 +1,24 @@
+#pragma once
+
+class ApplicationRegistry;
+class BackgroundPriority;
+class BundleReader;
+class CodeSignature;
+class FileSystem;
+class FolderChooser;
+class HelperService;
+class SystemFacts;
+class Workspace;
+
+/// The services that the program is given at its start. They outlive everything that uses them.
+struct Platform {
+    const FileSystem &fileSystem;
+    const BundleReader &bundleReader;
+    const CodeSignature &codeSignature;
+    const ApplicationRegistry &applicationRegistry;
+    const SystemFacts &systemFacts;
+    const BackgroundPriority &backgroundPriority;
+    Workspace &workspace;
+    HelperService &helperService;
+    FolderChooser &folderChooser;
+};

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "Url.h"
+
+#include <QByteArray>
+#include <QFuture>
+#include <QHash>
+#include <QString>
+
+#include <optional>
+
+/// What came of moving items to the Trash.
+struct RecycleAnswer {
+    /// From each moved item's URL, as it was given, to its place in the Trash.
+    QHash<Url, Url> movedItems;
+    /// Why something could not be moved, worded for the user; absent when there was no error.
+    std::optional<QString> error;
+};
+
+/// The desktop: its Trash, its file manager, its icons. Called on the main thread only.
+class Workspace {
+public:
+    virtual ~Workspace() = default;
+
+    /// Moves the item at `item` (a link as itself) to the user's Trash, never deleting anything. The move happens
+    /// off the calling thread and is finished even when the program quits; the answer comes exactly once.
+    virtual QFuture<RecycleAnswer> recycle(const Url &item) = 0;
+
+    /// Shows `item` selected in the desktop's file manager, else the folder that holds it; nothing happens where
+    /// the desktop can do neither. Returns at once.
+    virtual void reveal(const Url &item) = 0;
+
+    /// The bytes of the picture that stands for the bundle at `bundle` (.icns or .png); empty when it has none.
+    /// An exception to the rule above: safe to call from any thread, and reads the disk.
+    virtual QByteArray iconData(const Url &bundle) const = 0;
+
+    /// Asks for access to a location that the user chose or dropped. True when access was granted and has to be
+    /// given back with `stopAccessing`; false where the system has no such grants.
+    virtual bool startAccessing(const Url &location) = 0;
+    virtual void stopAccessing(const Url &location) = 0;
+};

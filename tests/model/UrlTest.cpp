@@ -1,0 +1,53 @@
+#include "Url.h"
+
+#include <gtest/gtest.h>
+
+TEST(UrlTest, standardisingResolvesDotsAndSeparatorsTextually)
+{
+    const auto standardized = [](const char *path) { return Url(path).standardizedPath(); };
+    EXPECT_EQ(standardized("/Users/a/Library/Caches/."), "/Users/a/Library/Caches");
+    EXPECT_EQ(standardized("/Users/a/Library/Caches/x/.."), "/Users/a/Library/Caches");
+    EXPECT_EQ(standardized("/Applications/"), "/Applications");
+    EXPECT_EQ(standardized("//a///b/./c/"), "/a/b/c");
+    EXPECT_EQ(standardized("/../../a"), "/a");
+    EXPECT_EQ(standardized("/a/.."), "/");
+    EXPECT_EQ(standardized("/"), "/");
+    EXPECT_EQ(standardized("/a/...b/..c"), "/a/...b/..c");
+    EXPECT_EQ(standardized(""), "");
+}
+
+TEST(UrlTest, extensionsFollowTheLastDotOfTheName)
+{
+    const auto split = [](const char *path) {
+        return Url(path).nameWithoutExtension() + '|' + Url(path).pathExtension();
+    };
+    EXPECT_EQ(split("/Applications/Foo Bar.app"), "Foo Bar|app");
+    EXPECT_EQ(split("/a.b/c"), "c|");
+    EXPECT_EQ(split("/a/.app"), ".app|");
+    EXPECT_EQ(split("/a/..app"), "..app|");
+    EXPECT_EQ(split("/a/org.notes.agent.plist"), "org.notes.agent|plist");
+    EXPECT_EQ(split("/a/name."), "name.|");
+}
+
+TEST(UrlTest, urisOfLocalFilesKeepEveryByte)
+{
+    EXPECT_EQ(Url::fromUri("file:///Applications/Za%C5%BC%C3%B3%C5%82%C4%87%20%25.app/")->path(),
+              "/Applications/Zażółć %.app");
+    EXPECT_EQ(Url::fromUri("file://localhost/a%FFb")->path(), "/a\xff"
+                                                              "b");
+    EXPECT_EQ(Url::fromUri("FILE:/a")->path(), "/a");
+    for (const auto *refused : {"http://x/a", "file://server/a", "file:a", "file://", "", "file:///a%00b", "/a"})
+        EXPECT_EQ(Url::fromUri(refused), std::nullopt) << refused;
+
+    const Url odd(QByteArray("/a b/\xff%\n#?.app"));
+    EXPECT_EQ(Url::fromUri(odd.toUri()), odd);
+}
+
+TEST(UrlTest, partsOfAPath)
+{
+    EXPECT_EQ(Url("/a/b").parent(), Url("/a"));
+    EXPECT_EQ(Url("/a").parent(), Url("/"));
+    EXPECT_EQ(Url("/").lastPathComponent(), "/");
+    EXPECT_EQ(Url("/") / "a", Url("/a"));
+    EXPECT_EQ(Url("/a/\xff").displayName(), QString(QChar(QChar::ReplacementCharacter)));
+}
