@@ -7,7 +7,8 @@
 
 QString formattedByteCount(qint64 bytes, ByteCountStyle style)
 {
-    struct Unit {
+    struct Unit
+    {
         const char *name;
         int decimals;
     };

@@ -6,7 +6,8 @@
 #include <optional>
 
 /// The computer itself; every text is ready for display.
-struct ComputerInfo {
+struct ComputerInfo
+{
     QString computerName;
     QString modelIdentifier;
     QString operatingSystem;
@@ -17,7 +18,8 @@ struct ComputerInfo {
     std::optional<QDateTime> bootDate;
 };
 
-struct BatteryInfo {
+struct BatteryInfo
+{
     /// Charge, 0 to 100.
     int percentage;
     bool isCharging;
@@ -34,14 +36,16 @@ struct BatteryInfo {
 };
 
 /// The startup volume.
-struct StorageInfo {
+struct StorageInfo
+{
     QString volumeName;
     qint64 totalBytes;
     qint64 freeBytes;
 };
 
 /// Physical memory in bytes.
-struct MemoryInfo {
+struct MemoryInfo
+{
     quint64 totalBytes;
     std::optional<quint64> usedBytes;
     std::optional<quint64> freeBytes;
@@ -51,7 +55,8 @@ struct MemoryInfo {
 };
 
 /// Everything that the dashboard shows at one moment.
-struct DashboardSnapshot {
+struct DashboardSnapshot
+{
     ComputerInfo computer;
     /// Absent on a computer without a battery, or when the system does not report one.
     std::optional<BatteryInfo> battery;

@@ -6,7 +6,8 @@
 #include <QUuid>
 
 /// A removal that waits for the user's confirmation.
-struct DeletionRequest {
+struct DeletionRequest
+{
     /// Fresh for every request.
     QUuid id;
     /// The list that the items came from.

@@ -6,7 +6,8 @@
 #include <QString>
 
 /// One application bundle.
-struct InstalledApplication {
+struct InstalledApplication
+{
     Q_GADGET
     Q_PROPERTY(QString name MEMBER name)
     Q_PROPERTY(QString bundleIdentifier MEMBER bundleIdentifier)

@@ -4,7 +4,8 @@
 #include "Url.h"
 
 /// One media file found under a chosen folder.
-struct MediaFile {
+struct MediaFile
+{
     Url url;
     MediaCategory category;
     /// Allocated bytes on disk.

@@ -5,7 +5,8 @@
 #include <QList>
 
 /// The summary of one completed removal.
-struct OperationReport {
+struct OperationReport
+{
     qint64 deletedCount;
     qint64 failedCount;
     /// Sum of the sizes of the moved items.

@@ -4,7 +4,8 @@
 #include "Url.h"
 
 /// One file or folder found by a scan whose results can be removed.
-struct ScanItem {
+struct ScanItem
+{
     Url url;
     ScanItemKind kind;
     ScanConfidence confidence;

@@ -4,7 +4,8 @@
 
 namespace {
 
-struct Entry {
+struct Entry
+{
     QStringView key;
     QStringView polish;
     QStringView english;

@@ -4,7 +4,8 @@
 #include "Url.h"
 
 /// One document file found under a chosen folder.
-struct TextFile {
+struct TextFile
+{
     Url url;
     TextFileCategory category;
     /// Allocated bytes on disk.

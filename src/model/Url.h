@@ -11,7 +11,8 @@
 ///
 /// A path is the file system's own bytes and is kept as it was given. Two names that are not UTF-8 may be decoded
 /// alike, so identity is always decided by bytes; the decoded forms are for display and for comparing names.
-class Url {
+class Url
+{
     Q_GADGET
     Q_PROPERTY(QString path READ displayPath)
     Q_PROPERTY(QString name READ displayName)

@@ -5,7 +5,8 @@
 #include <QUuid>
 
 /// The content of one alert.
-struct UserNotice {
+struct UserNotice
+{
     Q_GADGET
     Q_PROPERTY(QUuid id MEMBER id)
     Q_PROPERTY(QString title MEMBER title)

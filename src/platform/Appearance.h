@@ -3,7 +3,8 @@
 #include <QObject>
 
 /// Whether the user's desktop is light or dark. Lives on the main thread.
-class Appearance : public QObject {
+class Appearance : public QObject
+{
     Q_OBJECT
     Q_PROPERTY(bool isDark READ isDark NOTIFY changed)
 

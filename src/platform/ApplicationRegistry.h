@@ -8,7 +8,8 @@
 #include <optional>
 
 /// The applications that the system knew at one moment. Used by one thread at a time.
-class ApplicationIndex {
+class ApplicationIndex
+{
 public:
     virtual ~ApplicationIndex() = default;
 
@@ -17,7 +18,8 @@ public:
 };
 
 /// The applications that the system knows, wherever they are installed.
-class ApplicationRegistry {
+class ApplicationRegistry
+{
 public:
     virtual ~ApplicationRegistry() = default;
 

@@ -8,7 +8,8 @@ enum class TaskPriority {
     utility
 };
 
-class BackgroundPriority {
+class BackgroundPriority
+{
 public:
     virtual ~BackgroundPriority() = default;
 

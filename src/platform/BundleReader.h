@@ -8,7 +8,8 @@
 #include <optional>
 
 /// What a bundle says of itself.
-class Bundle {
+class Bundle
+{
 public:
     /// `information` is the information dictionary with localised values already in place.
     explicit Bundle(QVariantMap information = {}) : m_information(std::move(information)) { }
@@ -32,7 +33,8 @@ private:
 
 /// Opens folders as bundles. Safe to call from any thread; never fails, hangs or runs what it reads: a bundle is
 /// hostile input.
-class BundleReader {
+class BundleReader
+{
 public:
     virtual ~BundleReader() = default;
 

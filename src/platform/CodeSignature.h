@@ -7,7 +7,8 @@
 #include <optional>
 
 /// What is stored in code signatures. Nothing is verified and nothing is run. Safe to call from any thread.
-class CodeSignature {
+class CodeSignature
+{
 public:
     virtual ~CodeSignature() = default;
 

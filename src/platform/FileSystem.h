@@ -12,7 +12,8 @@
 enum class FileType { regular, directory, symbolicLink, other };
 
 /// What is known of one item, a symbolic link being described as itself.
-struct ResourceValues {
+struct ResourceValues
+{
     FileType type;
     /// Bytes on disk of everything that the item consists of; absent when the file system does not tell.
     std::optional<qint64> totalAllocatedSize;
@@ -21,7 +22,8 @@ struct ResourceValues {
 };
 
 /// The element at which an enumeration stands. It is valid until the enumeration goes on.
-class DirectoryEntry {
+class DirectoryEntry
+{
 public:
     virtual ~DirectoryEntry() = default;
 
@@ -45,20 +47,23 @@ public:
 };
 
 /// A walk in progress: a forward iteration over the entries of a folder.
-class DirectoryWalk : public DirectoryEntry {
+class DirectoryWalk : public DirectoryEntry
+{
 public:
     /// Goes to the next element (to the first one, when it is called for the first time); false at the end.
     virtual bool next() = 0;
 };
 
 /// A range over the elements of a folder, to be iterated once: `for (const auto &entry : enumeration)`.
-class DirectoryEnumeration {
+class DirectoryEnumeration
+{
 public:
     /// An enumeration of nothing.
     DirectoryEnumeration() = default;
     explicit DirectoryEnumeration(std::unique_ptr<DirectoryWalk> walk) : m_walk(std::move(walk)) { }
 
-    class Iterator {
+    class Iterator
+    {
     public:
         using value_type = DirectoryEntry;
         using difference_type = std::ptrdiff_t;
@@ -86,7 +91,8 @@ private:
 };
 
 /// The volume that holds a file. Sizes are in bytes; absent is what the system does not tell.
-struct VolumeValues {
+struct VolumeValues
+{
     std::optional<QString> name;
     std::optional<qint64> totalCapacity;
     /// What could be made free for something that the user asked for, where the system tells the two apart.
@@ -99,7 +105,8 @@ struct VolumeValues {
 ///
 /// Safe to call from any thread. Nothing here fails: what cannot be read is missing from the answer, so a scan of
 /// a damaged disk still ends. When the program quits, every enumeration in progress ends where it stands.
-class FileSystem {
+class FileSystem
+{
 public:
     virtual ~FileSystem() = default;
 

@@ -8,7 +8,8 @@
 #include <optional>
 
 /// Lets the user choose one folder. Called on the main thread only.
-class FolderChooser {
+class FolderChooser
+{
 public:
     virtual ~FolderChooser() = default;
 

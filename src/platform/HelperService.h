@@ -10,7 +10,8 @@
 #include <optional>
 
 /// The helper's answer to one request.
-struct HelperAnswer {
+struct HelperAnswer
+{
     /// From a path as it was sent to the empty text (moved) or to why it was not; nothing for what the helper does
     /// not report on.
     QHash<QByteArray, QString> messages;
@@ -20,7 +21,8 @@ struct HelperAnswer {
 
 /// The system's service management as the privileged helper needs it, and the one call to the helper.
 /// Called on the main thread only.
-class HelperService {
+class HelperService
+{
 public:
     virtual ~HelperService() = default;
 

@@ -11,7 +11,8 @@ class SystemFacts;
 class Workspace;
 
 /// The services that the program is given at its start. They outlive everything that uses them.
-struct Platform {
+struct Platform
+{
     const FileSystem &fileSystem;
     const BundleReader &bundleReader;
     const CodeSignature &codeSignature;

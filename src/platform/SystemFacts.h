@@ -6,7 +6,8 @@
 #include <optional>
 
 /// The power source that is listed first, as the system describes it. Absent: not reported, or not of its type.
-struct PowerSourceDescription {
+struct PowerSourceDescription
+{
     /// mAh.
     std::optional<qint64> currentCapacity;
     /// mAh, when fully charged now.
@@ -17,7 +18,8 @@ struct PowerSourceDescription {
 };
 
 /// What the battery's own registry entry holds.
-struct BatteryRegistryEntry {
+struct BatteryRegistryEntry
+{
     std::optional<qint64> cycleCount;
     /// mAh, when it was new.
     std::optional<qint64> designCapacity;
@@ -26,7 +28,8 @@ struct BatteryRegistryEntry {
 };
 
 /// Counts of memory pages.
-struct VirtualMemoryStatistics {
+struct VirtualMemoryStatistics
+{
     quint64 freeCount;
     quint64 speculativeCount;
     quint64 activeCount;
@@ -37,7 +40,8 @@ struct VirtualMemoryStatistics {
 
 /// Facts about the computer. Called on the main thread: every answer is short and none waits for a device or a
 /// bus.
-class SystemFacts {
+class SystemFacts
+{
 public:
     virtual ~SystemFacts() = default;
 

@@ -10,7 +10,8 @@
 #include <optional>
 
 /// What came of moving items to the Trash.
-struct RecycleAnswer {
+struct RecycleAnswer
+{
     /// From each moved item's URL, as it was given, to its place in the Trash.
     QHash<Url, Url> movedItems;
     /// Why something could not be moved, worded for the user; absent when there was no error.
@@ -18,7 +19,8 @@ struct RecycleAnswer {
 };
 
 /// The desktop: its Trash, its file manager, its icons. Called on the main thread only.
-class Workspace {
+class Workspace
+{
 public:
     virtual ~Workspace() = default;
 

@@ -14,7 +14,8 @@ class FileSystem;
 class HelperService;
 
 /// What came of one call to the privileged helper.
-struct HelperReply {
+struct HelperReply
+{
     /// From the standardised path of an item to the empty text (moved) or to why it was not, in the helper's
     /// words.
     QHash<QByteArray, QString> messages;
@@ -23,7 +24,8 @@ struct HelperReply {
 };
 
 /// What the trash service asks of the privileged helper. Called on the main thread.
-class PrivilegedHelper {
+class PrivilegedHelper
+{
 public:
     virtual ~PrivilegedHelper() = default;
 

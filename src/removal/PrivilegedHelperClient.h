@@ -8,7 +8,8 @@ class HelperService;
 
 /// The client of the privileged helper daemon: makes sure that it is installed and enabled, and sends it one
 /// request a call. Keeps nothing between calls.
-class PrivilegedHelperClient : public PrivilegedHelper {
+class PrivilegedHelperClient : public PrivilegedHelper
+{
 public:
     PrivilegedHelperClient(const FileSystem &fileSystem, const BundleReader &bundleReader, HelperService &service);
 

@@ -14,7 +14,8 @@ class Workspace;
 
 /// The only code that removes anything: moves items to the Trash, one after another, each only after its path has
 /// passed the safety check. Lives on the main thread; stateless.
-class TrashService {
+class TrashService
+{
 public:
     TrashService(const FileSystem &fileSystem, const BundleReader &bundleReader, Workspace &workspace,
                  PrivilegedHelper &privilegedHelper);

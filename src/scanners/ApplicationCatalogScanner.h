@@ -10,7 +10,8 @@ class BundleReader;
 class FileSystem;
 
 /// Lists the applications installed in the application folders. Stateless; safe to call from any thread.
-class ApplicationCatalogScanner {
+class ApplicationCatalogScanner
+{
 public:
     ApplicationCatalogScanner(const FileSystem &fileSystem, const BundleReader &bundleReader);
 

@@ -9,7 +9,8 @@ class CodeSignature;
 class FileSystem;
 
 /// Answers which items of the user's Library belong to one application. Stateless; safe to call from any thread.
-class AssociatedFileScanner {
+class AssociatedFileScanner
+{
 public:
     AssociatedFileScanner(const FileSystem &fileSystem, const CodeSignature &codeSignature);
 

@@ -7,7 +7,8 @@
 class FileSystem;
 
 /// Finds large caches and logs of the current user. Stateless; safe to call from any thread.
-class JunkScanner {
+class JunkScanner
+{
 public:
     explicit JunkScanner(const FileSystem &fileSystem);
 

@@ -13,7 +13,8 @@ class FileSystem;
 
 /// Searches the user's Library for what applications left behind and for items of an exact name. Everything found
 /// starts unselected: neither search can prove that it is garbage. Stateless; safe to call from any thread.
-class LeftoverScanner {
+class LeftoverScanner
+{
 public:
     LeftoverScanner(const FileSystem &fileSystem, const ApplicationRegistry &applicationRegistry);
 

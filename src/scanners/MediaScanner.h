@@ -8,7 +8,8 @@
 class FileSystem;
 
 /// Finds video, audio and image files by their extension. Stateless; safe to call from any thread.
-class MediaScanner {
+class MediaScanner
+{
 public:
     explicit MediaScanner(const FileSystem &fileSystem);
 

@@ -8,7 +8,8 @@
 class FileSystem;
 
 /// Finds document files by their extension. Stateless; safe to call from any thread.
-class TextFileScanner {
+class TextFileScanner
+{
 public:
     explicit TextFileScanner(const FileSystem &fileSystem);
 

@@ -7,7 +7,8 @@ class SystemFacts;
 
 /// Gathers the facts that the dashboard shows. Called on the main thread; never fails: what cannot be read takes a
 /// fixed fallback or is absent. Stateless.
-class SystemInfoService {
+class SystemInfoService
+{
 public:
     SystemInfoService(const FileSystem &fileSystem, const SystemFacts &facts);
 
