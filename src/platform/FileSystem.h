@@ -139,6 +139,11 @@ public:
     /// be read, or when it is larger than `maximumSize` bytes. Never waits for a pipe or a device.
     virtual std::optional<QByteArray> readFile(const Url &url, qint64 maximumSize) const = 0;
 
+    /// Up to `maximumLength` bytes of the regular file at `url` from `offset` on, links followed; fewer where the file
+    /// ends earlier, none behind its end; absent when there is no such file or it cannot be read. Takes memory for
+    /// what is there, not for what is asked. Never waits for a pipe or a device.
+    virtual std::optional<QByteArray> readFilePart(const Url &url, qint64 offset, qint64 maximumLength) const = 0;
+
     /// The volume that holds `url`; absent when the system does not answer.
     virtual std::optional<VolumeValues> volumeValues(const Url &url) const = 0;
 };
