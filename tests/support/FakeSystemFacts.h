@@ -1,0 +1,34 @@
+#pragma once
+
+#include "SystemFacts.h"
+
+/// The facts of a made-up computer: whatever the fields say. As it is made, nothing can be read.
+class FakeSystemFacts : public SystemFacts
+{
+public:
+    std::optional<QString> localizedHostName() const override { return localizedHostNameValue; }
+    QString hostName() const override { return hostNameValue; }
+    std::optional<QString> model() const override { return modelValue; }
+    QString operatingSystemVersion() const override { return operatingSystemVersionValue; }
+    std::optional<QString> processorBrand() const override { return processorBrandValue; }
+    quint64 physicalMemory() const override { return physicalMemoryValue; }
+    double uptime() const override { return uptimeValue; }
+    std::optional<PowerSourceDescription> powerSource() const override { return powerSourceValue; }
+    std::optional<BatteryRegistryEntry> batteryRegistryEntry() const override { return registryEntryValue; }
+    double timeRemainingEstimate() const override { return timeRemainingValue; }
+    quint64 pageSize() const override { return pageSizeValue; }
+    std::optional<VirtualMemoryStatistics> virtualMemoryStatistics() const override { return pagesValue; }
+
+    std::optional<QString> localizedHostNameValue;
+    QString hostNameValue;
+    std::optional<QString> modelValue;
+    QString operatingSystemVersionValue;
+    std::optional<QString> processorBrandValue;
+    quint64 physicalMemoryValue = 0;
+    double uptimeValue = 0;
+    std::optional<PowerSourceDescription> powerSourceValue;
+    std::optional<BatteryRegistryEntry> registryEntryValue;
+    double timeRemainingValue = -1;
+    quint64 pageSizeValue = 0;
+    std::optional<VirtualMemoryStatistics> pagesValue;
+};
