@@ -6,3 +6,6 @@
 /// Hidden items beneath a folder and the contents of packages beneath it add nothing; links are not followed.
 /// What cannot be read counts as nothing. Blocks; safe to call from any thread.
 qint64 allocatedSize(const FileSystem &fileSystem, const Url &url);
+
+/// How many bytes one file or link with these values occupies by itself; 0 where the file system does not tell.
+qint64 allocatedSize(const ResourceValues &values);

@@ -1,0 +1,45 @@
+#include "AllocatedSize.h"
+
+#include "InMemoryFileSystem.h"
+
+#include <gtest/gtest.h>
+
+TEST(AllocatedSizeTest, oneItemCountsWhatTheFileSystemTellsOfIt)
+{
+    InMemoryFileSystem disk;
+    EXPECT_EQ(allocatedSize(disk, disk.file("/a", 700, 500)), 700);
+    EXPECT_EQ(allocatedSize(disk, disk.file("/b", std::nullopt, 500)), 500);
+    EXPECT_EQ(allocatedSize(disk, disk.file("/c", std::nullopt, std::nullopt)), 0);
+    EXPECT_EQ(allocatedSize(disk, disk.device("/d")), 0);
+    EXPECT_EQ(allocatedSize(disk, Url("/missing")), 0);
+    disk.file("/folder/large", 1'000'000);
+    EXPECT_EQ(allocatedSize(disk, disk.link("/link", "/folder")), 1);
+}
+
+TEST(AllocatedSizeTest, folderCountsTheFilesAndLinksThatItShows)
+{
+    InMemoryFileSystem disk;
+    disk.file("/Some.app/file", 100);
+    disk.file("/Some.app/deep/er/file", 20);
+    disk.link("/Some.app/link", "/elsewhere");
+    disk.file("/elsewhere/file", 1'000'000);
+    disk.file("/Some.app/.hidden", 1'000'000);
+    disk.file("/Some.app/.hidden folder/file", 1'000'000);
+    disk.file("/Some.app/Contents/Nested.APP/file", 1'000'000);
+    disk.file("/Some.app/locked/file", 1'000'000);
+    disk.makeUnreadable("/Some.app/locked");
+    disk.file("/Some.app/vanished", 1'000'000);
+    disk.makeVanishing("/Some.app/vanished");
+    disk.device("/Some.app/device");
+
+    EXPECT_EQ(allocatedSize(disk, Url("/Some.app")), 121);
+}
+
+TEST(AllocatedSizeTest, absurdSizesDoNotWrapAround)
+{
+    InMemoryFileSystem disk;
+    constexpr auto most = std::numeric_limits<qint64>::max();
+    disk.file("/folder/a", most);
+    disk.file("/folder/b", 1);
+    EXPECT_EQ(allocatedSize(disk, Url("/folder")), most);
+}
