@@ -9,15 +9,11 @@
 
 #include <optional>
 
-class BundleReader;
-class FileSystem;
-class HelperService;
-
 /// What came of one call to the privileged helper.
 struct HelperReply
 {
     /// From the standardised path of an item to the empty text (moved) or to why it was not, in the helper's
-    /// words.
+    /// words. Nothing for an item that the helper does not report on.
     QHash<QByteArray, QString> messages;
     /// Why the call failed as a whole, worded for the user; absent when the helper replied.
     std::optional<QString> errorDescription;

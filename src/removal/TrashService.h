@@ -2,6 +2,7 @@
 
 #include "DeletionOutcome.h"
 #include "PrivilegedHelper.h"
+#include "TrashServiceError.h"
 
 #include <QCoro/QCoroTask>
 #include <QList>
@@ -26,7 +27,24 @@ public:
     QCoro::Task<QList<DeletionOutcome>> moveToTrash(QList<ScanItem> items,
                                                     std::optional<QString> bundleIdentifier);
 
+    // The steps of a removal.
+
+    /// The safety check: why the item at `url` must not be moved; absent when it may.
+    std::optional<TrashServiceError> validate(const Url &url) const;
+
+    /// Moves one item that has passed the check. Absent when it is in the Trash or gone.
+    QCoro::Task<std::optional<TrashServiceError>> recycle(Url url);
+
+    /// Every failure whose item is no longer there, whoever removed it, becomes a success.
+    QList<DeletionOutcome> reconcileOutcomes(QList<DeletionOutcome> outcomes) const;
+
 private:
+    std::optional<QString> identifierOfFirstApplication(const QList<ScanItem> &items) const;
+    QCoro::Task<std::optional<TrashServiceError>> moveItem(Url url);
+    QCoro::Task<QList<DeletionOutcome>> handFailuresToHelper(QList<DeletionOutcome> outcomes,
+                                                             QString bundleIdentifier);
+    bool remains(const Url &url) const;
+
     const FileSystem &m_fileSystem;
     const BundleReader &m_bundleReader;
     Workspace &m_workspace;

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "InMemoryFileSystem.h"
+#include "Workspace.h"
+
+#include <QList>
+#include <QPromise>
+#include <QTimer>
+
+#include <algorithm>
+#include <memory>
+
+/// A Trash for a disk in memory. It answers from the event loop, as the real one does.
+class FakeWorkspace : public Workspace
+{
+public:
+    /// What becomes of an item and what is said of it; by default it is moved and confirmed.
+    struct Reaction
+    {
+        bool moves = true;
+        bool confirms = true;
+        std::optional<QString> error = std::nullopt;
+    };
+
+    explicit FakeWorkspace(InMemoryFileSystem &disk) : m_disk(disk) { }
+
+    void reactTo(const Url &item, const Reaction &reaction) { m_reactions.insert(item, reaction); }
+
+    /// Every URL that was handed over, in order, and how many were under way at the same time at most.
+    QList<Url> recycled;
+    qsizetype mostAtOnce = 0;
+    QList<Url> revealed;
+
+    QFuture<RecycleAnswer> recycle(const Url &item) override
+    {
+        recycled.append(item);
+        mostAtOnce = std::max(mostAtOnce, ++m_underWay);
+        const auto promise = std::make_shared<QPromise<RecycleAnswer>>();
+        promise->start();
+        QTimer::singleShot(0, [this, promise, item] {
+            promise->addResult(answerFor(item));
+            promise->finish();
+        });
+        return promise->future();
+    }
+    void reveal(const Url &item) override { revealed.append(item); }
+    QByteArray iconData(const Url &) const override { return {}; }
+    bool startAccessing(const Url &) override { return false; }
+    void stopAccessing(const Url &) override { }
+
+private:
+    RecycleAnswer answerFor(const Url &item)
+    {
+        --m_underWay;
+        const auto reaction = m_reactions.value(item);
+        if (reaction.moves)
+            m_disk.remove(item.standardizedPath());
+        RecycleAnswer answer;
+        if (reaction.confirms)
+            answer.movedItems.insert(item, Url("/Users/me/.Trash") / item.lastPathComponent());
+        answer.error = reaction.error;
+        return answer;
+    }
+
+    InMemoryFileSystem &m_disk;
+    QHash<Url, Reaction> m_reactions;
+    qsizetype m_underWay = 0;
+};
