@@ -1,0 +1,41 @@
+#pragma once
+
+#include "HelperService.h"
+
+/// Service management and a helper that answer what a test tells them to, and keep what they were asked.
+class FakeHelperService : public HelperService
+{
+public:
+    /// One a query; the last one stays.
+    QList<int> statuses{1};
+    std::optional<QString> registrationError;
+    HelperAnswer answer;
+
+    int registrations = 0;
+    int timesSettingsOpened = 0;
+    /// The paths of every request, and the identifier of the last one.
+    QList<QList<QByteArray>> requests;
+    QString bundleIdentifier;
+
+    int status() const override
+    {
+        const auto query = m_queries++;
+        return statuses.value(std::min(query, statuses.size() - 1));
+    }
+    std::optional<QString> registerService() override
+    {
+        ++registrations;
+        return registrationError;
+    }
+    void openApprovalSettings() override { ++timesSettingsOpened; }
+    QFuture<HelperAnswer> moveItemsToTrash(const QList<QByteArray> &standardizedPaths,
+                                           const QString &identifier) override
+    {
+        requests.append(standardizedPaths);
+        bundleIdentifier = identifier;
+        return QtFuture::makeReadyFuture(answer);
+    }
+
+private:
+    mutable qsizetype m_queries = 0;
+};
