@@ -1,0 +1,128 @@
+#include "XmlPropertyListReader.h"
+
+#include <QDateTime>
+
+#include <limits>
+
+namespace {
+
+std::optional<QVariant> integer(const QString &text)
+{
+    auto digits = QStringView(text).trimmed();
+    const bool isNegative = digits.startsWith(u'-');
+    if (isNegative || digits.startsWith(u'+'))
+        digits = digits.sliced(1);
+    const bool isHexadecimal = digits.startsWith(u"0x", Qt::CaseInsensitive);
+    if (isHexadecimal)
+        digits = digits.sliced(2);
+    if (digits.isEmpty() || digits.startsWith(u'-') || digits.startsWith(u'+'))
+        return std::nullopt;
+    bool isNumber = false;
+    const quint64 magnitude = digits.toULongLong(&isNumber, isHexadecimal ? 16 : 10);
+    constexpr quint64 largest = std::numeric_limits<qint64>::max();
+    if (!isNumber || (isNegative && magnitude > largest + 1))
+        return std::nullopt;
+    if (isNegative)
+        return QVariant(static_cast<qint64>(0 - magnitude));
+    return magnitude > largest ? QVariant(magnitude) : QVariant(static_cast<qint64>(magnitude));
+}
+
+std::optional<QVariant> real(const QString &text)
+{
+    bool isNumber = false;
+    const double number = text.trimmed().toDouble(&isNumber);
+    return isNumber ? std::optional(QVariant(number)) : std::nullopt;
+}
+
+std::optional<QVariant> date(const QString &text)
+{
+    const auto date = QDateTime::fromString(text.trimmed(), Qt::ISODate);
+    return date.isValid() ? std::optional(QVariant(date.toUTC())) : std::nullopt;
+}
+
+std::optional<QVariant> bytes(const QString &text)
+{
+    return QVariant(QByteArray::fromBase64(text.toLatin1()));
+}
+
+std::optional<QVariant> string(const QString &text)
+{
+    return QVariant(text);
+}
+
+struct Scalar
+{
+    QStringView tag;
+    std::optional<QVariant> (*parse)(const QString &text);
+};
+constexpr Scalar scalars[] = {
+    {u"string", string},
+    {u"integer", integer},
+    {u"real", real},
+    {u"date", date},
+    {u"data", bytes},
+    {u"true", [](const QString &) { return std::optional(QVariant(true)); }},
+    {u"false", [](const QString &) { return std::optional(QVariant(false)); }},
+};
+
+} // namespace
+
+std::optional<QVariant> XmlPropertyListReader::read()
+{
+    if (!m_xml.readNextStartElement())
+        return std::nullopt;
+    if (m_xml.name() != u"plist")
+        return value(1);
+    if (!m_xml.readNextStartElement())
+        return std::nullopt;
+    auto root = value(1);
+    if (m_xml.readNextStartElement() || m_xml.hasError())
+        return std::nullopt;
+    return root;
+}
+
+std::optional<QVariant> XmlPropertyListReader::value(int depth)
+{
+    if (!m_budget.spend(depth))
+        return std::nullopt;
+    if (m_xml.name() == u"dict")
+        return dictionary(depth);
+    if (m_xml.name() == u"array")
+        return list(depth);
+    for (const auto &scalar : scalars) {
+        if (m_xml.name() == scalar.tag) {
+            const auto text = m_xml.readElementText();
+            return m_xml.hasError() ? std::nullopt : scalar.parse(text);
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<QVariant> XmlPropertyListReader::list(int depth)
+{
+    QVariantList list;
+    while (m_xml.readNextStartElement()) {
+        auto element = value(depth + 1);
+        if (!element)
+            return std::nullopt;
+        list.append(std::move(*element));
+    }
+    return m_xml.hasError() ? std::nullopt : std::optional(QVariant(list));
+}
+
+std::optional<QVariant> XmlPropertyListReader::dictionary(int depth)
+{
+    QVariantMap dictionary;
+    while (m_xml.readNextStartElement()) {
+        if (m_xml.name() != u"key")
+            return std::nullopt;
+        const auto key = m_xml.readElementText();
+        if (!m_xml.readNextStartElement())
+            return std::nullopt;
+        auto element = value(depth + 1);
+        if (!element)
+            return std::nullopt;
+        dictionary.insert(key, std::move(*element));
+    }
+    return m_xml.hasError() ? std::nullopt : std::optional(QVariant(dictionary));
+}

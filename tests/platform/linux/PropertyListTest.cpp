@@ -1,0 +1,246 @@
+#include "PropertyList.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QProcess>
+#include <QStringEncoder>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const QByteArray everyType = R"(<?xml version="1.0" encoding="UTF-8"?>
+<!DOCTYPE plist PUBLIC "-//Apple//DTD PLIST 1.0//EN" "http://www.apple.com/DTDs/PropertyList-1.0.dtd">
+<plist version="1.0"><dict>
+    <key>text</key><string>A &amp; B &#x142;<![CDATA[<c>]]></string> <!-- a comment -->
+    <key>Zażółć</key><string>🙂 gęślą</string>
+    <key>empty</key><string/>
+    <key>small</key><integer>7</integer><key>byte</key><integer>200</integer>
+    <key>short</key><integer>40000</integer><key>word</key><integer>3000000000</integer>
+    <key>long</key><integer>9223372036854775807</integer><key>negative</key><integer>-5</integer>
+    <key>huge</key><integer>18446744073709551615</integer>
+    <key>real</key><real>-2.5</real><key>yes</key><true/><key>no</key><false/>
+    <key>date</key><date>2019-07-04T10:20:30Z</date>
+    <key>data</key><data>
+        AAEC
+        /w==
+    </data>
+    <key>list</key><array><string>a</string><array/><dict><key>k</key><integer>1</integer></dict>
+        <integer>1</integer><integer>2</integer><integer>3</integer><integer>4</integer><integer>5</integer>
+        <integer>6</integer><integer>7</integer><integer>8</integer><integer>9</integer><integer>10</integer>
+        <integer>11</integer><integer>12</integer><integer>13</integer><integer>14</integer></array>
+</dict></plist>)";
+
+QVariant read(const QByteArray &data)
+{
+    const auto value = readPropertyList(data);
+    EXPECT_TRUE(value.has_value()) << data.constData();
+    return value.value_or(QVariant());
+}
+
+QVariantMap strings(const QByteArray &data)
+{
+    return read(data).toMap();
+}
+
+QByteArray encoded(const QByteArray &utf8, QStringConverter::Encoding encoding, QStringConverter::Flag flag = {})
+{
+    return QStringEncoder(encoding, flag).encode(QString::fromUtf8(utf8));
+}
+
+/// What plistutil makes of the property list `data` in `form`, "xml" or "bin".
+QByteArray converted(const QByteArray &data, const QString &form)
+{
+    const QTemporaryDir folder;
+    QFile input(folder.filePath(QStringLiteral("in")));
+    QFile output(folder.filePath(QStringLiteral("out")));
+    EXPECT_TRUE(input.open(QFile::WriteOnly));
+    input.write(data);
+    input.close();
+    const QStringList arguments{QStringLiteral("-i"), input.fileName(),     QStringLiteral("-o"),
+                                output.fileName(),    QStringLiteral("-f"), form};
+    EXPECT_EQ(QProcess::execute(QStringLiteral("plistutil"), arguments), 0);
+    EXPECT_TRUE(output.open(QFile::ReadOnly));
+    return output.readAll();
+}
+
+/// A binary property list of these objects, the first being the root.
+QByteArray binary(const QList<QByteArray> &objects)
+{
+    QByteArray list("bplist00");
+    QByteArray offsets;
+    for (const auto &object : objects) {
+        offsets.append(static_cast<char>(list.size() >> 8)).append(static_cast<char>(list.size()));
+        list.append(object);
+    }
+    const auto offsetTable = list.size();
+    list.append(offsets).append(6, '\0').append("\x02\x01", 2);
+    for (const auto number : {objects.size(), qsizetype(0), offsetTable})
+        list.append(6, '\0').append(static_cast<char>(number >> 8)).append(static_cast<char>(number));
+    return list;
+}
+
+QByteArray repeated(const char *text, int count)
+{
+    return QByteArray(text).repeated(count);
+}
+
+} // namespace
+
+TEST(PropertyListTest, xmlValuesOfEveryType)
+{
+    const auto values = strings(everyType);
+    EXPECT_EQ(values.value("text"), QStringLiteral("A & B ł<c>"));
+    EXPECT_EQ(values.value("Zażółć"), QStringLiteral("🙂 gęślą"));
+    EXPECT_EQ(values.value("empty"), QString());
+    EXPECT_EQ(values.value("long"), QVariant(qint64(9223372036854775807)));
+    EXPECT_EQ(values.value("negative"), QVariant(qint64(-5)));
+    EXPECT_EQ(values.value("huge"), QVariant(quint64(18446744073709551615u)));
+    EXPECT_EQ(values.value("real"), QVariant(-2.5));
+    EXPECT_EQ(values.value("yes"), QVariant(true));
+    EXPECT_EQ(values.value("date"), QDateTime(QDate(2019, 7, 4), QTime(10, 20, 30), Qt::UTC));
+    EXPECT_EQ(values.value("data"), QByteArray("\x00\x01\x02\xff", 4));
+    EXPECT_EQ(values.value("list").toList().size(), 17);
+    EXPECT_EQ(read("<dict><key>bare</key><integer>0x1F</integer></dict>"), QVariantMap({{"bare", qint64(31)}}));
+}
+
+TEST(PropertyListTest, xmlAndBinaryFormsAgreeWithPlistutil)
+{
+    const auto values = read(everyType);
+    const auto asBinary = converted(everyType, QStringLiteral("bin"));
+    ASSERT_TRUE(asBinary.startsWith("bplist00"));
+    EXPECT_EQ(read(asBinary), values);
+    EXPECT_EQ(read(converted(asBinary, QStringLiteral("xml"))), values);
+}
+
+TEST(PropertyListTest, textInEveryEncodingIsRead)
+{
+    const QByteArray xml = "<?xml version=\"1.0\" encoding=\"UTF-16\"?><plist><string>Żółw</string></plist>";
+    for (const auto encoding : {QStringConverter::Utf8, QStringConverter::Utf16LE, QStringConverter::Utf16BE}) {
+        for (const auto mark : {QStringConverter::Flag::Default, QStringConverter::Flag::WriteBom}) {
+            EXPECT_EQ(read(encoded(xml, encoding, mark)), QStringLiteral("Żółw"));
+            EXPECT_EQ(strings(encoded("a = \"Żółw\";", encoding, mark)).value("a"), QStringLiteral("Żółw"));
+        }
+    }
+    EXPECT_FALSE(readPropertyList("a = \"\xff\";"));
+}
+
+TEST(PropertyListTest, textFormHasTextsListsDictionariesAndBytes)
+{
+    EXPECT_EQ(read(R"({ a = (x, "y z", (), ); b = <00 ff7F>; c.d-e/f:g_$1 = { 'k' = ""; }; })"),
+              QVariantMap({{"a", QVariantList{"x", "y z", QVariantList()}},
+                           {"b", QByteArray("\x00\xff\x7f", 3)},
+                           {"c.d-e/f:g_$1", QVariantMap{{"k", ""}}}}));
+    EXPECT_EQ(read("<0fbd77 1c>"), QByteArray("\x0f\xbd\x77\x1c"));
+    EXPECT_EQ(read("( a )"), QVariantList{"a"});
+}
+
+TEST(PropertyListTest, stringsFilesLeaveTheBracesOut)
+{
+    EXPECT_EQ(strings("/* Name; */ // x\n\"CFBundleName\" = \"Żółw\";\nshort;\na=b /*c*/;// end"),
+              QVariantMap({{"CFBundleName", "Żółw"}, {"short", "short"}, {"a", "b"}}));
+    EXPECT_EQ(strings(R"(k = "\"\\\n\t\U0142\u\251\101\'";)").value("k"), QStringLiteral("\"\\\n\tłu’A'"));
+    EXPECT_EQ(strings("k = \"http://a/*b*/\"; l = http://a;"),
+              QVariantMap({{"k", "http://a/*b*/"}, {"l", "http://a"}}));
+    EXPECT_EQ(strings(" // nothing\n"), QVariantMap());
+    EXPECT_EQ(strings("a = 1; a = 2;").value("a"), "2");
+}
+
+TEST(PropertyListTest, damagedListsAreAbsent)
+{
+    for (const auto *damaged : {"",
+                                "<",
+                                "<plist>",
+                                "<plist/>",
+                                "<dict><key>a</key></dict>",
+                                "<plist><string>a</plist>",
+                                "<plist><string>a</string><string>b</string></plist>",
+                                "<array><string>a</string>",
+                                "<dict><string>a</string></dict>",
+                                "<integer>x</integer>",
+                                "<integer>--1</integer>",
+                                "<integer>99999999999999999999</integer>",
+                                "<date>today</date>",
+                                "<what/>",
+                                "<string><b/></string>",
+                                "{ a = b }",
+                                "{ a = ; }",
+                                "{ a = b;",
+                                "( a",
+                                "( a b )",
+                                "\"a",
+                                "a = b",
+                                "<0>",
+                                "<0g>",
+                                "a = \"\\",
+                                "bplist00",
+                                "{}}",
+                                "a;;"})
+        EXPECT_FALSE(readPropertyList(damaged)) << damaged;
+
+    const auto whole = converted(everyType, QStringLiteral("bin"));
+    for (qsizetype size = 7; size < whole.size(); ++size)
+        EXPECT_FALSE(readPropertyList(whole.first(size))) << size;
+}
+
+TEST(PropertyListTest, binaryObjectsOfRareTypes)
+{
+    const auto root = [](const QByteArray &object) { return read(binary({object})); };
+    EXPECT_EQ(root(QByteArray("\x14\0\0\0\0\0\0\0\0\xff\xff\xff\xff\xff\xff\xff\xff", 17)),
+              QVariant(quint64(18446744073709551615u)));
+    EXPECT_EQ(root("\x13\xff\xff\xff\xff\xff\xff\xff\xfe"), QVariant(qint64(-2)));
+    EXPECT_EQ(root(QByteArray("\x22\x3f\x80\0\0", 5)), QVariant(1.0));
+    EXPECT_EQ(root("\x72ł"), QStringLiteral("ł"));
+    EXPECT_EQ(root("\x81\x01\x02"), QVariantMap({{"CF$UID", qint64(258)}}));
+    EXPECT_EQ(read(binary({"\xc1\x01", "\x51"
+                                       "a"})),
+              QVariantList{"a"});
+}
+
+TEST(PropertyListTest, hostileBinaryListsAreAbsent)
+{
+    const QByteArray text("\x51"
+                          "a");
+    const QList<QList<QByteArray>> hostile{
+        {QByteArray("\xa1\x00", 2)}, // a list of itself
+        {"\xa1\x01", QByteArray("\xd1\x02\x00", 3), text}, // a circle
+        {"\xa1\x05"}, // no such object
+        {"\xd1\x01\x01", "\x10\x01"}, // a key that is no text
+        {"\x5f\x13\x00\x00\x00\x01\x00\x00\x00\x00"}, // 4 GB of text
+        {QByteArray("\x4f\x13\xff\xff\xff\xff\xff\xff\xff\xff", 10)},
+        {QByteArray("\xaf\x13\x40\x00\x00\x00\x00\x00\x00\x00", 10)}, // too many to count their bytes
+        {"\x15"},
+        {"\x24"},
+        {"\x33\x7f\xf8\0\0\0\0\0\0"},
+        {"\x98"},
+        {"\xe0"},
+        {"\x5f\x51"},
+        {"\x0f"},
+    };
+    for (const auto &objects : hostile)
+        EXPECT_FALSE(readPropertyList(binary(objects))) << objects.first().toHex().constData();
+
+    // Ten levels of lists of twenty: 20^10 texts in 400 bytes.
+    QList<QByteArray> levels;
+    for (char level = 1; level <= 10; ++level)
+        levels.append("\xaf\x10\x14" + QByteArray(20, level));
+    EXPECT_FALSE(readPropertyList(binary(levels << text)));
+
+    auto list = binary({text});
+    for (qsizetype i = list.size() - 32 + 6; i < list.size(); ++i) {
+        auto damaged = list;
+        damaged[i] = '\xff';
+        EXPECT_FALSE(readPropertyList(damaged)) << i;
+    }
+}
+
+TEST(PropertyListTest, depthAndCountAreBounded)
+{
+    EXPECT_TRUE(readPropertyList(repeated("<array>", 64) + repeated("</array>", 64)));
+    EXPECT_FALSE(readPropertyList(repeated("<array>", 65) + repeated("</array>", 65)));
+    for (const auto *opening : {"<array>", "<dict><key>a</key>", "(", "{a="})
+        EXPECT_FALSE(readPropertyList(repeated(opening, 100'000))) << opening;
+    EXPECT_FALSE(readPropertyList('(' + repeated("a,", 200'000) + ')'));
+    EXPECT_FALSE(readPropertyList('"' + QByteArray(9 * 1024 * 1024, 'a') + '"'));
+}
