@@ -1,0 +1,80 @@
+#include "LinuxBundleReader.h"
+
+#include "BundleLayout.h"
+#include "FileSystem.h"
+#include "Localization.h"
+#include "PropertyList.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace {
+
+// What a bundle is must not depend on the user's language.
+constexpr QStringView neverLocalized[] = {u"CFBundleIdentifier", u"CFBundleExecutable", u"CFBundlePackageType"};
+
+/// What LANGUAGE is in the names of the folders LANGUAGE.lproj.
+QStringList translationFolders(const FileSystem &fileSystem, const Url &resources)
+{
+    constexpr qsizetype most = 1000;
+    QStringList languages;
+    for (const auto &entry : fileSystem.contentsOfDirectory(resources)) {
+        const auto name = entry.name();
+        if (extensionOf(name) == "lproj")
+            languages.append(QString::fromUtf8(name.chopped(qstrlen(".lproj"))));
+        if (languages.size() == most)
+            break;
+    }
+    // The listing comes in the file system's order; the answer must not.
+    languages.sort();
+    return languages;
+}
+
+} // namespace
+
+LinuxBundleReader::LinuxBundleReader(const FileSystem &fileSystem, QStringList preferredLanguages)
+    : m_fileSystem(fileSystem), m_preferredLanguages(std::move(preferredLanguages))
+{
+}
+
+std::optional<Bundle> LinuxBundleReader::open(const Url &url) const
+{
+    if (!m_fileSystem.isDirectory(url))
+        return std::nullopt;
+    const auto layout = bundleLayout(m_fileSystem, url);
+    auto information = readPropertyListFile(m_fileSystem, layout.information / "Info.plist");
+    if (!information)
+        return std::nullopt;
+
+    const auto developmentRegion = information->value(QStringLiteral("CFBundleDevelopmentRegion")).toString();
+    const auto localized = localizedInformation(layout, developmentRegion);
+    for (const auto &[key, value] : localized.asKeyValueRange()) {
+        if (std::ranges::find(neverLocalized, key) == std::end(neverLocalized))
+            information->insert(key, value);
+    }
+    return Bundle(std::move(*information));
+}
+
+// The first translation that has information is used whole: a bundle never shows two languages at once.
+QVariantMap LinuxBundleReader::localizedInformation(const BundleLayout &layout,
+                                                    const QString &developmentRegion) const
+{
+    const auto table = readPropertyListFile(m_fileSystem, layout.resources / "InfoPlist.loctable").value_or(QVariantMap());
+    const auto languages = table.keys() + translationFolders(m_fileSystem, layout.resources);
+    for (const auto &language : translationsToSearch(languages, m_preferredLanguages, developmentRegion)) {
+        const auto compiled = table.value(language);
+        if (compiled.typeId() == QMetaType::QVariantMap)
+            return compiled.toMap();
+        const auto folder = layout.resources / QString(language + QStringLiteral(".lproj"));
+        if (const auto strings = readPropertyListFile(m_fileSystem, folder / "InfoPlist.strings"))
+            return *strings;
+    }
+    return {};
+}
+
+Url LinuxBundleReader::mainBundleUrl() const
+{
+    std::error_code error;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+    return Url(QByteArray::fromStdString(program.parent_path().native()));
+}

@@ -1,0 +1,119 @@
+#include "LinuxBundleReader.h"
+
+#include "InMemoryFileSystem.h"
+
+#include <QCoreApplication>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const QByteArray app = "/Applications/Notes.app";
+
+class LinuxBundleReaderTest : public testing::Test
+{
+protected:
+    void information(const QByteArray &path, const QByteArray &text) { disk.fileWithContent(app + path, text); }
+
+    /// What the bundle says under `key` to a user of these languages; "-" for nothing.
+    std::string text(const char *key, const QStringList &languages = {"pl-PL", "en"}) const
+    {
+        const auto bundle = LinuxBundleReader(disk, languages).open(disk.url(app));
+        return bundle ? bundle->text(key).value_or("-").toStdString() : "no bundle";
+    }
+    std::string name(const QStringList &languages = {"pl-PL", "en"}) const
+    {
+        return text("CFBundleName", languages);
+    }
+
+    InMemoryFileSystem disk;
+};
+
+} // namespace
+
+TEST_F(LinuxBundleReaderTest, informationIsFoundInEveryLayout)
+{
+    for (const auto *place : {"/Contents/Info.plist", "/Info.plist", "/Resources/Info.plist",
+                              "/Versions/Current/Resources/Info.plist", "/WrappedBundle/Info.plist"}) {
+        disk.remove(app);
+        information(place, "{ CFBundleIdentifier = org.notes; }");
+        EXPECT_EQ(text("CFBundleIdentifier"), "org.notes") << place;
+    }
+    information("/Contents/other", "");
+    EXPECT_EQ(text("CFBundleIdentifier"), "no bundle") << "a folder of contents decides for itself";
+}
+
+TEST_F(LinuxBundleReaderTest, whatCannotBeReadIsNoBundle)
+{
+    EXPECT_EQ(name(), "no bundle");
+    const auto path = app + "/Contents/Info.plist";
+    for (const QByteArray broken : {"", "<plist>", "just text", "( a )"}) {
+        disk.fileWithContent(path, broken);
+        EXPECT_EQ(name(), "no bundle") << broken.constData();
+        disk.remove(path);
+    }
+    disk.folder(path);
+    EXPECT_EQ(name(), "no bundle");
+    disk.remove(path);
+    disk.device("/dev/zero");
+    disk.link(path, "/dev/zero");
+    EXPECT_EQ(name(), "no bundle");
+    disk.remove(path);
+    disk.link(path, "Info.plist");
+    EXPECT_EQ(name(), "no bundle");
+    disk.remove(path);
+    disk.link(app + "/Contents/Resources", "..");
+    disk.fileWithContent(path, "{ CFBundleName = Notes; }");
+    EXPECT_EQ(name(), "Notes") << "a link to itself in the bundle";
+    EXPECT_EQ(text("CFBundleIdentifier"), "-");
+    EXPECT_FALSE(LinuxBundleReader(disk, {}).open(disk.url(path)));
+}
+
+TEST_F(LinuxBundleReaderTest, valuesFollowTheUsersLanguages)
+{
+    information("/Contents/Info.plist", "{ CFBundleName = Notes; CFBundleDevelopmentRegion = en; Other = 1; }");
+    information("/Contents/Resources/en.lproj/InfoPlist.strings", "CFBundleName = English;");
+    information("/Contents/Resources/pl.lproj/InfoPlist.strings",
+                "CFBundleName = \"Notatki\"; CFBundleIdentifier = \"org.victim\";");
+    information("/Contents/Resources/zh_TW.lproj/InfoPlist.strings", "CFBundleName = Traditional;");
+    information("/Contents/Resources/zh-Hans.lproj/InfoPlist.strings", "CFBundleName = Simplified;");
+    information("/Contents/Resources/pt-BR.lproj/InfoPlist.strings", "CFBundleName = Brazil;");
+    information("/Contents/Resources/German.lproj/InfoPlist.strings", "CFBundleName = Deutsch;");
+    information("/Contents/Resources/fr.lproj/Localizable.strings", "a = b;");
+    information("/Contents/Resources/it.lproj/InfoPlist.strings", "CFBundleName = ");
+    information("/Contents/Resources/en_GB.lproj/InfoPlist.strings", "CFBundleName = Britain;");
+
+    EXPECT_EQ(name(), "Notatki");
+    EXPECT_EQ(text("CFBundleIdentifier"), "-") << "an identifier is never translated";
+    EXPECT_EQ(text("Other"), "1");
+    EXPECT_EQ(name({"cs", "pl"}), "Notatki");
+    EXPECT_EQ(name({"zh-Hant-HK"}), "Traditional");
+    EXPECT_EQ(name({"zh-CN"}), "Simplified");
+    EXPECT_EQ(name({"pt-PT"}), "Brazil");
+    EXPECT_EQ(name({"de-AT"}), "Deutsch");
+    EXPECT_EQ(name({"en-GB"}), "Britain");
+    EXPECT_EQ(name({"en-US"}), "English");
+    EXPECT_EQ(name({"fr", "pl"}), "English") << "the first language that the bundle has at all, then its own";
+    EXPECT_EQ(name({"it"}), "English") << "a damaged translation";
+    EXPECT_EQ(name({}), "English");
+}
+
+TEST_F(LinuxBundleReaderTest, theCompiledTableIsATranslation)
+{
+    information("/Contents/Info.plist", "{ CFBundleName = Notes; CFBundleDisplayName = (1); }");
+    information("/Contents/Resources/InfoPlist.loctable",
+                "{ pl = { CFBundleName = Notatki; }; pt_BR = { CFBundleName = { a = b; }; }; de = 1; }");
+    information("/Contents/Resources/de.lproj/InfoPlist.strings", "CFBundleName = Notizen;");
+    disk.folder(app + "/Contents/Resources/pl.lproj");
+
+    EXPECT_EQ(name(), "Notatki");
+    EXPECT_EQ(name({"de"}), "Notizen") << "a table without that language";
+    EXPECT_EQ(name({"pt"}), "-") << "a translation that is no text hides the name";
+    EXPECT_EQ(name({"sv"}), "Notes");
+    EXPECT_EQ(text("CFBundleDisplayName"), "-") << "a display name that is no text";
+}
+
+TEST_F(LinuxBundleReaderTest, ourOwnBundleIsWhereTheProgramIs)
+{
+    EXPECT_EQ(LinuxBundleReader(disk, {}).mainBundleUrl(), Url(QCoreApplication::applicationDirPath().toUtf8()));
+}
