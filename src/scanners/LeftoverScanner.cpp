@@ -1,0 +1,178 @@
+#include "LeftoverScanner.h"
+
+#include "AllocatedSize.h"
+#include "ApplicationRegistry.h"
+#include "FileNames.h"
+#include "LibraryFolder.h"
+#include "NameMatcher.h"
+
+#include <QTextBoundaryFinder>
+
+#include <algorithm>
+#include <unordered_set>
+
+namespace {
+
+struct LeftoverFolder
+{
+    /// In the Library.
+    const char *name;
+    /// What follows the identifier in the names of its entries, where something does.
+    QStringView suffix;
+};
+
+constexpr LeftoverFolder leftoverFolders[] = {
+    {"Caches", {}},       {"Containers", {}}, {"Saved Application State", u".savedState"},
+    {"HTTPStorages", {}}, {"WebKit", {}},
+};
+
+// In the Library.
+constexpr const char *searchFolders[] = {
+    "Application Support",     "Caches", "Containers",   "Group Containers", "Preferences",  "Logs",
+    "Saved Application State", "WebKit", "HTTPStorages", "Cookies",          "LaunchAgents", "Application Scripts",
+};
+
+// How far below a search folder a name is compared.
+constexpr int deepestSearchedLevel = 6;
+
+constexpr qsizetype shortestSearchName = 3;
+constexpr qsizetype longestSearchName = 255;
+
+/// The characters of `text` as a person sees them: a letter is one character together with its combining marks.
+QList<QStringView> characters(QStringView text)
+{
+    QList<QStringView> result;
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text.data(), text.size());
+    for (auto start = finder.position(), end = finder.toNextBoundary(); end != -1;
+         start = end, end = finder.toNextBoundary())
+        result.append(text.sliced(start, end - start));
+    return result;
+}
+
+bool isIdentifierCharacter(QStringView character)
+{
+    const auto first = character.toUcs4().constFirst();
+    return QChar::isLetterOrNumber(first) || first == U'-' || first == U'_';
+}
+
+/// Whether `text` is at least three pieces of letters, numbers, "-" and "_", with dots between them.
+bool looksLikeBundleIdentifier(QStringView text)
+{
+    int pieces = 1;
+    bool pieceIsEmpty = true;
+    for (const auto character : characters(text)) {
+        if (character == u".") {
+            if (pieceIsEmpty)
+                return false;
+            ++pieces;
+            pieceIsEmpty = true;
+        } else if (isIdentifierCharacter(character)) {
+            pieceIsEmpty = false;
+        } else {
+            return false;
+        }
+    }
+    return pieces >= 3 && !pieceIsEmpty;
+}
+
+/// The identifier that an entry of a leftover folder is named after; absent when it is not named like one.
+std::optional<QString> candidateIdentifier(QByteArrayView fileName, QStringView suffix)
+{
+    auto name = decodedFileName(fileName);
+    if (name && name->endsWith(suffix))
+        name->chop(suffix.size());
+    return name && looksLikeBundleIdentifier(*name) ? name : std::nullopt;
+}
+
+// Never offered, whether or not the system still knows their owner.
+bool belongsToOperatingSystem(QStringView identifier)
+{
+    return identifier.startsWith(u"com.apple.");
+}
+
+ScanItem leftover(const FileSystem &fileSystem, const Url &url)
+{
+    return {url, ScanItemKind::leftover, ScanConfidence::probable, allocatedSize(fileSystem, url),
+            /*isSelected*/ false};
+}
+
+/// The system's registry, read when it is asked for the first time.
+class LazyIndex
+{
+public:
+    explicit LazyIndex(const ApplicationRegistry &registry) : m_registry(registry) { }
+
+    bool knows(const QString &bundleIdentifier)
+    {
+        if (!m_index)
+            m_index = m_registry.index();
+        return m_index->urlForApplication(bundleIdentifier).has_value();
+    }
+
+private:
+    const ApplicationRegistry &m_registry;
+    std::unique_ptr<ApplicationIndex> m_index;
+};
+
+} // namespace
+
+LeftoverScanner::LeftoverScanner(const FileSystem &fileSystem, const ApplicationRegistry &applicationRegistry)
+    : m_fileSystem(fileSystem), m_applicationRegistry(applicationRegistry)
+{
+}
+
+QList<ScanItem> LeftoverScanner::scanLeftovers(const QSet<QString> &knownBundleIdentifiers) const
+{
+    QList<ScanItem> items;
+    std::unordered_set<QByteArray> seenPaths;
+    LazyIndex system(m_applicationRegistry);
+    for (const auto &[folder, suffix] : leftoverFolders) {
+        for (const auto &entry : m_fileSystem.contentsOfDirectory(libraryFolder(m_fileSystem) / folder)) {
+            const auto identifier = candidateIdentifier(entry.name(), suffix);
+            if (!identifier || belongsToOperatingSystem(*identifier)
+                || knownBundleIdentifiers.contains(*identifier) || system.knows(*identifier))
+                continue;
+            const auto url = entry.url();
+            if (seenPaths.insert(url.standardizedPath()).second)
+                items.push_back(leftover(m_fileSystem, url));
+        }
+    }
+    std::ranges::stable_sort(items, std::greater{}, &ScanItem::sizeBytes);
+    return items;
+}
+
+std::optional<QString> LeftoverScanner::validatedSearchName(const QString &text)
+{
+    // The shortest name is longer than "." and "..", which would lead elsewhere.
+    const auto name = text.trimmed();
+    const auto length = characters(name).size();
+    const bool isAcceptable = length >= shortestSearchName && length <= longestSearchName && !name.contains(u'\\')
+                              && isFileName(encodedFileName(name));
+    return isAcceptable ? std::optional(name) : std::nullopt;
+}
+
+QList<ScanItem> LeftoverScanner::searchItems(const QString &text) const
+{
+    const auto name = validatedSearchName(text);
+    if (!name)
+        return {};
+
+    QList<ScanItem> items;
+    std::unordered_set<QByteArray> seenPaths;
+    const NameMatcher wanted(*name);
+    for (const auto *folder : searchFolders) {
+        for (auto &entry : m_fileSystem.enumerate(libraryFolder(m_fileSystem) / folder)) {
+            if (entry.level() == deepestSearchedLevel)
+                entry.skipDescendants();
+            if (!wanted.matchesFileName(entry.name()))
+                continue;
+            const auto url = entry.url();
+            if (!seenPaths.insert(url.standardizedPath()).second)
+                continue;
+            items.push_back(leftover(m_fileSystem, url));
+            entry.skipDescendants();
+        }
+    }
+    std::ranges::stable_sort(items, {}, [](const ScanItem &item) { return item.url.path(); });
+    return items;
+}
