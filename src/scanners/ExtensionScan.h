@@ -1,0 +1,51 @@
+#pragma once
+
+#include "AllocatedSize.h"
+#include "ExtensionKey.h"
+
+#include <QHash>
+#include <QList>
+#include <QSet>
+
+#include <algorithm>
+#include <span>
+
+/// The extensions of one category's files, lowercase and without the dot. No extension is in two categories.
+template <typename Category> struct ExtensionTable
+{
+    Category category;
+    std::span<const std::string_view> extensions;
+};
+
+/// The first `limit` regular files of the wanted categories that a walk of `folder` meets, largest first; contents
+/// are never read. A `File` is made of its URL, category and size.
+template <typename File, typename Category, size_t count>
+QList<File> scanByExtension(const FileSystem &fileSystem, const Url &folder, const QSet<Category> &categories,
+                            qint64 limit, const ExtensionTable<Category> (&tables)[count])
+{
+    QHash<quint64, Category> wanted;
+    for (const auto &[category, extensions] : tables) {
+        for (const auto extension : extensions) {
+            if (categories.contains(category))
+                wanted.insert(extensionKey(extension), category);
+        }
+    }
+    if (wanted.isEmpty() || folder.isEmpty())
+        return {};
+
+    QList<File> files;
+    for (const auto &entry : fileSystem.enumerate(folder)) {
+        if (files.size() >= limit)
+            break;
+        if (entry.type() != FileType::regular)
+            continue;
+        const auto category = wanted.constFind(extensionKeyOf(entry.name()));
+        if (category == wanted.constEnd())
+            continue;
+        const auto values = entry.resourceValues();
+        if (values && values->type == FileType::regular)
+            files.push_back({entry.url(), *category, allocatedSize(*values)});
+    }
+    std::ranges::stable_sort(files, std::greater{}, &File::sizeBytes);
+    return files;
+}
