@@ -1,0 +1,276 @@
+#pragma once
+
+#include "BackgroundPools.h"
+#include "DashboardSnapshot.h"
+#include "DeletionRequest.h"
+#include "InstalledApplication.h"
+#include "ListModel.h"
+#include "OperationReport.h"
+#include "Text.h"
+#include "UserNotice.h"
+
+#include <QObject>
+#include <QSet>
+#include <QVariant>
+
+#include <memory>
+#include <optional>
+
+class RemovalWorkflow;
+class ScanWorkflows;
+class SystemInfoService;
+class Workspace;
+struct Platform;
+
+/// The one state object: everything that the screens show, and every operation that they may start.
+///
+/// Lives on the main thread, where all of it is read and written. Each published field is one property with a
+/// signal of its own; the first 22 properties are those fields in order. The screens write the four that have a
+/// WRITE and the selection flags of rows, and start the slots; a field that may be absent reaches QML as
+/// undefined. Starting an operation returns at once; what it finds goes into the fields. Only one runs at a time:
+/// while `isProcessing` is true, another ends silently at its busy check.
+class AppViewModel : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(Tarnvale::AppLanguage language READ language WRITE setLanguage NOTIFY languageChanged)
+    Q_PROPERTY(Tarnvale::SidebarSelection sidebarSelection READ sidebarSelection WRITE setSidebarSelection NOTIFY
+                   sidebarSelectionChanged)
+    Q_PROPERTY(
+        QString applicationQuery READ applicationQuery WRITE setApplicationQuery NOTIFY applicationQueryChanged)
+    Q_PROPERTY(QString leftoverQuery READ leftoverQuery WRITE setLeftoverQuery NOTIFY leftoverQueryChanged)
+    Q_PROPERTY(ListModelBase *applications READ applicationModel NOTIFY applicationsChanged)
+    Q_PROPERTY(QVariant selectedApplication READ selectedApplicationValue NOTIFY selectedApplicationChanged)
+    Q_PROPERTY(ListModelBase *associatedItems READ associatedItemModel NOTIFY associatedItemsChanged)
+    Q_PROPERTY(ListModelBase *leftoverItems READ leftoverItemModel NOTIFY leftoverItemsChanged)
+    Q_PROPERTY(ListModelBase *cleanerItems READ cleanerItemModel NOTIFY cleanerItemsChanged)
+    Q_PROPERTY(ListModelBase *mediaFiles READ mediaFileModel NOTIFY mediaFilesChanged)
+    Q_PROPERTY(QVariant selectedMediaFolder READ selectedMediaFolderValue NOTIFY selectedMediaFolderChanged)
+    Q_PROPERTY(
+        QList<int> selectedMediaCategories READ selectedMediaCategoryValues NOTIFY selectedMediaCategoriesChanged)
+    Q_PROPERTY(ListModelBase *textFiles READ textFileModel NOTIFY textFilesChanged)
+    Q_PROPERTY(QVariant selectedTextFolder READ selectedTextFolderValue NOTIFY selectedTextFolderChanged)
+    Q_PROPERTY(QList<int> selectedTextFileCategories READ selectedTextFileCategoryValues NOTIFY
+                   selectedTextFileCategoriesChanged)
+    Q_PROPERTY(QVariant dashboardSnapshot READ dashboardSnapshotValue NOTIFY dashboardSnapshotChanged)
+    Q_PROPERTY(bool isProcessing READ isProcessing NOTIFY isProcessingChanged)
+    Q_PROPERTY(QVariant progress READ progressValue NOTIFY progressChanged)
+    Q_PROPERTY(QString statusMessage READ statusMessage NOTIFY statusMessageChanged)
+    Q_PROPERTY(QVariant pendingDeletion READ pendingDeletionValue NOTIFY pendingDeletionChanged)
+    Q_PROPERTY(QVariant lastReport READ lastReportValue NOTIFY lastReportChanged)
+    Q_PROPERTY(QVariant userNotice READ userNoticeValue NOTIFY userNoticeChanged)
+
+    // What the screens enable, and the selected row of the application list; all follow from the fields above.
+    Q_PROPERTY(bool canScan READ canScan NOTIFY isProcessingChanged)
+    Q_PROPERTY(bool canScanByName READ canScanByName NOTIFY enablingChanged)
+    Q_PROPERTY(bool canSearchLeftovers READ canSearchLeftovers NOTIFY enablingChanged)
+    Q_PROPERTY(bool canScanMedia READ canScanMedia NOTIFY enablingChanged)
+    Q_PROPERTY(bool canScanTextFiles READ canScanTextFiles NOTIFY enablingChanged)
+    Q_PROPERTY(bool canDeleteAssociatedItems READ canDeleteAssociatedItems NOTIFY enablingChanged)
+    Q_PROPERTY(bool canDeleteLeftoverItems READ canDeleteLeftoverItems NOTIFY enablingChanged)
+    Q_PROPERTY(bool canDeleteCleanerItems READ canDeleteCleanerItems NOTIFY enablingChanged)
+    Q_PROPERTY(int selectedApplicationRow READ selectedApplicationRow NOTIFY selectedApplicationRowChanged)
+
+public:
+    /// The services of `platform` outlive the object.
+    explicit AppViewModel(const Platform &platform, QObject *parent = nullptr);
+    ~AppViewModel() override;
+
+    AppLanguage language() const { return m_language; }
+    void setLanguage(AppLanguage language);
+    SidebarSelection sidebarSelection() const { return m_sidebarSelection; }
+    void setSidebarSelection(SidebarSelection section);
+    const QString &applicationQuery() const { return m_applicationQuery; }
+    void setApplicationQuery(const QString &query);
+    const QString &leftoverQuery() const { return m_leftoverQuery; }
+    void setLeftoverQuery(const QString &query);
+
+    const QList<InstalledApplication> &applications() const { return m_applications.rows(); }
+    const std::optional<InstalledApplication> &selectedApplication() const { return m_selectedApplication; }
+    const QList<ScanItem> &associatedItems() const { return m_associatedItems.rows(); }
+    const QList<ScanItem> &leftoverItems() const { return m_leftoverItems.rows(); }
+    const QList<ScanItem> &cleanerItems() const { return m_cleanerItems.rows(); }
+    const QList<MediaFile> &mediaFiles() const { return m_mediaFiles.rows(); }
+    const std::optional<Url> &selectedMediaFolder() const { return m_selectedMediaFolder; }
+    const QSet<MediaCategory> &selectedMediaCategories() const { return m_selectedMediaCategories; }
+    const QList<TextFile> &textFiles() const { return m_textFiles.rows(); }
+    const std::optional<Url> &selectedTextFolder() const { return m_selectedTextFolder; }
+    const QSet<TextFileCategory> &selectedTextFileCategories() const { return m_selectedTextFileCategories; }
+    /// Absent until the dashboard was shown.
+    const std::optional<DashboardSnapshot> &dashboardSnapshot() const { return m_dashboardSnapshot; }
+    bool isProcessing() const { return m_isProcessing; }
+    /// 0 to 1; absent while it cannot be told.
+    const std::optional<double> &progress() const { return m_progress; }
+    /// In the language in which it was stored.
+    const QString &statusMessage() const { return m_statusMessage; }
+    const std::optional<DeletionRequest> &pendingDeletion() const { return m_pendingDeletion; }
+    const std::optional<OperationReport> &lastReport() const { return m_lastReport; }
+    const std::optional<UserNotice> &userNotice() const { return m_userNotice; }
+
+    /// The lists as models for views.
+    ListModelBase *applicationModel() { return &m_applications; }
+    ListModelBase *associatedItemModel() { return &m_associatedItems; }
+    ListModelBase *leftoverItemModel() { return &m_leftoverItems; }
+    ListModelBase *cleanerItemModel() { return &m_cleanerItems; }
+    ListModelBase *mediaFileModel() { return &m_mediaFiles; }
+    ListModelBase *textFileModel() { return &m_textFiles; }
+
+    /// Nothing runs.
+    bool canScan() const { return !m_isProcessing; }
+    /// Nothing runs, and there is something to look for.
+    bool canScanByName() const;
+    bool canSearchLeftovers() const;
+    /// Nothing runs, and a folder and at least one category are chosen.
+    bool canScanMedia() const;
+    bool canScanTextFiles() const;
+    /// Nothing runs, and at least one item of the list is selected.
+    bool canDeleteAssociatedItems() const { return canDelete(m_associatedItems); }
+    bool canDeleteLeftoverItems() const { return canDelete(m_leftoverItems); }
+    bool canDeleteCleanerItems() const { return canDelete(m_cleanerItems); }
+    /// The row of `applications` that holds the selected application; -1 when none does.
+    int selectedApplicationRow() const;
+
+    /// Makes `application` the selected one and forgets what was found for the one before; nothing happens when it
+    /// is that one already.
+    void selectApplication(const std::optional<InstalledApplication> &application);
+
+    /// The operations as coroutines, for a caller who waits for their end.
+    ScanWorkflows &scans() { return *m_scans; }
+    RemovalWorkflow &removal() { return *m_removal; }
+
+    /// Blocks until no scan runs. For the end of the program, after its stop token is set and before the object is
+    /// destroyed; a workflow that waits for such a scan is abandoned.
+    void waitForBackground() { m_background.waitForBackground(); }
+
+public Q_SLOTS:
+    /// Scans for the installed applications; unless forced, only while none is known.
+    void loadApplications(bool force);
+    void scanApplicationByName();
+    void scan(const InstalledApplication &application);
+    /// Selects the application in this row of `applications`; nothing happens for a row that is not there.
+    void selectApplicationAt(int row);
+    void handleDroppedApplication(const Url &url);
+    void scanLeftovers();
+    void searchLeftovers();
+    void scanCleaner();
+    void chooseMediaFolder();
+    void chooseTextFolder();
+    void toggleMediaCategory(Tarnvale::MediaCategory category);
+    void toggleTextFileCategory(Tarnvale::TextFileCategory category);
+    void scanMedia();
+    void scanTextFiles();
+    /// Asks for the confirmation of a removal of what is selected in the scope's list.
+    void requestDeletion(Tarnvale::ScanScope scope);
+    /// Removes what `request` names. The request is the one that the user saw.
+    void confirmDeletion(const DeletionRequest &request);
+    /// The user answered the confirmation with Cancel.
+    void cancelDeletion();
+    /// The user closed the notice.
+    void dismissNotice();
+    /// Takes a new reading of the computer; short enough for the main thread.
+    void refreshDashboard();
+    /// Shows a found file in the desktop's file manager.
+    void revealMediaFile(int row);
+    void revealTextFile(int row);
+
+Q_SIGNALS:
+    void languageChanged();
+    void sidebarSelectionChanged();
+    void applicationQueryChanged();
+    void leftoverQueryChanged();
+    void applicationsChanged();
+    void selectedApplicationChanged();
+    void associatedItemsChanged();
+    void leftoverItemsChanged();
+    void cleanerItemsChanged();
+    void mediaFilesChanged();
+    void selectedMediaFolderChanged();
+    void selectedMediaCategoriesChanged();
+    void textFilesChanged();
+    void selectedTextFolderChanged();
+    void selectedTextFileCategoriesChanged();
+    void dashboardSnapshotChanged();
+    void isProcessingChanged();
+    void progressChanged();
+    void statusMessageChanged();
+    void pendingDeletionChanged();
+    void lastReportChanged();
+    void userNoticeChanged();
+    void enablingChanged();
+    void selectedApplicationRowChanged();
+
+private:
+    friend class RemovalWorkflow;
+    friend class ScanWorkflows;
+
+    // The fields as QML sees them.
+    QVariant selectedApplicationValue() const;
+    QVariant selectedMediaFolderValue() const;
+    QList<int> selectedMediaCategoryValues() const;
+    QVariant selectedTextFolderValue() const;
+    QList<int> selectedTextFileCategoryValues() const;
+    QVariant dashboardSnapshotValue() const;
+    QVariant progressValue() const;
+    QVariant pendingDeletionValue() const;
+    QVariant lastReportValue() const;
+    QVariant userNoticeValue() const;
+
+    void connectLists();
+    void connectDerivedProperties();
+    template <typename File> void reveal(const ListModel<File> &files, int row);
+    bool canDelete(const ListModelBase &items) const { return canScan() && items.selectedCount() > 0; }
+
+    // What the workflows write with. A field is announced when it changes; one whose type cannot be compared is
+    // announced whenever it is set.
+    template <typename Field, typename Value>
+    void set(Field AppViewModel::*field, Value &&value, void (AppViewModel::*changed)());
+    void setSelectedApplication(std::optional<InstalledApplication> application);
+    void setSelectedMediaFolder(std::optional<Url> folder);
+    void setSelectedTextFolder(std::optional<Url> folder);
+    void setStatus(const QString &text);
+    void setPendingDeletion(std::optional<DeletionRequest> request);
+    void setLastReport(OperationReport report);
+    void setUserNotice(std::optional<UserNotice> notice);
+
+    /// The text under `key` in the current language, its placeholders filled.
+    template <typename... Arguments> QString text(QStringView key, const Arguments &...arguments) const
+    {
+        return filledText(localizedText(key, m_language), arguments...);
+    }
+
+    /// The busy check: false when another workflow runs. Otherwise the object is busy from here on and shows the
+    /// progress text under `key`.
+    bool begin(QStringView key);
+    /// Shows the closing text and is idle again.
+    void finish(const QString &closingText);
+    void finish();
+
+    AppLanguage m_language = AppLanguage::polish;
+    SidebarSelection m_sidebarSelection = SidebarSelection::dashboard;
+    QString m_applicationQuery;
+    QString m_leftoverQuery;
+    ListModel<InstalledApplication> m_applications;
+    std::optional<InstalledApplication> m_selectedApplication;
+    ListModel<ScanItem> m_associatedItems;
+    ListModel<ScanItem> m_leftoverItems;
+    ListModel<ScanItem> m_cleanerItems;
+    ListModel<MediaFile> m_mediaFiles;
+    std::optional<Url> m_selectedMediaFolder;
+    QSet<MediaCategory> m_selectedMediaCategories;
+    ListModel<TextFile> m_textFiles;
+    std::optional<Url> m_selectedTextFolder;
+    QSet<TextFileCategory> m_selectedTextFileCategories;
+    std::optional<DashboardSnapshot> m_dashboardSnapshot;
+    bool m_isProcessing = false;
+    std::optional<double> m_progress;
+    QString m_statusMessage;
+    std::optional<DeletionRequest> m_pendingDeletion;
+    std::optional<OperationReport> m_lastReport;
+    std::optional<UserNotice> m_userNotice;
+
+    Workspace &m_workspace;
+    std::unique_ptr<SystemInfoService> m_systemInfoService;
+    std::unique_ptr<ScanWorkflows> m_scans;
+    std::unique_ptr<RemovalWorkflow> m_removal;
+    // Goes first when the object is destroyed, and waits: scans use the scanners.
+    BackgroundPools m_background;
+};

@@ -1,0 +1,90 @@
+#include "Presentation.h"
+
+#include "ByteCount.h"
+#include "DashboardPresentation.h"
+#include "DeletionRequest.h"
+#include "Symbols.h"
+#include "Text.h"
+
+namespace {
+
+template <typename Category> QVariantList choices(QStringView keyPrefix)
+{
+    QVariantList list;
+    for (const auto category : allCases<Category>())
+        list.append(QVariant::fromValue(
+            CategoryChoice{static_cast<int>(category), keyPrefix.toString() + rawValue(category)}));
+    return list;
+}
+
+/// What a placeholder is replaced by.
+QString argumentText(const QVariant &argument)
+{
+    return argument.typeId() == QMetaType::QString ? argument.toString() : QString::number(argument.toLongLong());
+}
+
+} // namespace
+
+QVariantList Presentation::sections()
+{
+    QVariantList list;
+    for (const auto section : allCases<SidebarSelection>())
+        list.append(
+            QVariant::fromValue(SidebarSection{section, rawValue(section), sidebarSymbol(section).toString()}));
+    return list;
+}
+
+QVariantList Presentation::languages()
+{
+    QVariantList list;
+    for (const auto language : allCases<AppLanguage>())
+        list.append(QVariant::fromValue(LanguageChoice{language, rawValue(language)}));
+    return list;
+}
+
+QVariantList Presentation::mediaCategories()
+{
+    return choices<MediaCategory>(u"media_");
+}
+
+QVariantList Presentation::textFileCategories()
+{
+    return choices<TextFileCategory>(u"text_");
+}
+
+QString Presentation::text(const QString &key, AppLanguage language)
+{
+    return localizedText(key, language);
+}
+
+QString Presentation::filledText(const QString &key, AppLanguage language, const QVariantList &arguments)
+{
+    auto rest = localizedText(key, language);
+    QString filled;
+    for (const auto &argument : arguments)
+        filled += TextFormat::filledOnce(rest, argumentText(argument));
+    return filled + rest;
+}
+
+QString Presentation::sizeText(qint64 bytes)
+{
+    return formattedByteCount(bytes, ByteCountStyle::file);
+}
+
+QString Presentation::confirmationMessage(const QVariant &request, AppLanguage language)
+{
+    if (request.metaType() != QMetaType::fromType<DeletionRequest>())
+        return {};
+    const auto items = request.value<DeletionRequest>().items;
+    qint64 bytes = 0;
+    for (const auto &item : items)
+        bytes += item.sizeBytes;
+    return ::filledText(localizedText(u"confirm_message", language), items.size(), sizeText(bytes));
+}
+
+QVariant Presentation::dashboard(const QVariant &snapshot, AppLanguage language)
+{
+    if (snapshot.metaType() != QMetaType::fromType<DashboardSnapshot>())
+        return {};
+    return QVariant::fromValue(DashboardPresentation(snapshot.value<DashboardSnapshot>(), language));
+}

@@ -1,0 +1,183 @@
+#include "RemovalWorkflow.h"
+
+#include "AppViewModel.h"
+#include "ByteCount.h"
+#include "Platform.h"
+#include "PrivilegedHelperClient.h"
+#include "ScanWorkflows.h"
+#include "TrashService.h"
+
+#include <QPointer>
+
+#include <algorithm>
+
+namespace {
+
+constexpr qsizetype mostListedFailures = 5;
+
+/// The trash service together with the client that it hands failures to.
+struct TrashServiceWithHelper
+{
+    explicit TrashServiceWithHelper(const Platform &platform)
+        : client(platform.fileSystem, platform.bundleReader, platform.helperService),
+          service(platform.fileSystem, platform.bundleReader, platform.workspace, client)
+    {
+    }
+
+    PrivilegedHelperClient client;
+    TrashService service;
+};
+
+std::shared_ptr<TrashService> makeTrashService(const Platform &platform)
+{
+    const auto both = std::make_shared<TrashServiceWithHelper>(platform);
+    return {both, &both->service};
+}
+
+/// Whether the Trash itself refused the item, which leaves an application uninstalled as far as possible. The
+/// reasons are in Polish or English.
+bool isAboutTrash(const DeletionOutcome &failure)
+{
+    const auto reason = failure.errorDescription.value_or(QString()).toLower();
+    return reason.contains(u"trash") || reason.contains(u"kosz");
+}
+
+OperationReport summary(const QList<DeletionOutcome> &outcomes)
+{
+    OperationReport report{0, 0, 0, {}};
+    for (const auto &outcome : outcomes) {
+        if (outcome.errorDescription) {
+            ++report.failedCount;
+            report.failures.append(outcome);
+        } else {
+            ++report.deletedCount;
+            report.bytesFreed += outcome.item.sizeBytes;
+        }
+    }
+    return report;
+}
+
+QSet<QByteArray> movedPaths(const QList<DeletionOutcome> &outcomes)
+{
+    QSet<QByteArray> paths;
+    for (const auto &outcome : outcomes) {
+        if (!outcome.errorDescription)
+            paths.insert(outcome.item.id());
+    }
+    return paths;
+}
+
+} // namespace
+
+RemovalWorkflow::RemovalWorkflow(AppViewModel &state, const Platform &platform)
+    : m_state(state), m_trashService(makeTrashService(platform))
+{
+}
+
+void RemovalWorkflow::requestDeletion(ScanScope scope)
+{
+    auto selected = items(scope).rows();
+    selected.removeIf([](const ScanItem &item) { return !item.isSelected; });
+    if (selected.isEmpty())
+        return m_state.setStatus(m_state.text(u"no_selection"));
+    m_state.setPendingDeletion(DeletionRequest{QUuid::createUuid(), scope, std::move(selected)});
+}
+
+QCoro::Task<> RemovalWorkflow::confirmDeletion(DeletionRequest request)
+{
+    m_state.setPendingDeletion({});
+
+    if (!m_state.begin(u"move_to_trash"))
+        co_return;
+    const QPointer state(&m_state);
+    auto deletion = performDeletion(std::move(request));
+    co_await deletion;
+    if (!state)
+        co_return;
+    m_state.finish();
+}
+
+QCoro::Task<> RemovalWorkflow::performDeletion(DeletionRequest request)
+{
+    const QPointer state(&m_state);
+    const auto trashService = m_trashService;
+    const auto &application = m_state.selectedApplication();
+    std::optional<QString> bundleIdentifier;
+    if (request.scope == ScanScope::uninstaller && application)
+        bundleIdentifier = application->bundleIdentifier;
+
+    auto removal = trashService->moveToTrash(request.items, bundleIdentifier);
+    const QList<DeletionOutcome> outcomes = co_await removal;
+    if (!state)
+        co_return;
+
+    const auto report = summary(outcomes);
+    m_state.setLastReport(report);
+    const auto moved = movedPaths(outcomes);
+    items(request.scope).removeIf([&moved](const ScanItem &item) { return moved.contains(item.id()); });
+    announce(request.scope, report);
+    if (request.scope == ScanScope::uninstaller) {
+        auto refreshing = refreshCatalog();
+        co_await refreshing;
+    }
+}
+
+QCoro::Task<> RemovalWorkflow::refreshCatalog()
+{
+    const QPointer state(&m_state);
+    const auto scan = m_state.scans().startCatalogScan();
+    auto found = co_await scan;
+    if (!state)
+        co_return;
+    m_state.m_applications.replace(std::move(found));
+    if (m_state.selectedApplicationRow() < 0)
+        m_state.setSelectedApplication({});
+}
+
+ListModel<ScanItem> &RemovalWorkflow::items(ScanScope scope)
+{
+    switch (scope) {
+    case ScanScope::uninstaller:
+        return m_state.m_associatedItems;
+    case ScanScope::leftovers:
+        return m_state.m_leftoverItems;
+    case ScanScope::cleaner:
+        break;
+    }
+    return m_state.m_cleanerItems;
+}
+
+void RemovalWorkflow::announce(ScanScope scope, const OperationReport &report)
+{
+    if (report.failures.isEmpty()) {
+        const auto freed = formattedByteCount(report.bytesFreed, ByteCountStyle::file);
+        return m_state.setStatus(m_state.text(u"delete_success", report.deletedCount, freed));
+    }
+
+    const auto onlyTrash = std::ranges::all_of(report.failures, isAboutTrash);
+    if (onlyTrash && scope == ScanScope::uninstaller) {
+        m_state.setStatus(m_state.text(u"uninstall_completed_with_notes_status"));
+        notify(u"uninstall_completed_with_notes_title", m_state.text(u"uninstall_completed_with_notes_message"));
+    } else if (onlyTrash && scope == ScanScope::leftovers) {
+        m_state.setStatus(m_state.text(u"leftovers_completed_with_notes_status"));
+        notify(u"leftovers_completed_with_notes_title",
+               m_state.text(u"leftovers_completed_with_notes_message", report.deletedCount, report.failedCount));
+    } else {
+        m_state.setStatus(m_state.text(u"delete_partial", report.deletedCount, report.failedCount));
+        notify(u"deletion_failed_title", listed(report.failures));
+    }
+}
+
+QString RemovalWorkflow::listed(const QList<DeletionOutcome> &failures) const
+{
+    QStringList lines;
+    for (const auto &[item, reason] : failures.first(std::min(failures.size(), mostListedFailures)))
+        lines.append(QStringLiteral("%1: %2").arg(item.url.displayName(),
+                                                  reason ? *reason : m_state.text(u"unknown_error")));
+    return lines.join(u'\n');
+}
+
+void RemovalWorkflow::notify(QStringView titleKey, const QString &message)
+{
+    m_state.setUserNotice(UserNotice{QUuid::createUuid(), m_state.text(titleKey), message});
+}

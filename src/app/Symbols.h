@@ -1,0 +1,19 @@
+#pragma once
+
+#include "Enumerations.h"
+
+#include <QStringView>
+
+/// The symbol that stands for a kind or a category, and the name of its colour ("blue", "teal", …).
+struct SymbolTile
+{
+    QStringView symbol;
+    QStringView tint;
+};
+
+SymbolTile symbolTile(ScanItemKind kind);
+SymbolTile symbolTile(MediaCategory category);
+SymbolTile symbolTile(TextFileCategory category);
+
+/// The symbol of a screen in the sidebar and in the screen's heading.
+QStringView sidebarSymbol(SidebarSelection section);
