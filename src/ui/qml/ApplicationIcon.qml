@@ -1,0 +1,12 @@
+import QtQuick
+
+/// The program's own icon; its corners are already round.
+Image {
+    property real size: 34
+
+    width: size
+    height: size
+    sourceSize: Qt.size(size, size)
+    source: "qrc:/qt/qml/Tarnvale/icon.svg"
+    Accessible.ignored: true
+}
