@@ -19,6 +19,8 @@ struct ResourceValues
     std::optional<qint64> totalAllocatedSize;
     /// Bytes on disk of the item's data alone; absent when the file system does not tell.
     std::optional<qint64> allocatedSize;
+    /// When its data last changed, in nanoseconds since 1970; absent when the file system does not tell.
+    std::optional<qint64> modificationTime = {};
 };
 
 /// The element at which an enumeration stands. It is valid until the enumeration goes on.
