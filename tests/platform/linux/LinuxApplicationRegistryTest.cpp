@@ -1,0 +1,94 @@
+#include "LinuxApplicationRegistry.h"
+
+#include "TestDisk.h"
+
+#include <gtest/gtest.h>
+
+class LinuxApplicationRegistryTest : public testing::Test
+{
+protected:
+    TestDisk disk;
+
+    ~LinuxApplicationRegistryTest() override
+    {
+        qunsetenv("XDG_DATA_HOME");
+        qunsetenv("XDG_DATA_DIRS");
+    }
+
+    std::optional<QByteArray> pathOf(const QString &identifier, const DiskRoot &root = DiskRoot()) const
+    {
+        const LinuxApplicationRegistry registry(root, disk, disk.bundles);
+        const auto url = registry.index()->urlForApplication(identifier);
+        return url ? std::optional(url->path()) : std::nullopt;
+    }
+};
+
+TEST_F(LinuxApplicationRegistryTest, applicationsAreKnownTwoFoldersDeep)
+{
+    disk.application("/Applications/Notes.app", {.identifier = "org.notes"});
+    disk.application("/Applications/Utilities/Console.APP", {.identifier = "org.console"});
+    disk.application("~/Applications/Suite/Tools/Deep.app", {.identifier = "org.deep"});
+    disk.application("~/Applications/Suite/Tools/More/TooDeep.app", {.identifier = "org.too.deep"});
+    disk.application("/System/Applications/Mail.app", {.identifier = "com.apple.mail"});
+    disk.application("~/Applications/Notes copy.app", {.identifier = "org.notes"});
+
+    EXPECT_EQ(pathOf("org.notes"), "/Applications/Notes.app");
+    EXPECT_EQ(pathOf("ORG.notes"), std::nullopt);
+    EXPECT_TRUE(pathOf("org.console"));
+    EXPECT_TRUE(pathOf("org.deep"));
+    EXPECT_FALSE(pathOf("org.too.deep"));
+    EXPECT_TRUE(pathOf("com.apple.mail"));
+}
+
+TEST_F(LinuxApplicationRegistryTest, whatAnApplicationContainsIsKnownWithIt)
+{
+    disk.application("/Applications/Notes.app", {.identifier = "org.notes"});
+    disk.application("/Applications/Notes.app/Contents/Library/LoginItems/Starter.app",
+                     {.identifier = "org.notes.starter"});
+    disk.application("/Applications/Notes.app/Contents/PlugIns/Share.appex", {.identifier = "org.notes.share"});
+    disk.application("/Applications/Notes.app/Contents/XPCServices/Sync.xpc", {.identifier = "org.notes.sync"});
+
+    for (const auto *identifier : {"org.notes.starter", "org.notes.share", "org.notes.sync"})
+        EXPECT_TRUE(pathOf(identifier)) << identifier;
+}
+
+TEST_F(LinuxApplicationRegistryTest, desktopEntriesAreKnownByTheirIds)
+{
+    qputenv("XDG_DATA_HOME", "/Users/me/data");
+    qputenv("XDG_DATA_DIRS", "relative:/usr/share/:/opt/share");
+    disk.file("~/data/applications/org.gnome.Maps.desktop");
+    disk.file("~/.local/share/applications/org.elsewhere.desktop");
+    disk.file("/usr/share/applications/org.gnome.Maps.desktop");
+    disk.file("/usr/share/applications/org/kde/okular.desktop");
+    disk.file("/opt/share/applications/org.opt.tool.desktop");
+    disk.file("/opt/share/applications/org.opt.list");
+    disk.folder("/opt/share/applications/org.opt.folder.desktop");
+    disk.link("/opt/share/applications/org.linked.desktop", "/usr/share/applications/org.gnome.Maps.desktop");
+    disk.link("/opt/share/applications/org.removed.desktop", "/nowhere");
+    disk.file("/relative/applications/org.relative.desktop");
+
+    EXPECT_EQ(pathOf("org.gnome.Maps"), "/Users/me/data/applications/org.gnome.Maps.desktop");
+    EXPECT_EQ(pathOf("org-kde-okular"), "/usr/share/applications/org/kde/okular.desktop");
+    EXPECT_TRUE(pathOf("org.opt.tool"));
+    EXPECT_TRUE(pathOf("org.linked"));
+    for (const auto *identifier :
+         {"org.elsewhere", "org.opt.list", "org.opt.folder", "org.removed", "org.relative"})
+        EXPECT_FALSE(pathOf(identifier)) << identifier;
+}
+
+TEST_F(LinuxApplicationRegistryTest, dataFoldersOutsideOfTheDiskDoNotCount)
+{
+    qputenv("XDG_DATA_DIRS", "/disk/usr/share:/usr/share");
+    disk.file("~/.local/share/applications/org.mine.desktop");
+    disk.file("/usr/share/applications/org.inside.desktop");
+    disk.file("/disk/usr/share/applications/org.outside.desktop");
+    const DiskRoot root("/disk");
+
+    EXPECT_TRUE(pathOf("org.mine", root));
+    EXPECT_TRUE(pathOf("org.inside", root));
+    EXPECT_FALSE(pathOf("org.outside", root));
+
+    qputenv("XDG_DATA_DIRS", "");
+    EXPECT_TRUE(pathOf("org.inside"));
+    EXPECT_FALSE(pathOf("org.inside", root));
+}
