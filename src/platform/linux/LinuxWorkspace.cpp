@@ -1,0 +1,71 @@
+#include "LinuxWorkspace.h"
+
+#include "DesktopTrash.h"
+#include "FileSystem.h"
+#include "LinuxBundleReader.h"
+
+#include <QtConcurrent>
+
+namespace {
+
+RecycleAnswer recycleNow(const DiskRoot &disk, const Url &item)
+{
+    // What is moved is what the safety check has seen: the path with ".." resolved textually.
+    const auto path = disk.hostPath(item).isEmpty() ? QByteArray() : disk.hostPath(item.standardized());
+    const auto move = path.isEmpty() ? TrashMove{TrashFailure::itemIsMissing, std::nullopt}
+                                     : moveToDesktopTrash(path, disk.prefix());
+    RecycleAnswer answer;
+    if (move.failure)
+        answer.error = trashFailureText(*move.failure, item.displayName(), systemLanguage());
+    else if (const auto place = move.place ? disk.urlFor(*move.place) : std::nullopt)
+        answer.movedItems.insert(item, *place);
+    return answer;
+}
+
+} // namespace
+
+LinuxWorkspace::LinuxWorkspace(DiskRoot disk, const FileSystem &fileSystem)
+    : m_disk(std::move(disk)), m_fileSystem(fileSystem)
+{
+    m_trashThread.setMaxThreadCount(1);
+}
+
+LinuxWorkspace::~LinuxWorkspace()
+{
+    waitForDone();
+}
+
+QFuture<RecycleAnswer> LinuxWorkspace::recycle(const Url &item)
+{
+    return QtConcurrent::run(&m_trashThread, recycleNow, m_disk, item);
+}
+
+void LinuxWorkspace::reveal(const Url &item)
+{
+    if (const auto path = m_disk.hostPath(item); !path.isEmpty())
+        m_fileManager.reveal(path);
+}
+
+QByteArray LinuxWorkspace::iconData(const Url &bundle) const
+{
+    constexpr qint64 largestIcon = 16 * 1024 * 1024;
+    const auto opened = LinuxBundleReader(m_fileSystem, {}).open(bundle);
+    auto name = opened ? opened->text("CFBundleIconFile").value_or(QString()).toUtf8() : QByteArray();
+    if (name.isEmpty() || name.contains('/'))
+        return {};
+    if (extensionOf(name).isEmpty())
+        name += ".icns";
+    return m_fileSystem.readFile(bundle / "Contents/Resources" / name, largestIcon).value_or(QByteArray());
+}
+
+bool LinuxWorkspace::startAccessing(const Url &)
+{
+    return false;
+}
+
+void LinuxWorkspace::stopAccessing(const Url &) { }
+
+void LinuxWorkspace::waitForDone()
+{
+    m_trashThread.waitForDone();
+}

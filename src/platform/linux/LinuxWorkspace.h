@@ -1,0 +1,39 @@
+#pragma once
+
+#include "DesktopFileManager.h"
+#include "DiskRoot.h"
+#include "Workspace.h"
+
+#include <QThreadPool>
+
+class FileSystem;
+
+/// The desktop's Trash through GIO, its file manager over the session bus, and the icons in bundles.
+class LinuxWorkspace : public Workspace
+{
+public:
+    /// `fileSystem` outlives the workspace.
+    LinuxWorkspace(DiskRoot disk, const FileSystem &fileSystem);
+
+    /// Waits for the moves under way.
+    ~LinuxWorkspace() override;
+
+    /// An error is worded in Polish or English, after the system's language. An item is refused that is not on the
+    /// disk once links are resolved. Moves are made one after another.
+    QFuture<RecycleAnswer> recycle(const Url &item) override;
+    void reveal(const Url &item) override;
+    QByteArray iconData(const Url &bundle) const override;
+
+    /// Linux has no such grants.
+    bool startAccessing(const Url &location) override;
+    void stopAccessing(const Url &location) override;
+
+    /// Returns when every move that was asked for has been made. Blocks; for when the program quits.
+    void waitForDone();
+
+private:
+    DiskRoot m_disk;
+    const FileSystem &m_fileSystem;
+    DesktopFileManager m_fileManager;
+    QThreadPool m_trashThread;
+};

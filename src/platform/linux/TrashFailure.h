@@ -1,0 +1,24 @@
+#pragma once
+
+#include "Enumerations.h"
+
+#include <QString>
+
+/// Why the desktop's Trash did not take an item.
+enum class TrashFailure {
+    itemIsMissing,
+    noTrashOnDisk,
+    noPermission,
+    diskIsReadOnly,
+    diskIsFull,
+    nameIsTooLong,
+    itemIsInUse,
+    itemIsOutsideOfDisk,
+    other,
+};
+
+/// What a person is told: that the item called `name` could not be moved, why, and what there is to be done.
+QString trashFailureText(TrashFailure failure, const QString &name, AppLanguage language);
+
+/// The language of the user's system, Polish or English; English also where it is neither. Any thread.
+AppLanguage systemLanguage();
