@@ -8,7 +8,7 @@
 /// The power source that is listed first, as the system describes it. Absent: not reported, or not of its type.
 struct PowerSourceDescription
 {
-    /// mAh.
+    /// mAh; or the percentage, with 100 for `maxCapacity`, of a battery that tells nothing else.
     std::optional<qint64> currentCapacity;
     /// mAh, when fully charged now.
     std::optional<qint64> maxCapacity;
@@ -49,21 +49,22 @@ public:
     virtual std::optional<QString> localizedHostName() const = 0;
     /// The network name of the computer.
     virtual QString hostName() const = 0;
-    /// The maker's name of the model, untrimmed bytes decoded as UTF-8; absent when it cannot be read.
+    /// The maker's name of the model; it may be blank. Absent when it cannot be read.
     virtual std::optional<QString> model() const = 0;
     virtual QString operatingSystemVersion() const = 0;
     /// Absent when it cannot be read.
     virtual std::optional<QString> processorBrand() const = 0;
-    /// Bytes.
+    /// Bytes that programs and the system share; 0 when not known.
     virtual quint64 physicalMemory() const = 0;
     /// Seconds since the system was started; 0 when not known.
     virtual double uptime() const = 0;
 
-    /// The computer's first power source; absent when it has none.
+    /// The computer's first power source; absent when it has none. The reading that this takes is what the two calls
+    /// below answer from, so a snapshot asks this first.
     virtual std::optional<PowerSourceDescription> powerSource() const = 0;
     /// Absent when the computer has no battery that keeps such an entry.
     virtual std::optional<BatteryRegistryEntry> batteryRegistryEntry() const = 0;
-    /// Seconds of work left; -1 while it is being computed, -2 on external power.
+    /// Seconds of work left, of all batteries together; -1 while it is being computed, -2 on external power.
     virtual double timeRemainingEstimate() const = 0;
 
     /// Bytes; 0 when not known.
