@@ -1,0 +1,36 @@
+#include "LinuxCodeSignature.h"
+
+#include "BundleLayout.h"
+#include "Entitlements.h"
+#include "FileSystem.h"
+#include "PropertyList.h"
+
+namespace {
+
+/// The name of the bundle's executable: what its information says, else the bundle's own. Absent when the
+/// information names a file in another folder, which would lend the bundle another program's entitlements.
+std::optional<QByteArray> executableName(const QVariantMap &information, const Url &bundle)
+{
+    const auto value = information.value(QStringLiteral("CFBundleExecutable"));
+    const auto name = value.typeId() == QMetaType::QString ? value.toString().toUtf8() : QByteArray();
+    if (name.isEmpty())
+        return bundle.nameWithoutExtension();
+    if (name == "." || name == ".." || name.contains('/') || name.contains('\0'))
+        return std::nullopt;
+    return name;
+}
+
+} // namespace
+
+std::optional<QVariantMap> LinuxCodeSignature::entitlements(const Url &bundle) const
+{
+    const auto layout = bundleLayout(m_fileSystem, bundle);
+    const auto information = readPropertyListFile(m_fileSystem, layout.information / "Info.plist");
+    const auto name = executableName(information.value_or(QVariantMap()), bundle);
+    if (!name)
+        return std::nullopt;
+    const auto executable = layout.executables / QByteArrayView(*name);
+    return readEntitlements([&](qint64 offset, qint64 length) {
+        return m_fileSystem.readFilePart(executable, offset, length).value_or(QByteArray());
+    });
+}

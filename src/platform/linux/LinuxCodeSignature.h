@@ -1,0 +1,18 @@
+#pragma once
+
+#include "CodeSignature.h"
+
+class FileSystem;
+
+/// Reads the signatures of bundles on the disk that `fileSystem` shows.
+class LinuxCodeSignature : public CodeSignature
+{
+public:
+    /// `fileSystem` outlives it.
+    explicit LinuxCodeSignature(const FileSystem &fileSystem) : m_fileSystem(fileSystem) { }
+
+    std::optional<QVariantMap> entitlements(const Url &bundle) const override;
+
+private:
+    const FileSystem &m_fileSystem;
+};

@@ -1,0 +1,98 @@
+#include "LinuxCodeSignature.h"
+
+#include "InMemoryFileSystem.h"
+#include "SignedProgram.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const QByteArray app = "/Applications/Notes.app";
+const QByteArray macOS = app + "/Contents/MacOS/";
+const QVariantMap groups{
+    {"com.apple.security.application-groups", QVariantList{"group.org.notes", "TEAM.ł"}},
+    {"com.apple.security.app-sandbox", true},
+    {"number", qint64(-300)},
+    {"nested", QVariantMap{{"long", QString(200, u'x')}}},
+};
+const QVariantMap others{{"a", "b"}};
+
+class LinuxCodeSignatureTest : public testing::Test
+{
+protected:
+    std::optional<QVariantMap> entitlements() const
+    {
+        return LinuxCodeSignature(disk).entitlements(disk.url(app));
+    }
+
+    std::optional<QVariantMap> entitlementsOf(const QByteArray &program)
+    {
+        disk.remove(macOS + "Notes");
+        disk.fileWithContent(macOS + "Notes", program);
+        return entitlements();
+    }
+
+    InMemoryFileSystem disk;
+};
+
+} // namespace
+
+TEST_F(LinuxCodeSignatureTest, programsOfEveryWordSizeAndByteOrder)
+{
+    for (const auto wordSize : {WordSize::bits32, WordSize::bits64}) {
+        for (const auto order : {QSysInfo::BigEndian, QSysInfo::LittleEndian}) {
+            EXPECT_EQ(entitlementsOf(SignedProgram{groups, {}, wordSize, order}.file()), groups);
+            EXPECT_EQ(entitlementsOf(SignedProgram{{}, groups, wordSize, order}.file()), groups);
+            const auto unsignedProgram = SignedProgram{{}, {}, wordSize, order}.file();
+            const auto program = SignedProgram{groups, others, wordSize, order}.file();
+            EXPECT_EQ(entitlementsOf(unsignedProgram), std::nullopt);
+            EXPECT_EQ(entitlementsOf(universalFile({unsignedProgram, program}, wordSize)), groups);
+        }
+    }
+}
+
+TEST_F(LinuxCodeSignatureTest, eitherFormIsEnoughWhenTheOtherIsDamaged)
+{
+    auto program = SignedProgram{groups, others}.file();
+    program.replace("</plist>", "</plisp>");
+    EXPECT_EQ(entitlementsOf(program), others);
+}
+
+// Every length is tried, and every byte is damaged in turn: only whole entitlements come out, or none.
+TEST_F(LinuxCodeSignatureTest, whatIsCutShortOrNoProgramHasNone)
+{
+    const auto program = SignedProgram{{}, groups}.file();
+    for (qsizetype size = 0; size < program.size(); ++size)
+        EXPECT_EQ(entitlementsOf(program.first(size)), std::nullopt) << size;
+    const auto universal = universalFile({SignedProgram{others, {}}.file()}, WordSize::bits32);
+    for (qsizetype at = 0; at < 160; ++at) {
+        for (const char byte : {'\0', '\x7f', '\xff'}) {
+            auto damaged = universal;
+            damaged[at < 28 ? at : at + 4096 - 28] = byte;
+            const auto answer = entitlementsOf(damaged);
+            EXPECT_TRUE(!answer || answer == others) << at;
+        }
+    }
+    EXPECT_EQ(entitlementsOf("#!/bin/sh\nexit 0\n"), std::nullopt);
+    EXPECT_EQ(entitlementsOf(QByteArray("\xca\xfe\xba\xbe\0\0\0\x37\0\x1d", 10)), std::nullopt);
+}
+
+TEST_F(LinuxCodeSignatureTest, theExecutableIsTheOneThatTheBundleNames)
+{
+    disk.fileWithContent(macOS + "Notes", SignedProgram{groups, {}}.file());
+    const auto named = [&](const QByteArray &name) {
+        disk.remove(app + "/Contents/Info.plist");
+        disk.fileWithContent(app + "/Contents/Info.plist", "{ CFBundleExecutable = " + name + "; }");
+        return entitlements();
+    };
+    disk.fileWithContent(macOS + "main", SignedProgram{others, {}}.file());
+    EXPECT_EQ(entitlements(), groups) << "no information: the bundle's name";
+    EXPECT_EQ(named("main"), others);
+    EXPECT_EQ(named("missing"), std::nullopt);
+    EXPECT_EQ(named("(main)"), groups);
+    EXPECT_EQ(named("\"\""), groups);
+    EXPECT_EQ(named("\"../MacOS/main\""), std::nullopt) << "a file of another folder";
+    disk.device("/dev/zero");
+    disk.link(macOS + "zero", "/dev/zero");
+    EXPECT_EQ(named("zero"), std::nullopt);
+}
