@@ -1,0 +1,92 @@
+#include "BundleIcon.h"
+
+#include "IconFamily.h"
+#include "InMemoryFileSystem.h"
+
+#include <QList>
+#include <QtEndian>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const QByteArray app = "/Applications/Notes.app";
+const QByteArray resources = app + "/Contents/Resources/";
+
+QByteArray integer(qsizetype number)
+{
+    QByteArray bytes(4, '\0');
+    qToBigEndian(static_cast<quint32>(number), bytes.data());
+    return bytes;
+}
+
+QByteArray png(int width, const QByteArray &firstChunk = "IHDR")
+{
+    return QByteArray("\x89PNG\r\n\x1a\n") + integer(13) + firstChunk + integer(width) + integer(width);
+}
+
+QByteArray family(const QList<QByteArray> &pictures)
+{
+    QByteArray elements;
+    for (const auto &picture : pictures)
+        elements += "ic07" + integer(8 + picture.size()) + picture;
+    return "icns" + integer(8 + elements.size()) + elements;
+}
+
+class BundleIconTest : public testing::Test
+{
+protected:
+    void information(const QByteArray &text)
+    {
+        disk.remove(app + "/Contents/Info.plist");
+        disk.fileWithContent(app + "/Contents/Info.plist", text);
+    }
+    QByteArray icon() const { return bundleIcon(disk, disk.url(app)); }
+
+    InMemoryFileSystem disk;
+};
+
+} // namespace
+
+TEST(IconFamilyTest, theSmallestSufficientPictureIsChosen)
+{
+    EXPECT_EQ(bestPicture(family({png(16), png(1024), png(256), png(512)})), png(256));
+    EXPECT_EQ(bestPicture(family({png(32), png(128), "old pixels"})), png(128));
+    const auto old = family({"old pixels"});
+    EXPECT_EQ(bestPicture(old), old);
+    EXPECT_EQ(bestPicture(family({png(64), png(30'000), png(512, "CgBI")})), png(64));
+    EXPECT_EQ(bestPicture(family({png(64)}) + "ic09" + integer(0xffffffff) + png(256)), png(64));
+    EXPECT_EQ(bestPicture(family({png(64)}) + "ic09" + integer(0) + png(256)), png(64));
+    EXPECT_EQ(bestPicture("no icons"), "");
+}
+
+TEST_F(BundleIconTest, theNamedIconIsFoundWithAndWithoutExtension)
+{
+    disk.fileWithContent(resources + "note.icns", family({png(256)}));
+    for (const auto *name : {"note", "note.icns"}) {
+        information(QByteArray("{ CFBundleIconFile = ") + name + "; }");
+        EXPECT_EQ(icon(), png(256)) << name;
+    }
+    information("{ CFBundleIconFile = \"../note\"; CFBundleIcons = (); CFBundleIconFiles = { a = b; }; }");
+    EXPECT_EQ(icon(), "");
+    disk.fileWithContent(resources + "AppIcon.png", png(100));
+    EXPECT_EQ(icon(), png(100)) << "a loose icon of the usual name";
+}
+
+TEST_F(BundleIconTest, ofAnIconsVariantsTheWidestCounts)
+{
+    information("{ CFBundleIcons = { CFBundlePrimaryIcon = { CFBundleIconFiles = (Small, Icon60x60); }; }; }");
+    disk.fileWithContent(resources + "Icon60x60@2x.png", png(120));
+    disk.fileWithContent(resources + "Icon60x60@3x.png", png(180));
+    disk.fileWithContent(resources + "Icon60x60@3x~ipad.png", png(190, "CgBI"));
+    disk.fileWithContent(resources + "Other.png", png(512));
+    EXPECT_EQ(icon(), png(180));
+}
+
+TEST_F(BundleIconTest, nothingWhereOnlyACatalogHoldsIt)
+{
+    information("{ CFBundleIconFile = AppIcon; CFBundleIconName = AppIcon; }");
+    disk.fileWithContent(resources + "Assets.car", "BOMStore");
+    disk.folder(resources + "AppIcon.icns");
+    EXPECT_EQ(icon(), "");
+}
