@@ -1,8 +1,7 @@
 #include "LinuxWorkspace.h"
 
+#include "BundleIcon.h"
 #include "DesktopTrash.h"
-#include "FileSystem.h"
-#include "LinuxBundleReader.h"
 
 #include <QtConcurrent>
 
@@ -48,14 +47,7 @@ void LinuxWorkspace::reveal(const Url &item)
 
 QByteArray LinuxWorkspace::iconData(const Url &bundle) const
 {
-    constexpr qint64 largestIcon = 16 * 1024 * 1024;
-    const auto opened = LinuxBundleReader(m_fileSystem, {}).open(bundle);
-    auto name = opened ? opened->text("CFBundleIconFile").value_or(QString()).toUtf8() : QByteArray();
-    if (name.isEmpty() || name.contains('/'))
-        return {};
-    if (extensionOf(name).isEmpty())
-        name += ".icns";
-    return m_fileSystem.readFile(bundle / "Contents/Resources" / name, largestIcon).value_or(QByteArray());
+    return bundleIcon(m_fileSystem, bundle);
 }
 
 bool LinuxWorkspace::startAccessing(const Url &)
