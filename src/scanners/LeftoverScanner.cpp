@@ -38,21 +38,26 @@ constexpr int deepestSearchedLevel = 6;
 constexpr qsizetype shortestSearchName = 3;
 constexpr qsizetype longestSearchName = 255;
 
-/// The characters of `text` as a person sees them: a letter is one character together with its combining marks.
-QList<QStringView> characters(QStringView text)
+/// The first characters of `text` as a person sees them: a letter is one character together with its combining
+/// marks.
+QList<QStringView> characters(QStringView text, qsizetype atMost)
 {
     QList<QStringView> result;
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text.data(), text.size());
-    for (auto start = finder.position(), end = finder.toNextBoundary(); end != -1;
-         start = end, end = finder.toNextBoundary())
+    qsizetype start = 0;
+    for (auto end = finder.toNextBoundary(); end != -1 && result.size() < atMost; end = finder.toNextBoundary()) {
         result.append(text.sliced(start, end - start));
+        start = end;
+    }
     return result;
 }
 
 bool isIdentifierCharacter(QStringView character)
 {
-    const auto first = character.toUcs4().constFirst();
-    return QChar::isLetterOrNumber(first) || first == U'-' || first == U'_';
+    const auto first = character.front();
+    const char32_t scalar =
+        first.isHighSurrogate() ? QChar::surrogateToUcs4(first, character[1]) : first.unicode();
+    return QChar::isLetterOrNumber(scalar) || scalar == U'-' || scalar == U'_';
 }
 
 /// Whether `text` is at least three pieces of letters, numbers, "-" and "_", with dots between them.
@@ -60,7 +65,7 @@ bool looksLikeBundleIdentifier(QStringView text)
 {
     int pieces = 1;
     bool pieceIsEmpty = true;
-    for (const auto character : characters(text)) {
+    for (const auto character : characters(text, text.size())) {
         if (character == u".") {
             if (pieceIsEmpty)
                 return false;
@@ -78,6 +83,9 @@ bool looksLikeBundleIdentifier(QStringView text)
 /// The identifier that an entry of a leftover folder is named after; absent when it is not named like one.
 std::optional<QString> candidateIdentifier(QByteArrayView fileName, QStringView suffix)
 {
+    // Two dots at least: telling by bytes spares most names the work.
+    if (std::ranges::count(fileName, '.') < 2)
+        return std::nullopt;
     auto name = decodedFileName(fileName);
     if (name && name->endsWith(suffix))
         name->chop(suffix.size());
@@ -145,7 +153,7 @@ std::optional<QString> LeftoverScanner::validatedSearchName(const QString &text)
 {
     // The shortest name is longer than "." and "..", which would lead elsewhere.
     const auto name = text.trimmed();
-    const auto length = characters(name).size();
+    const auto length = characters(name, longestSearchName + 1).size();
     const bool isAcceptable = length >= shortestSearchName && length <= longestSearchName && !name.contains(u'\\')
                               && isFileName(encodedFileName(name));
     return isAcceptable ? std::optional(name) : std::nullopt;

@@ -37,7 +37,8 @@ struct InMemoryFileSystem::Node
 
     bool isPackage() const
     {
-        static const QList<QByteArray> extensions{"app", "bundle", "appex", "xpc", "rtfd", "photoslibrary"};
+        static const QList<QByteArray> extensions{"app",  "bundle",        "appex", "xpc",
+                                                  "rtfd", "photoslibrary", "pages"};
         return type == FileType::directory && extensions.contains(extensionOf(name).toByteArray().toLower());
     }
 

@@ -5,6 +5,17 @@
 #include "InMemoryFileSystem.h"
 #include "InstalledApplication.h"
 
+#include <QByteArrayList>
+
+/// Where the found things are, in their order, the home folder being "~".
+QByteArrayList pathsOf(const auto &found)
+{
+    QByteArrayList paths;
+    for (const auto &item : found)
+        paths.append(QByteArray(item.url.path()).replace(InMemoryFileSystem().homeDirectory().path(), "~"));
+    return paths;
+}
+
 /// What a test says of an application that it installs.
 struct ApplicationTraits
 {

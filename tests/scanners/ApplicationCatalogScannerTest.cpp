@@ -1,0 +1,95 @@
+#include "ApplicationCatalogScanner.h"
+
+#include "TestDisk.h"
+
+#include <gmock/gmock.h>
+
+using testing::ElementsAre;
+
+class ApplicationCatalogScannerTest : public testing::Test
+{
+protected:
+    TestDisk disk;
+
+    QList<InstalledApplication> scan() const
+    {
+        return ApplicationCatalogScanner(disk, disk.bundles).scanApplications();
+    }
+    QStringList names() const
+    {
+        QStringList names;
+        for (const auto &application : scan())
+            names.append(application.name);
+        return names;
+    }
+    void bundle(const QByteArray &path, QVariantMap information)
+    {
+        information.insert("CFBundleIdentifier", "org.any");
+        disk.bundles.add(disk.folder(path), information);
+    }
+};
+
+TEST_F(ApplicationCatalogScannerTest, applicationsOfTheThreeFoldersAreListedAsTheyAre)
+{
+    const auto system =
+        disk.application("/System/Applications/Notes.app", {.identifier = "com.apple.notes", .size = 3});
+    const auto own = disk.application("~/Applications/Notes.APP", {.identifier = "org.notes", .size = 2});
+    const auto shared = disk.application("/Applications/Notes.app", {.identifier = "org.notes", .size = 1});
+    disk.application("/Applications/Utilities/Console.app", {.identifier = "org.console"});
+    disk.application("/Applications/.Hidden.app", {.identifier = "org.hidden"});
+    disk.application("/Applications/Nameless.app", {.identifier = ""});
+    disk.application("/Applications/Notes.application", {.identifier = "org.other"});
+    disk.folder("/Applications/Folder.app");
+    disk.bundles.add(disk.folder("/Applications/Broken.app"), {{"CFBundleIdentifier", 7}});
+
+    EXPECT_EQ(scan(), (QList<InstalledApplication>{shared, own, system}));
+    EXPECT_TRUE(system.isSystemApplication);
+
+    disk.remove("~/Applications");
+    EXPECT_EQ(scan().size(), 2);
+}
+
+TEST_F(ApplicationCatalogScannerTest, namesFollowTheirPrecedence)
+{
+    bundle("/Applications/A.app", {{"CFBundleDisplayName", "Shown"}, {"CFBundleName", "Short"}});
+    bundle("/Applications/B.app", {{"CFBundleDisplayName", 7}, {"CFBundleName", "Short"}});
+    bundle("/Applications/Last Resort.app", {{"CFBundleName", QStringList{"list"}}});
+    bundle("/Applications/D.app", {{"CFBundleDisplayName", ""}, {"CFBundleName", "Short of D"}});
+
+    EXPECT_THAT(names(), ElementsAre("", "Last Resort", "Short", "Shown"));
+}
+
+TEST_F(ApplicationCatalogScannerTest, orderIsTheReadersAndKeepsEqualNamesAsFound)
+{
+    for (const auto *name :
+         {"Źrebak", "beta", "zebra", "Łoś", "ąlfa", "Alpha", "lama", "alpha", "Żaba", "azzz", "mama"})
+        bundle(QByteArray("/Applications/") + name + ".app", {});
+
+    EXPECT_THAT(names(), ElementsAre("Alpha", "alpha", "azzz", "ąlfa", "beta", "lama", "Łoś", "mama", "zebra",
+                                     "Źrebak", "Żaba"));
+}
+
+TEST_F(ApplicationCatalogScannerTest, findingTakesAFullNameInAnySpelling)
+{
+    const QList<InstalledApplication> applications{
+        {"Safari", "com.vendor.app", Url("/Applications/Safari.app"), 0, false},
+        {"FooBar", "org.foo", Url("/Applications/Foo Bar.app"), 0, false},
+        {"Żółw", "org.turtle", Url("/Applications/Straße.app"), 0, false},
+        {"Odd", "org.odd", Url("/Applications/\xff.app"), 0, false},
+        {"Dotted", "org.dotted", Url("/Applications/.app.app"), 0, false},
+        {"safari", "org.second", Url("/Applications/Second.app"), 0, false},
+    };
+    const auto find = [&applications](const QString &query) {
+        const auto found = ApplicationCatalogScanner::findApplication(query, applications);
+        return found ? found->bundleIdentifier : QString("none");
+    };
+    EXPECT_EQ(find("  safari.app\n"), "com.vendor.app");
+    EXPECT_EQ(find("\u3000SAFARI.APP\u2028"), "com.vendor.app");
+    EXPECT_EQ(find("com.Vendor.app"), "com.vendor.app");
+    EXPECT_EQ(find("foo bar"), "org.foo");
+    EXPECT_EQ(find("z\u0307o\u0301\u0142w.app"), "org.turtle");
+    EXPECT_EQ(find("STRAẞE"), "org.turtle");
+    EXPECT_EQ(find(".app"), "org.dotted");
+    for (const auto *query : {"", "   ", "Safar", "Safari.app.app", "STRASSE", "\ufffd", "foo"})
+        EXPECT_EQ(find(query), "none") << query;
+}

@@ -1,0 +1,158 @@
+#include "AssociatedFileScanner.h"
+
+#include "TestDisk.h"
+
+#include <gmock/gmock.h>
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+
+class AssociatedFileScannerTest : public testing::Test
+{
+protected:
+    TestDisk disk;
+
+    QList<ScanItem> scan(const InstalledApplication &application) const
+    {
+        return AssociatedFileScanner(disk, disk.signatures).scanAssociatedFiles(application);
+    }
+};
+
+// Every place, each with the kind that it gives, made in an order that is not the table's.
+constexpr std::pair<const char *, ScanItemKind> exactPlaces[] = {
+    {"Application Support/org.notes", ScanItemKind::applicationSupport},
+    {"Caches/org.notes", ScanItemKind::cache},
+    {"Containers/org.notes", ScanItemKind::container},
+    {"Application Scripts/org.notes", ScanItemKind::container},
+    {"Logs/org.notes", ScanItemKind::log},
+    {"Saved Application State/org.notes.savedState", ScanItemKind::savedState},
+    {"WebKit/org.notes", ScanItemKind::webData},
+    {"HTTPStorages/org.notes", ScanItemKind::webData},
+    {"Cookies/org.notes.binarycookies", ScanItemKind::webData},
+    {"Preferences/org.notes.plist", ScanItemKind::preference},
+    {"Group Containers/TEAM.notes", ScanItemKind::container},
+    {"LaunchAgents/org.notes.plist", ScanItemKind::applicationSupport},
+    {"Preferences/ByHost/org.notes.1F2E.plist", ScanItemKind::preference},
+};
+constexpr std::pair<const char *, ScanItemKind> probablePlaces[] = {
+    {"Application Support/Shown", ScanItemKind::applicationSupport},
+    {"Application Support/Notes", ScanItemKind::applicationSupport},
+    {"Caches/Shown", ScanItemKind::cache},
+    {"Logs/Notes", ScanItemKind::log},
+};
+
+TEST_F(AssociatedFileScannerTest, everyPlaceGivesItsKindAndItsSelection)
+{
+    const ApplicationTraits traits{.identifier = "org.notes", .name = "Shown", .groups = {"TEAM.notes"}};
+    const auto application = disk.application("/Applications/Notes.app", traits);
+    const auto system = disk.application("/System/Applications/Notes.app", traits);
+    QList<ScanItem> expected{{application.url, ScanItemKind::application, ScanConfidence::exact, 4096, true}};
+    QList<ScanItem> ofSystem;
+    const auto expect = [&](const auto &places, ScanConfidence confidence) {
+        for (const auto &[place, kind] : places) {
+            const auto url = disk.file("~/Library/" + QByteArray(place), 10);
+            expected.append({url, kind, confidence, 10, confidence == ScanConfidence::exact});
+            ofSystem.append({url, kind, confidence, 10, false});
+        }
+    };
+    expect(probablePlaces, ScanConfidence::probable);
+    expect(exactPlaces, ScanConfidence::exact);
+
+    EXPECT_THAT(scan(application), testing::UnorderedElementsAreArray(expected));
+    EXPECT_THAT(scan(system), testing::UnorderedElementsAreArray(ofSystem));
+}
+
+TEST_F(AssociatedFileScannerTest, largestComesFirstAndEqualSizesKeepTheirRows)
+{
+    const auto application = disk.application("/Applications/Notes.app", {.identifier = "org.notes", .size = 5});
+    disk.file("~/Library/Preferences/org.notes.plist", 5);
+    disk.file("~/Library/Caches/Notes/file", 5);
+    disk.file("~/Library/Caches/org.notes/file", 5);
+    disk.file("~/Library/Logs/Notes", 6);
+
+    EXPECT_THAT(pathsOf(scan(application)),
+                ElementsAre("~/Library/Logs/Notes", "/Applications/Notes.app", "~/Library/Caches/org.notes",
+                            "~/Library/Caches/Notes", "~/Library/Preferences/org.notes.plist"));
+}
+
+TEST_F(AssociatedFileScannerTest, longerIdentifierWithTheSamePrefixIsNotOffered)
+{
+    const auto application = disk.application("/Applications/Notes.app", {.identifier = "org.notes"});
+    for (const auto *name : {"org.notes.plist", "org.notes.agent.plist", "org.noteser.plist", "ORG.notes.plist",
+                             "org.notes", "org.notes-x.plist", ".org.notes.plist"}) {
+        disk.file(QByteArray("~/Library/LaunchAgents/") + name);
+        disk.file(QByteArray("~/Library/Preferences/ByHost/") + name);
+    }
+
+    EXPECT_THAT(pathsOf(scan(application)),
+                ElementsAre("/Applications/Notes.app", "~/Library/LaunchAgents/org.notes.plist",
+                            "~/Library/LaunchAgents/org.notes.agent.plist",
+                            "~/Library/Preferences/ByHost/org.notes.plist",
+                            "~/Library/Preferences/ByHost/org.notes.agent.plist"));
+}
+
+TEST_F(AssociatedFileScannerTest, nameThatIsTheIdentifierIsFoundOnceAndExactly)
+{
+    const auto application = disk.application("/Applications/org.notes.app", {.identifier = "org.notes"});
+    disk.folder("~/Library/Caches/org.notes");
+
+    const auto items = scan(application);
+    EXPECT_EQ(items.size(), 2);
+    EXPECT_EQ(items.last().confidence, ScanConfidence::exact);
+}
+
+TEST_F(AssociatedFileScannerTest, hostileBundleCannotHaveAWholeAreaOffered)
+{
+    disk.file("~/Library/Caches/org.victim/file");
+    disk.file("~/Library/Logs/DC/file");
+    disk.file("~/Library/Group Containers/TEAM.victim/file");
+    disk.file("~/Library/LaunchAgents/..plist");
+    disk.file("~/Library/Preferences/ByHost/...plist");
+    for (const auto *identifier : {".", "..", "../Caches", "org.victim/.", "org.victim\0"}) {
+        const auto text =
+            QByteArray(identifier) == "org.victim" ? QString("org.victim") + QChar(0) : QString(identifier);
+        auto application = disk.application("/System/Applications/Hostile.app",
+                                            {.identifier = text, .name = text, .groups = {"..", "a/b", "", "."}});
+        EXPECT_THAT(scan(application), IsEmpty()) << identifier;
+    }
+    EXPECT_THAT(scan(disk.application("/System/Applications/AC.app", {.identifier = "org.acdc", .name = "AC/DC"})),
+                IsEmpty());
+}
+
+TEST_F(AssociatedFileScannerTest, groupsCountOnceAndOnlyAsAListOfTexts)
+{
+    disk.folder("~/Library/Group Containers/TEAM.a");
+    disk.folder("~/Library/Group Containers/TEAM.b");
+    const auto application = disk.application(
+        "/System/Applications/Notes.app", {.identifier = "org.notes", .groups = {"TEAM.b", "TEAM.a", "TEAM.b"}});
+    EXPECT_THAT(pathsOf(scan(application)),
+                ElementsAre("~/Library/Group Containers/TEAM.b", "~/Library/Group Containers/TEAM.a"));
+
+    for (const QVariant &value : {QVariant("TEAM.a"), QVariant(QVariantList{"TEAM.a", 7}), QVariant()}) {
+        disk.signatures.add(application.url, {{"com.apple.security.application-groups", value}});
+        EXPECT_THAT(scan(application), IsEmpty());
+    }
+}
+
+TEST_F(AssociatedFileScannerTest, linksCountAsThemselvesAndOnlyWhenTheyLeadSomewhere)
+{
+    const auto application = disk.application("/System/Applications/Notes.app", {.identifier = "org.notes"});
+    disk.file("/elsewhere/file", 1'000'000);
+    disk.link("~/Library/Caches/org.notes", "/elsewhere");
+    disk.link("~/Library/Logs/org.notes", "/nowhere");
+
+    const auto items = scan(application);
+    ASSERT_THAT(pathsOf(items), ElementsAre("~/Library/Caches/org.notes"));
+    EXPECT_EQ(items.first().sizeBytes, 1);
+}
+
+TEST_F(AssociatedFileScannerTest, fileNamesThatAreNotTextAreProbedByTheirBytes)
+{
+    const auto application = disk.application("/System/Applications/\xff.app", {.identifier = "org.odd"});
+    disk.folder("~/Library/Logs/\xff");
+    disk.folder("~/Library/Logs/\xfe");
+
+    EXPECT_THAT(pathsOf(scan(application)), ElementsAre("~/Library/Logs/\xff"));
+}

@@ -1,0 +1,139 @@
+#include "LeftoverScanner.h"
+
+#include "FakeApplicationRegistry.h"
+#include "TestDisk.h"
+
+#include <gmock/gmock.h>
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class LeftoverScannerTest : public testing::Test
+{
+protected:
+    TestDisk disk;
+    FakeApplicationRegistry registry;
+    LeftoverScanner scanner{disk, registry};
+
+    bool isLeftover(const QByteArray &name)
+    {
+        const auto url = disk.folder("~/Library/Caches/" + name);
+        const auto paths = pathsOf(scanner.scanLeftovers({}));
+        disk.remove("~/Library/Caches");
+        return !paths.isEmpty();
+    }
+    static QString validated(const QString &text)
+    {
+        return LeftoverScanner::validatedSearchName(text).value_or("refused");
+    }
+};
+
+TEST_F(LeftoverScannerTest, onlyWhatIsNamedLikeAnIdentifierIsOffered)
+{
+    for (const auto *name :
+         {"com.vendor.tool", "com.vendor.tool.1.backup", "a-b.c_d.3", "com.za\u017c\u00f3\u0142\u0107.x",
+          "com.z\u0307ołw\u0301.x", "рф.компания.программа", "中.文.名", "com.vendor.\u0663",
+          "com.vendor.\U00010400", "Com.Apple.tool", "com.applesoft.tool"})
+        EXPECT_TRUE(isLeftover(name)) << name;
+    for (const auto *name :
+         {"vendor.tool", "com..tool", ".com.vendor.tool", "com.vendor.tool.", "com.vendor.tool 2",
+          "com.vendor.tool~", "com.vendor.to+ol", "com.vendor.😀", "com.vendor.tool\xff", "com.vendor.\xff",
+          "com.vendor.\u0301x", "com.vendor.x.\u0301", "com.apple.tool", "Tool"})
+        EXPECT_FALSE(isLeftover(name)) << name;
+}
+
+TEST_F(LeftoverScannerTest, fiveFoldersAreSearchedOneLevelDeep)
+{
+    for (const auto *folder : {"Caches", "Containers", "HTTPStorages", "WebKit", "Application Support",
+                               "Preferences", "Logs", "Group Containers", "Caches/Vendor"})
+        disk.file(QByteArray("~/Library/") + folder + "/com.vendor.tool", 5);
+    disk.file("~/Library/Saved Application State/com.vendor.tool.savedState/data", 6);
+
+    const auto items = scanner.scanLeftovers({});
+    EXPECT_THAT(pathsOf(items),
+                ElementsAre("~/Library/Saved Application State/com.vendor.tool.savedState",
+                            "~/Library/Caches/com.vendor.tool", "~/Library/Containers/com.vendor.tool",
+                            "~/Library/HTTPStorages/com.vendor.tool", "~/Library/WebKit/com.vendor.tool"));
+    EXPECT_EQ(items.first(),
+              (ScanItem{items.first().url, ScanItemKind::leftover, ScanConfidence::probable, 6, false}));
+}
+
+TEST_F(LeftoverScannerTest, knownApplicationsAreLeftAloneAndTheSystemIsAskedOnce)
+{
+    disk.folder("~/Library/Caches/com.vendor.listed");
+    disk.folder("~/Library/Caches/com.apple.Safari");
+    disk.folder("~/Library/Caches/Not an identifier");
+    EXPECT_THAT(scanner.scanLeftovers({"com.vendor.listed"}), IsEmpty());
+    EXPECT_EQ(registry.timesRead(), 0);
+
+    registry.add("com.vendor.known");
+    disk.folder("~/Library/Caches/com.vendor.known");
+    disk.folder("~/Library/Caches/com.vendor.known.savedState");
+    disk.folder("~/Library/Caches/com.vendor.KNOWN");
+    disk.folder("~/Library/Saved Application State/com.vendor.known.savedState");
+    EXPECT_THAT(pathsOf(scanner.scanLeftovers({"com.vendor.listed"})),
+                ElementsAre("~/Library/Caches/com.vendor.known.savedState", "~/Library/Caches/com.vendor.KNOWN"));
+    EXPECT_EQ(registry.timesRead(), 1);
+}
+
+TEST_F(LeftoverScannerTest, searchNamesAreTrimmedAndBoundedByCharacters)
+{
+    EXPECT_EQ(validated("  com.vendor.tool \n"), "com.vendor.tool");
+    EXPECT_EQ(validated("\u2028\u00a0a b\u3000\u0085"), "a b");
+    EXPECT_EQ(validated("..."), "...");
+    const QString flags = QString("🇵🇱").repeated(255);
+    EXPECT_EQ(validated(flags), flags);
+    EXPECT_EQ(validated("e\u0301e\u0301e\u0301"), "e\u0301e\u0301e\u0301");
+    for (const auto &text :
+         {QString("ab"), QString("e\u0301e\u0301"), QString(".."), QString("a/b"), QString("abc/"),
+          QString("a\\bc"), QString("ab/\u0301"), QString("ab\\\u0301"), QString(256, u'a'), flags + "a",
+          QString(), QString("  ab  "), QString("ab") + QChar(0), QString("ab") + QChar(0xd800)})
+        EXPECT_EQ(validated(text), "refused") << text.toStdString();
+}
+
+TEST_F(LeftoverScannerTest, searchComparesWholeNamesWithoutCaseAndInBothSpellings)
+{
+    disk.folder("~/Library/Containers/com.vendor.tool");
+    disk.folder("~/Library/Caches/deep/COM.VENDOR.TOOL");
+    disk.file("~/Library/Preferences/com.vendor.tool.plist");
+    disk.folder("~/Library/WebKit/.com.vendor.tool");
+    disk.folder("~/Library/Elsewhere/com.vendor.tool");
+    disk.folder("~/Library/Logs/com.vendor.too\xff");
+    EXPECT_THAT(pathsOf(scanner.searchItems(" com.vendor.tool ")),
+                ElementsAre("~/Library/Caches/deep/COM.VENDOR.TOOL", "~/Library/Containers/com.vendor.tool"));
+    EXPECT_THAT(scanner.searchItems("com.vendor.too\ufffd"), IsEmpty());
+    EXPECT_THAT(scanner.searchItems("no"), IsEmpty());
+
+    disk.folder("~/Library/Logs/Z\u0307o\u0301łw");
+    disk.folder("~/Library/Logs/żó\u0141W");
+    EXPECT_EQ(scanner.searchItems("\u017b\u00f3\u0142w").size(), 2);
+    disk.folder("~/Library/Logs/\u212aelvin");
+    EXPECT_EQ(scanner.searchItems("kelvin").size(), 1);
+}
+
+TEST_F(LeftoverScannerTest, searchGoesSixLevelsDownAndNotIntoWhatItFinds)
+{
+    disk.file("~/Library/Logs/1/2/3/4/5/tool", 10);
+    disk.file("~/Library/Logs/1/2/3/4/5/6/tool", 10);
+    disk.file("~/Library/Caches/tool/tool/file", 10);
+    disk.file("~/Library/Caches/Some.app/tool", 10);
+    disk.file("~/Library/Caches/.hidden/tool", 10);
+    disk.file("~/Library/Cookies/tool", 10);
+    disk.folder("~/Library/Cookies/folder/TOOL");
+
+    EXPECT_THAT(pathsOf(scanner.searchItems("tool")),
+                ElementsAre("~/Library/Caches/tool", "~/Library/Cookies/folder/TOOL", "~/Library/Cookies/tool",
+                            "~/Library/Logs/1/2/3/4/5/tool"));
+}
+
+TEST_F(LeftoverScannerTest, itemListedTwiceIsFoundOnceAndThenSearched)
+{
+    disk.folder("~/Library/Caches/tool/tool");
+    disk.makeListedTwice("~/Library/Caches/tool");
+    disk.folder("~/Library/WebKit/com.vendor.tool");
+    disk.makeListedTwice("~/Library/WebKit/com.vendor.tool");
+
+    EXPECT_THAT(pathsOf(scanner.searchItems("tool")),
+                ElementsAre("~/Library/Caches/tool", "~/Library/Caches/tool/tool"));
+    EXPECT_EQ(scanner.scanLeftovers({}).size(), 1);
+}
