@@ -1,0 +1,42 @@
+#include "FileStatus.h"
+
+#include <QtNumeric>
+
+#include <limits>
+
+namespace {
+
+/// The unit of `st_blocks`, whatever the file system's own blocks are.
+constexpr quint64 bytesPerBlock = 512;
+
+} // namespace
+
+FileType fileTypeOf(mode_t mode)
+{
+    switch (mode & S_IFMT) {
+    case S_IFREG:
+        return FileType::regular;
+    case S_IFDIR:
+        return FileType::directory;
+    case S_IFLNK:
+        return FileType::symbolicLink;
+    default:
+        return FileType::other;
+    }
+}
+
+qint64 bytesOf(quint64 count, quint64 unit)
+{
+    constexpr auto most = std::numeric_limits<qint64>::max();
+    quint64 bytes = 0;
+    if (qMulOverflow(count, unit, &bytes) || bytes > static_cast<quint64>(most))
+        return most;
+    return static_cast<qint64>(bytes);
+}
+
+ResourceValues resourceValuesOf(const struct stat &status)
+{
+    const auto blocks = status.st_blocks > 0 ? static_cast<quint64>(status.st_blocks) : 0;
+    const auto size = bytesOf(blocks, bytesPerBlock);
+    return {fileTypeOf(status.st_mode), size, size};
+}

@@ -1,0 +1,153 @@
+#include "LinuxFileSystem.h"
+
+#include "FileStatus.h"
+#include "ReachablePath.h"
+#include "VolumeLabel.h"
+
+#include <algorithm>
+#include <fcntl.h>
+#include <sys/statvfs.h>
+
+namespace {
+
+FileDescriptor openPath(const QByteArray &hostPath, int flags)
+{
+    const ReachablePath path(hostPath);
+    return FileDescriptor(
+        uninterrupted([&] { return openat(path.directory(), path.path(), flags | O_CLOEXEC | O_NOCTTY); }));
+}
+
+enum class Links { followed, described };
+
+std::optional<struct stat> statusAt(const QByteArray &hostPath, Links links)
+{
+    const ReachablePath path(hostPath);
+    const int flags = links == Links::described ? AT_SYMLINK_NOFOLLOW : 0;
+    struct stat status;
+    const auto result = uninterrupted([&] { return fstatat(path.directory(), path.path(), &status, flags); });
+    return result == 0 ? std::optional(status) : std::nullopt;
+}
+
+std::optional<struct stat> statusOf(const FileDescriptor &file)
+{
+    struct stat status;
+    return fstat(file.number(), &status) == 0 ? std::optional(status) : std::nullopt;
+}
+
+bool isRegular(const std::optional<struct stat> &status)
+{
+    return status && S_ISREG(status->st_mode);
+}
+
+/// Not open where there is anything but a regular file.
+FileDescriptor openRegularFile(const QByteArray &hostPath)
+{
+    // Looked at before it is opened: opening a pipe or a device can do something. And once more afterwards: it may
+    // have become one in between.
+    if (!isRegular(statusAt(hostPath, Links::followed)))
+        return {};
+    auto file = openPath(hostPath, O_RDONLY | O_NONBLOCK);
+    return isRegular(statusOf(file)) ? std::move(file) : FileDescriptor();
+}
+
+/// The bytes from `offset` on, at most `maximumLength`, whatever size the file claims; absent when reading fails.
+std::optional<QByteArray> readPart(const FileDescriptor &file, qint64 offset, qint64 maximumLength)
+{
+    constexpr qint64 step = 64 * 1024;
+    QByteArray bytes;
+    while (bytes.size() < maximumLength) {
+        const auto size = bytes.size();
+        const auto room = std::min(step, maximumLength - size);
+        bytes.resize(size + room);
+        const auto count = uninterrupted(
+            [&] { return ::pread(file.number(), bytes.data() + size, static_cast<size_t>(room), offset + size); });
+        if (count < 0)
+            return std::nullopt;
+        bytes.resize(size + count);
+        if (count == 0)
+            break;
+    }
+    return bytes;
+}
+
+} // namespace
+
+LinuxFileSystem::LinuxFileSystem(DiskRoot root, const Url &home, std::stop_token stop)
+    : m_root(std::move(root)), m_home(home.standardized()), m_stop(std::move(stop))
+{
+}
+
+bool LinuxFileSystem::exists(const Url &url) const
+{
+    return statusAt(m_root.hostPath(url), Links::followed).has_value();
+}
+
+bool LinuxFileSystem::isDirectory(const Url &url) const
+{
+    const auto status = statusAt(m_root.hostPath(url), Links::followed);
+    return status && S_ISDIR(status->st_mode);
+}
+
+bool LinuxFileSystem::isExecutable(const Url &url) const
+{
+    const ReachablePath path(m_root.hostPath(url));
+    return faccessat(path.directory(), path.path(), X_OK, AT_EACCESS) == 0;
+}
+
+DirectoryEnumeration LinuxFileSystem::contentsOfDirectory(const Url &folder) const
+{
+    return walk(folder, LinuxDirectoryWalk::Depth::children);
+}
+
+DirectoryEnumeration LinuxFileSystem::enumerate(const Url &folder) const
+{
+    return walk(folder, LinuxDirectoryWalk::Depth::descendants);
+}
+
+DirectoryEnumeration LinuxFileSystem::walk(const Url &folder, LinuxDirectoryWalk::Depth depth) const
+{
+    auto descriptor = openPath(m_root.hostPath(folder), O_RDONLY | O_DIRECTORY);
+    if (!descriptor.isOpen())
+        return {};
+    return DirectoryEnumeration(
+        std::make_unique<LinuxDirectoryWalk>(std::move(descriptor), folder, depth, m_stop));
+}
+
+std::optional<ResourceValues> LinuxFileSystem::resourceValues(const Url &url) const
+{
+    const auto status = statusAt(m_root.hostPath(url), Links::described);
+    return status ? std::optional(resourceValuesOf(*status)) : std::nullopt;
+}
+
+std::optional<QByteArray> LinuxFileSystem::readFile(const Url &url, qint64 maximumSize) const
+{
+    const auto file = openRegularFile(m_root.hostPath(url));
+    const auto status = statusOf(file);
+    if (!status || status->st_size > maximumSize)
+        return std::nullopt;
+    // One byte more than may be there, for a file that is larger than it says.
+    auto bytes = readPart(file, 0, maximumSize + 1);
+    return bytes && bytes->size() <= maximumSize ? std::move(bytes) : std::nullopt;
+}
+
+std::optional<QByteArray> LinuxFileSystem::readFilePart(const Url &url, qint64 offset, qint64 maximumLength) const
+{
+    const auto file = openRegularFile(m_root.hostPath(url));
+    if (!file.isOpen() || offset < 0)
+        return std::nullopt;
+    return readPart(file, offset, maximumLength);
+}
+
+std::optional<VolumeValues> LinuxFileSystem::volumeValues(const Url &url) const
+{
+    const auto place = openPath(m_root.hostPath(url), O_PATH);
+    struct statvfs volume;
+    if (!place.isOpen() || fstatvfs(place.number(), &volume) != 0)
+        return std::nullopt;
+    return VolumeValues{
+        .name = volumeLabel(place.number()),
+        .totalCapacity = bytesOf(volume.f_blocks, volume.f_frsize),
+        .availableCapacityForImportantUsage = std::nullopt,
+        .availableCapacity = bytesOf(volume.f_bavail, volume.f_frsize),
+    };
+}

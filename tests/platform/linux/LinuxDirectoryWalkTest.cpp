@@ -1,0 +1,271 @@
+#include "AllocatedSize.h"
+#include "LinuxFileSystem.h"
+#include "TemporaryDisk.h"
+
+#include <fcntl.h>
+#include <functional>
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using testing::Contains;
+using testing::Each;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+using testing::SizeIs;
+using testing::UnorderedElementsAre;
+
+namespace {
+
+using Paths = std::vector<QByteArray>;
+
+/// A folder DEPTH levels deep under `top`, every level with a file "a" and, as the way down, a folder "m". As no
+/// path is that long, it is made and taken away from within.
+class DeepTree
+{
+public:
+    DeepTree(std::filesystem::path top, int depth) : m_top(std::move(top))
+    {
+        std::filesystem::create_directories(m_top);
+        int folder = open(m_top.c_str(), O_PATH | O_DIRECTORY);
+        for (int i = 0; i < depth; ++i) {
+            close(openat(folder, "a", O_CREAT | O_WRONLY, 0644));
+            mkdirat(folder, "m", 0755);
+            const int next = openat(folder, "m", O_PATH | O_DIRECTORY);
+            close(folder);
+            folder = next;
+        }
+        close(folder);
+    }
+    ~DeepTree() { std::system(("rm -rf '" + m_top.string() + "'").c_str()); }
+
+private:
+    std::filesystem::path m_top;
+};
+
+/// As long as it lives the system takes the program for an ordinary user's; nothing changes where it is.
+class OrdinaryUser
+{
+public:
+    OrdinaryUser() { becomes(65534); }
+    ~OrdinaryUser() { becomes(getuid()); }
+
+private:
+    static void becomes(uid_t user)
+    {
+        const bool may = getuid() != 0 || seteuid(user) == 0;
+        EXPECT_TRUE(may);
+    }
+};
+
+ptrdiff_t openFiles()
+{
+    const std::filesystem::directory_iterator files("/proc/self/fd");
+    return std::distance(begin(files), end(files));
+}
+
+class LinuxDirectoryWalkTest : public testing::Test
+{
+protected:
+    TemporaryDisk disk;
+    std::stop_source stop;
+    LinuxFileSystem fileSystem{disk.root(), Url("/home"), stop.get_token()};
+
+    /// The paths below `folder` in the walk's order; `visit` is called at every element.
+    Paths walk(const Url &folder, const std::function<void(DirectoryEntry &)> &visit = {}) const
+    {
+        Paths paths;
+        for (auto &entry : fileSystem.enumerate(folder)) {
+            paths.push_back(entry.url().path());
+            if (visit)
+                visit(entry);
+        }
+        return paths;
+    }
+};
+
+} // namespace
+
+TEST_F(LinuxDirectoryWalkTest, listsWhatIsShownAndEntersNeitherPackagesNorLinks)
+{
+    disk.file("/top/file");
+    disk.file("/top/.hidden");
+    disk.file("/top/.hidden folder/file");
+    disk.file("/top/Nested.APP/file");
+    disk.file("/top/Kit.framework/file");
+    disk.file("/top/folder/deep/er");
+    disk.file("/elsewhere/file");
+    disk.link("/top/link", "../elsewhere");
+    disk.link("/top/folder/loop", "..");
+    disk.link("/top/dangling", "nowhere");
+    mkfifo(disk.host("/top/pipe").c_str(), 0644);
+
+    std::map<QByteArray, std::pair<FileType, int>> seen;
+    const auto paths = walk(Url("/top"), [&](auto &entry) {
+        EXPECT_TRUE(entry.level() == 1 || seen.contains(entry.url().parent().path())) << "parents come first";
+        seen[entry.url().path()] = {entry.type(), entry.level()};
+        EXPECT_EQ(entry.name(), entry.url().lastPathComponent());
+        EXPECT_EQ(entry.resourceValues()->type, entry.type());
+    });
+    const std::map<QByteArray, std::pair<FileType, int>> expected{
+        {"/top/file", {FileType::regular, 1}},
+        {"/top/Nested.APP", {FileType::directory, 1}},
+        {"/top/Kit.framework", {FileType::directory, 1}},
+        {"/top/Kit.framework/file", {FileType::regular, 2}},
+        {"/top/folder", {FileType::directory, 1}},
+        {"/top/folder/deep", {FileType::directory, 2}},
+        {"/top/folder/deep/er", {FileType::regular, 3}},
+        {"/top/folder/loop", {FileType::symbolicLink, 2}},
+        {"/top/link", {FileType::symbolicLink, 1}},
+        {"/top/dangling", {FileType::symbolicLink, 1}},
+        {"/top/pipe", {FileType::other, 1}},
+    };
+    EXPECT_EQ(seen, expected);
+    EXPECT_THAT(paths, SizeIs(expected.size()));
+}
+
+TEST_F(LinuxDirectoryWalkTest, theFolderItselfMayBeAPackageALinkOrTheRoot)
+{
+    disk.file("/Some.app/Contents/file");
+    disk.link("/link", "Some.app");
+    EXPECT_THAT(walk(Url("/Some.app")), ElementsAre("/Some.app/Contents", "/Some.app/Contents/file"));
+    EXPECT_THAT(walk(Url("/link")), ElementsAre("/link/Contents", "/link/Contents/file"));
+    EXPECT_THAT(walk(Url("/")), UnorderedElementsAre("/Some.app", "/link"));
+    for (const char *nothing : {"/Some.app/Contents/file", "/missing", ""})
+        EXPECT_THAT(walk(Url(nothing)), IsEmpty());
+}
+
+TEST_F(LinuxDirectoryWalkTest, skippingAnElementLeavesItsSiblings)
+{
+    for (const char *path : {"/top/a/inside", "/top/b/inside", "/top/c", "/top/d"})
+        disk.file(path);
+    EXPECT_THAT(walk(Url("/top"), [](auto &entry) { entry.skipDescendants(); }),
+                UnorderedElementsAre("/top/a", "/top/b", "/top/c", "/top/d"));
+    Paths listed;
+    for (const auto &entry : fileSystem.contentsOfDirectory(Url("/top")))
+        listed.push_back(entry.url().path());
+    EXPECT_THAT(listed, UnorderedElementsAre("/top/a", "/top/b", "/top/c", "/top/d"));
+}
+
+TEST_F(LinuxDirectoryWalkTest, namesOfAnyBytesLeadBackToTheirFiles)
+{
+    const QByteArray longest(255, '\xfe');
+    for (const auto &name :
+         {QByteArray("\xff\xfe"), QByteArray("a\nb%41\"'"), QByteArray("\xef\xbf\xbd"), longest})
+        disk.file("/top/" + name, "x");
+    EXPECT_THAT(walk(Url("/top"), [&](auto &entry) { EXPECT_EQ(fileSystem.readFile(entry.url(), 1), "x"); }),
+                UnorderedElementsAre("/top/\xff\xfe", "/top/a\nb%41\"'", "/top/\xef\xbf\xbd", "/top/" + longest));
+}
+
+TEST_F(LinuxDirectoryWalkTest, anyDepthIsWalkedOnFewDescriptors)
+{
+    constexpr int depth = 5000;
+    const DeepTree tree(disk.host("/top"), depth);
+    // A folder whose listing is not read to its end when it has to be closed.
+    for (int i = 0; i < 3000; ++i)
+        disk.file("/top/m/m/m/" + QByteArray::number(i));
+
+    const auto before = openFiles();
+    int files = 0, deepest = 0, reachable = 0;
+    ptrdiff_t most = 0;
+    for (const auto &entry : fileSystem.enumerate(Url("/top"))) {
+        if (entry.type() == FileType::regular)
+            files += entry.resourceValues().has_value();
+        if (entry.level() > deepest) {
+            deepest = entry.level();
+            most = std::max(most, openFiles() - before);
+            reachable += deepest % 1000 == 0 && fileSystem.exists(entry.url());
+        }
+    }
+    EXPECT_EQ(files, depth + 3000);
+    EXPECT_EQ(deepest, depth);
+    EXPECT_EQ(reachable, depth / 1000) << "a path longer than the kernel takes leads nowhere";
+    EXPECT_LE(most, 32);
+    EXPECT_EQ(openFiles(), before);
+}
+
+TEST_F(LinuxDirectoryWalkTest, aFolderThatIsMovedAwayWhileItIsWalkedDoesNotLeadOutOfTheTree)
+{
+    const DeepTree tree(disk.host("/top"), 100);
+    disk.file("/elsewhere/private");
+    const QByteArray moved = "/top" + QByteArray("/m").repeated(20);
+    const auto paths = walk(Url("/top"), [&](auto &entry) {
+        if (entry.level() == 90 && std::filesystem::exists(disk.host(moved)))
+            std::filesystem::rename(disk.host(moved), disk.host("/elsewhere/m"));
+    });
+    // All that is left at its place is found again: the files of the levels above.
+    EXPECT_THAT(paths,
+                Not(Contains(testing::ResultOf([](auto &path) { return path.contains("private"); }, true))));
+    for (int level = 0; level < 20; ++level)
+        EXPECT_THAT(paths, Contains("/top" + QByteArray("/m").repeated(level) + "/a"));
+}
+
+TEST_F(LinuxDirectoryWalkTest, aFolderThatIsReplacedWhileItIsWalkedIsNotTakenForTheOther)
+{
+    const DeepTree tree(disk.host("/top"), 100);
+    const DeepTree other(disk.host("/other"), 0);
+    const QByteArray replaced = "/top" + QByteArray("/m").repeated(20);
+    const auto paths = walk(Url("/top"), [&](auto &entry) {
+        if (entry.level() != 90 || std::filesystem::exists(disk.host("/other/m")))
+            return;
+        std::filesystem::rename(disk.host(replaced), disk.host("/other/m"));
+        disk.file(replaced + "/m/stranger");
+    });
+    EXPECT_THAT(paths,
+                Not(Contains(testing::ResultOf([](auto &path) { return path.contains("stranger"); }, true))));
+    EXPECT_THAT(paths, Contains("/top/a"));
+}
+
+TEST_F(LinuxDirectoryWalkTest, whatBecomesALinkOrVanishesAfterItWasListedIsPassedOver)
+{
+    for (const char *path : {"/top/a/1", "/top/b/2", "/top/c/3"})
+        disk.file(path);
+    disk.file("/elsewhere/private");
+    int vanished = 0;
+    const auto paths = walk(Url("/top"), [&](auto &entry) {
+        if (entry.type() == FileType::directory) {
+            std::filesystem::remove_all(disk.host(entry.url().path()));
+            disk.link(entry.url().path(), "../elsewhere");
+        } else {
+            vanished += !entry.resourceValues();
+        }
+    });
+    EXPECT_THAT(paths, UnorderedElementsAre("/top/a", "/top/b", "/top/c"));
+
+    disk.file("/bottom/only");
+    walk(Url("/bottom"), [&](auto &entry) {
+        std::filesystem::remove(disk.host("/bottom/only"));
+        EXPECT_FALSE(entry.resourceValues());
+    });
+}
+
+TEST_F(LinuxDirectoryWalkTest, unreadableFoldersArePassedOver)
+{
+    disk.file("/top/before/file", "1234");
+    disk.file("/top/locked/file", "1234");
+    disk.file("/top/zlast/file", "1234");
+    std::filesystem::permissions(disk.host("/top/locked"), std::filesystem::perms::none);
+    const OrdinaryUser user;
+    EXPECT_THAT(walk(Url("/top")), UnorderedElementsAre("/top/before", "/top/before/file", "/top/locked",
+                                                        "/top/zlast", "/top/zlast/file"));
+    EXPECT_THAT(walk(Url("/top/locked")), IsEmpty());
+    EXPECT_EQ(allocatedSize(fileSystem, Url("/top")), 2 * allocatedSize(fileSystem, Url("/top/before/file")));
+    EXPECT_FALSE(fileSystem.readFile(Url("/top/locked/file"), 100));
+}
+
+TEST_F(LinuxDirectoryWalkTest, everyEntryOfALargeFolderIsListedOnceUntilTheProgramQuits)
+{
+    constexpr int count = 20'000;
+    disk.file("/top/0");
+    for (int i = 1; i < count; ++i)
+        std::filesystem::create_hard_link(disk.host("/top/0"), disk.host("/top/" + QByteArray::number(i)));
+    auto paths = walk(Url("/top"));
+    std::ranges::sort(paths);
+    EXPECT_THAT(paths, SizeIs(count));
+    EXPECT_EQ(std::ranges::adjacent_find(paths), paths.end());
+
+    const auto walkThatIsStopped = [&] { return walk(Url("/top"), [&](auto &) { stop.request_stop(); }); };
+    EXPECT_THAT(walkThatIsStopped(), SizeIs(1));
+    EXPECT_THAT(walkThatIsStopped(), IsEmpty());
+}
