@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFuture>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <csignal>
+#include <gtest/gtest.h>
+
+/// A message bus of the test's own: a real dbus-daemon on an address of its own, which starts the services that it
+/// is given. It ends with the object.
+class TestBus
+{
+public:
+    TestBus()
+    {
+        QDir(m_folder.path()).mkdir("services");
+        write(
+            "bus.conf",
+            QStringLiteral("<busconfig><type>session</type><listen>%1</listen><servicedir>%2/services</servicedir>"
+                           "<policy context=\"default\"><allow send_destination=\"*\"/><allow own=\"*\"/>"
+                           "<allow receive_sender=\"*\"/></policy></busconfig>")
+                .arg(address(), m_folder.path()));
+        m_daemon.start("dbus-daemon",
+                       {"--config-file=" + m_folder.filePath("bus.conf"), "--nofork", "--print-address"});
+        EXPECT_TRUE(m_daemon.waitForReadyRead()) << "dbus-daemon does not start";
+    }
+    ~TestBus() { kill(); }
+
+    QString address() const { return "unix:path=" + m_folder.filePath("bus"); }
+
+    /// Lets the bus start `command` when `name` is called.
+    void addService(const QString &name, const QString &command)
+    {
+        write("services/" + name + ".service",
+              QStringLiteral("[D-BUS Service]\nName=%1\nExec=%2\n").arg(name, command));
+    }
+
+    /// The bus stays as it is, but does not answer.
+    void freeze() { ::kill(static_cast<pid_t>(m_daemon.processId()), SIGSTOP); }
+
+    void kill()
+    {
+        m_daemon.kill();
+        m_daemon.waitForFinished();
+    }
+
+private:
+    void write(const QString &name, const QString &content)
+    {
+        QFile file(m_folder.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content.toUtf8());
+    }
+
+    QTemporaryDir m_folder;
+    QProcess m_daemon;
+};
+
+/// What `future` brings, waited for in an event loop.
+template <typename Result> Result waitFor(const QFuture<Result> &future)
+{
+    while (!future.isFinished())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    return future.result();
+}
