@@ -1,0 +1,10 @@
+#pragma once
+
+#include "BackgroundPriority.h"
+
+/// Gives way by the nice value and the disk priority of the one thread; never raises either.
+class LinuxBackgroundPriority final : public BackgroundPriority
+{
+public:
+    void apply(TaskPriority priority) const override;
+};
