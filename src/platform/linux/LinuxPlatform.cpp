@@ -1,0 +1,52 @@
+#include "LinuxPlatform.h"
+
+#include <QLocale>
+
+#include <pwd.h>
+#include <unistd.h>
+
+namespace {
+
+/// The address of the disk's own system bus; empty, which stands for the computer's, on the computer's own disk.
+QString systemBusOf(const DiskRoot &root)
+{
+    if (root.prefix().isEmpty())
+        return {};
+    const auto socket = root.hostPath(Url("/run/dbus/system_bus_socket"));
+    return QStringLiteral("unix:path=") + QString::fromLatin1(socket.toPercentEncoding("/"));
+}
+
+} // namespace
+
+LinuxPlatform::LinuxPlatform(FolderChooser &folderChooser, const std::stop_token &stop)
+    : LinuxPlatform(DiskRoot(), userHome(), folderChooser, stop)
+{
+}
+
+LinuxPlatform::LinuxPlatform(const DiskRoot &root, const Url &home, FolderChooser &folderChooser,
+                             const std::stop_token &stop)
+    : m_fileSystem(root, home, stop), m_bundleReader(m_fileSystem, QLocale::system().uiLanguages()),
+      m_codeSignature(m_fileSystem), m_applicationRegistry(root, m_fileSystem, m_bundleReader),
+      m_workspace(root, m_fileSystem),
+      m_helperService(systemBusOf(root)), m_services{
+                                              .fileSystem = m_fileSystem,
+                                              .bundleReader = m_bundleReader,
+                                              .codeSignature = m_codeSignature,
+                                              .applicationRegistry = m_applicationRegistry,
+                                              .systemFacts = m_systemFacts,
+                                              .backgroundPriority = m_backgroundPriority,
+                                              .workspace = m_workspace,
+                                              .helperService = m_helperService,
+                                              .folderChooser = folderChooser,
+                                          }
+{
+}
+
+Url LinuxPlatform::userHome()
+{
+    const auto home = qgetenv("HOME");
+    if (home.startsWith('/'))
+        return Url(home);
+    const auto *account = getpwuid(getuid());
+    return Url(account ? account->pw_dir : "/");
+}
