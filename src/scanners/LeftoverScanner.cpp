@@ -21,16 +21,31 @@ struct LeftoverFolder
     QStringView suffix;
 };
 
+// clang-format off
 constexpr LeftoverFolder leftoverFolders[] = {
-    {"Caches", {}},       {"Containers", {}}, {"Saved Application State", u".savedState"},
-    {"HTTPStorages", {}}, {"WebKit", {}},
+    {"Caches",                  {}},
+    {"Containers",              {}},
+    {"Saved Application State", u".savedState"},
+    {"HTTPStorages",            {}},
+    {"WebKit",                  {}},
 };
 
 // In the Library.
 constexpr const char *searchFolders[] = {
-    "Application Support",     "Caches", "Containers",   "Group Containers", "Preferences",  "Logs",
-    "Saved Application State", "WebKit", "HTTPStorages", "Cookies",          "LaunchAgents", "Application Scripts",
+    "Application Support",
+    "Caches",
+    "Containers",
+    "Group Containers",
+    "Preferences",
+    "Logs",
+    "Saved Application State",
+    "WebKit",
+    "HTTPStorages",
+    "Cookies",
+    "LaunchAgents",
+    "Application Scripts",
 };
+// clang-format on
 
 // How far below a search folder a name is compared.
 constexpr int deepestSearchedLevel = 6;
