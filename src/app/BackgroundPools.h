@@ -18,8 +18,9 @@ public:
     /// Calls `function(arguments...)` on another thread, with copies of the arguments. What it is given by pointer
     /// or reference has to outlive the pools.
     ///
-    /// Name the future on a line of its own and await it on the next: the compiler that we support destroys the
-    /// temporaries of an awaiting expression twice.
+    /// Await the future, never block on it: Qt would run work that has not begun on the thread that waits, and
+    /// lower that thread. Name the future on a line of its own and await it on the next: the compiler that we
+    /// support destroys the temporaries of an awaiting expression twice.
     template <typename Function, typename... Arguments>
     auto runInBackground(TaskPriority priority, Function function, Arguments &&...arguments)
     {

@@ -1,0 +1,107 @@
+#include "ListModel.h"
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+
+#include <gmock/gmock.h>
+
+namespace {
+
+class ListModelTest : public testing::Test
+{
+protected:
+    ListModel<ScanItem> model;
+    // Fails the test when the model breaks the rules that views rely on.
+    QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
+    QSignalSpy resets{&model, &QAbstractItemModel::modelReset};
+    QSignalSpy removals{&model, &QAbstractItemModel::rowsRemoved};
+    QSignalSpy changes{&model, &ListModelBase::changed};
+
+    /// Item i has i bytes; every third one is selected.
+    static QList<ScanItem> items(qint64 count)
+    {
+        QList<ScanItem> list;
+        for (qint64 i = 0; i < count; ++i)
+            list.append({Url("/Users/me/Library/Logs") / QByteArray::number(i), ScanItemKind::log,
+                         ScanConfidence::probable, i, i % 3 == 0});
+        return list;
+    }
+
+    QVariant at(int row, int role) const { return model.data(model.index(row), role); }
+};
+
+} // namespace
+
+TEST_F(ListModelTest, sumsFollowEveryChange)
+{
+    model.replace(items(6));
+    EXPECT_EQ(model.totalBytes(), 15);
+    EXPECT_EQ(model.selectedBytes(), 3);
+    EXPECT_EQ(model.selectedCount(), 2);
+
+    model.setSelected(5, true);
+    EXPECT_TRUE(model.setData(model.index(0), false, ListModelBase::isSelectedRole));
+    EXPECT_EQ(model.selectedBytes(), 8);
+    EXPECT_EQ(model.selectedCount(), 2);
+
+    model.removeIf([](const ScanItem &item) { return item.sizeBytes == 5; });
+    EXPECT_EQ(model.totalBytes(), 10);
+    EXPECT_EQ(model.selectedBytes(), 3);
+    EXPECT_EQ(changes.count(), 4);
+
+    model.clear();
+    EXPECT_EQ(model.totalBytes() + model.selectedBytes() + model.selectedCount(), 0);
+}
+
+TEST_F(ListModelTest, tickingWhatIsTickedOrNotThereChangesNothing)
+{
+    model.replace(items(2));
+    model.clear();
+    model.clear();
+    EXPECT_EQ(changes.count(), 2);
+    model.replace(items(2));
+    changes.clear();
+    model.setSelected(0, true);
+    model.setSelected(-1, true);
+    model.setSelected(2, true);
+    EXPECT_FALSE(model.setData(model.index(1), true, ListModelBase::nameRole));
+    EXPECT_EQ(changes.count(), 0);
+
+    ListModel<MediaFile> files;
+    files.replace({{Url("/a.mov"), MediaCategory::video, 7}});
+    files.setSelected(0, true);
+    EXPECT_EQ(files.selectedCount(), 0);
+}
+
+TEST_F(ListModelTest, viewsKeepTheirPlaceWhenSomeRowsGo)
+{
+    model.replace(items(100));
+    resets.clear();
+    const QPersistentModelIndex place = model.index(50);
+    model.removeIf([](const ScanItem &item) { return item.sizeBytes < 20 || item.sizeBytes == 60; });
+    EXPECT_EQ(removals.count(), 2);
+    EXPECT_EQ(resets.count(), 0);
+    EXPECT_EQ(place.row(), 30);
+    EXPECT_EQ(place.data(ListModelBase::nameRole), QStringLiteral("50"));
+
+    // Every second of many thousand rows: no view should be told of each.
+    model.replace(items(20'000));
+    resets.clear();
+    removals.clear();
+    model.removeIf([](const ScanItem &item) { return item.sizeBytes % 2 == 0; });
+    EXPECT_EQ(model.count(), 10'000);
+    EXPECT_EQ(resets.count() + removals.count(), 1);
+}
+
+TEST_F(ListModelTest, rowsShowTheirFileAndKeepItsBytesInTheUri)
+{
+    model.replace(
+        {{Url("/Users/me/Library/Caches/a b\xff"), ScanItemKind::cache, ScanConfidence::exact, 12'000, true}});
+    EXPECT_EQ(at(0, ListModelBase::nameRole), QStringLiteral("a b\ufffd"));
+    EXPECT_EQ(at(0, ListModelBase::uriRole), QStringLiteral("file:///Users/me/Library/Caches/a%20b%FF"));
+    EXPECT_EQ(at(0, ListModelBase::sizeTextRole), QStringLiteral("12 KB"));
+    EXPECT_EQ(at(0, ListModelBase::symbolRole), QStringLiteral("archivebox"));
+    EXPECT_EQ(at(0, ListModelBase::tintRole), QStringLiteral("teal"));
+    EXPECT_EQ(at(0, ListModelBase::isSelectedRole), true);
+    EXPECT_FALSE(at(0, ListModelBase::isSystemApplicationRole).isValid());
+}
