@@ -1,0 +1,111 @@
+#include "LinuxAppearance.h"
+
+#include "TestBus.h"
+
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QDBusVirtualObject>
+#include <QElapsedTimer>
+
+namespace {
+
+/// A settings portal that answers as portals do: with a variant in a variant.
+class FakePortal : public QDBusVirtualObject
+{
+public:
+    explicit FakePortal(const QString &address) : m_bus(QDBusConnection::connectToBus(address, "portal"))
+    {
+        EXPECT_TRUE(m_bus.registerVirtualObject("/org/freedesktop/portal/desktop", this));
+        EXPECT_TRUE(m_bus.registerService("org.freedesktop.portal.Desktop"));
+    }
+    ~FakePortal() override { QDBusConnection::disconnectFromBus("portal"); }
+
+    QString introspect(const QString &) const override { return {}; }
+
+    bool handleMessage(const QDBusMessage &request, const QDBusConnection &bus) override
+    {
+        const QVariantList colorScheme{"org.freedesktop.appearance", "color-scheme"};
+        if (request.member() != QLatin1String("Read") || request.arguments() != colorScheme)
+            return false;
+        ++readCount;
+        const auto inner = QVariant::fromValue(QDBusVariant(scheme));
+        return bus.send(request.createReply(QVariant::fromValue(QDBusVariant(inner))));
+    }
+
+    void change(const QString &group, const QString &key, const QVariant &value)
+    {
+        auto signal = QDBusMessage::createSignal("/org/freedesktop/portal/desktop",
+                                                 "org.freedesktop.portal.Settings", "SettingChanged");
+        signal.setArguments({group, key, QVariant::fromValue(QDBusVariant(value))});
+        m_bus.send(signal);
+    }
+
+    QVariant scheme = 0U;
+    int readCount = 0;
+
+private:
+    QDBusConnection m_bus;
+};
+
+class LinuxAppearanceTest : public testing::Test
+{
+protected:
+    template <typename Condition> static bool comesTrue(Condition condition)
+    {
+        QElapsedTimer clock;
+        clock.start();
+        while (!condition() && clock.elapsed() < 10'000)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        return condition();
+    }
+
+    TestBus bus;
+};
+
+TEST_F(LinuxAppearanceTest, followsTheDesktop)
+{
+    FakePortal portal(bus.address());
+    portal.scheme = 1U;
+    const LinuxAppearance appearance(bus.address());
+    int changes = 0;
+    QObject::connect(&appearance, &Appearance::changed, [&] { ++changes; });
+    EXPECT_FALSE(appearance.isDark()) << "the portal is not waited for";
+    EXPECT_TRUE(comesTrue([&] { return appearance.isDark(); }));
+
+    // Only the last of these is a change: the ones before are of another setting or say the same.
+    portal.change("org.freedesktop.appearance", "contrast", 0U);
+    portal.change("org.example", "color-scheme", 2U);
+    portal.change("org.freedesktop.appearance", "color-scheme", 1U);
+    EXPECT_EQ(changes, 1);
+    portal.change("org.freedesktop.appearance", "color-scheme", 2U);
+    EXPECT_TRUE(comesTrue([&] { return !appearance.isDark(); }));
+    EXPECT_EQ(changes, 2);
+    portal.change("org.freedesktop.appearance", "color-scheme", 1U);
+    EXPECT_TRUE(comesTrue([&] { return appearance.isDark(); }));
+}
+
+TEST_F(LinuxAppearanceTest, anAnswerOfAnotherTypeIsLight)
+{
+    FakePortal portal(bus.address());
+    portal.scheme = "dark";
+    const LinuxAppearance appearance(bus.address());
+    EXPECT_TRUE(comesTrue([&] { return portal.readCount == 1; }));
+    portal.change("org.freedesktop.appearance", "color-scheme", 1U);
+    EXPECT_TRUE(comesTrue([&] { return appearance.isDark(); }));
+    portal.change("org.freedesktop.appearance", "color-scheme", "dark");
+    EXPECT_TRUE(comesTrue([&] { return !appearance.isDark(); }));
+}
+
+TEST_F(LinuxAppearanceTest, withoutAPortalOrABusItIsLight)
+{
+    const LinuxAppearance appearance(bus.address());
+    EXPECT_FALSE(LinuxAppearance("unix:path=/nowhere").isDark());
+
+    // A portal that comes later is heard.
+    FakePortal portal(bus.address());
+    EXPECT_FALSE(appearance.isDark());
+    portal.change("org.freedesktop.appearance", "color-scheme", 1U);
+    EXPECT_TRUE(comesTrue([&] { return appearance.isDark(); }));
+}
+
+} // namespace
