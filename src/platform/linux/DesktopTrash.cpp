@@ -3,9 +3,12 @@
 #include "TrashedItemFinder.h"
 
 #include <algorithm>
+#include <fcntl.h>
 #include <gio/gio.h>
 #include <iterator>
 #include <memory>
+#include <stdio.h>
+#include <unistd.h>
 
 namespace {
 
@@ -36,6 +39,15 @@ bool liesInside(const QByteArray &folder, const QByteArray &disk)
     return disk.isEmpty() || folder == disk || folder.startsWith(disk + '/');
 }
 
+// Gives up on an item that could never be put back: it goes back at once, and its useless record with it.
+TrashMove putBack(const TrashedItem &item, const QByteArray &path)
+{
+    if (renameat2(AT_FDCWD, item.place.constData(), AT_FDCWD, path.constData(), RENAME_NOREPLACE) != 0)
+        return {std::nullopt, item.place};
+    unlink(item.record.constData());
+    return {TrashFailure::originIsNotRecorded, std::nullopt};
+}
+
 } // namespace
 
 TrashMove moveToDesktopTrash(const QByteArray &path, const QByteArray &disk)
@@ -54,5 +66,9 @@ TrashMove moveToDesktopTrash(const QByteArray &path, const QByteArray &disk)
     const std::unique_ptr<GError, decltype(&g_error_free)> error(rawError, &g_error_free);
     if (error)
         return {failureOf(error.get()), std::nullopt};
-    return {std::nullopt, finder.find()};
+    // GIO moves an item even where it could not write the record, on a full disk or for a very long name.
+    const auto item = finder.find();
+    if (item && !item->isRecorded)
+        return putBack(*item, path);
+    return {std::nullopt, item ? std::optional(item->place) : std::nullopt};
 }

@@ -32,6 +32,9 @@ constexpr Row reasons[] = {
      "ponieważ jest używany. Zamknij programy, które z niego korzystają, i spróbuj ponownie.",
      "because it is in use. Quit the programs that use it and try again."},
     {TrashFailure::itemIsOutsideOfDisk, "ponieważ leży poza tym dyskiem.", "because it is not on this disk."},
+    {TrashFailure::originIsNotRecorded,
+     "ponieważ Kosz nie zapisał, skąd pochodzi: dysk jest pełny albo nazwa za długa.",
+     "because the Trash could not note where it came from: the disk is full or the name is too long."},
     {TrashFailure::other, "ponieważ Kosz go nie przyjął.", "because the Trash didn't accept it."},
 };
 

@@ -14,6 +14,7 @@ enum class TrashFailure {
     nameIsTooLong,
     itemIsInUse,
     itemIsOutsideOfDisk,
+    originIsNotRecorded,
     other,
 };
 

@@ -75,13 +75,13 @@ TrashedItemFinder::TrashedItemFinder(const QByteArray &path)
     }
 }
 
-std::optional<QByteArray> TrashedItemFinder::find() const
+std::optional<TrashedItem> TrashedItemFinder::find() const
 {
     if (!m_realFolder || m_inode == 0)
         return std::nullopt;
     for (const auto &trash : trashes()) {
-        if (const auto place = findIn(trash))
-            return place;
+        if (const auto item = findIn(trash))
+            return item;
     }
     return std::nullopt;
 }
@@ -99,21 +99,21 @@ QList<TrashedItemFinder::Trash> TrashedItemFinder::trashes() const
     };
 }
 
-std::optional<QByteArray> TrashedItemFinder::findIn(const Trash &trash) const
+std::optional<TrashedItem> TrashedItemFinder::findIn(const Trash &trash) const
 {
     const auto files = trash.folder + "/files/";
-    const auto holdsItAs = [&](const QByteArray &name) {
-        return isTheItem(files + name) && recordNamesTheItem(trash, name);
+    const auto found = [&](const QByteArray &name) {
+        const auto record = trash.folder + "/info/" + name + ".trashinfo";
+        return TrashedItem{files + name, record, namesTheItem(record, trash.base)};
     };
     // Nearly always it keeps its name; a full Trash is searched only for one that had to get another.
-    if (holdsItAs(m_name))
-        return files + m_name;
+    if (isTheItem(files + m_name))
+        return found(m_name);
 
     const std::unique_ptr<DIR, CloseFolder> listing(opendir(files.constData()));
     while (const auto *entry = listing ? readdir(listing.get()) : nullptr) {
-        const QByteArray name(entry->d_name);
-        if (holdsItAs(name))
-            return files + name;
+        if (const QByteArray name(entry->d_name); isTheItem(files + name))
+            return found(name);
     }
     return std::nullopt;
 }
@@ -124,11 +124,11 @@ bool TrashedItemFinder::isTheItem(const QByteArray &path) const
     return lstat(path.constData(), &item) == 0 && item.st_dev == m_device && item.st_ino == m_inode;
 }
 
-bool TrashedItemFinder::recordNamesTheItem(const Trash &trash, const QByteArray &name) const
+bool TrashedItemFinder::namesTheItem(const QByteArray &record, const QByteArray &base) const
 {
-    const auto recorded = recordedPath(trash.folder + "/info/" + name + ".trashinfo");
+    const auto recorded = recordedPath(record);
     if (!recorded)
         return false;
-    const auto path = recorded->startsWith('/') ? *recorded : trash.base + '/' + *recorded;
+    const auto path = recorded->startsWith('/') ? *recorded : base + '/' + *recorded;
     return nameOf(path) == m_name && realPath(folderOf(path)) == m_realFolder;
 }

@@ -6,8 +6,18 @@
 #include <optional>
 #include <sys/types.h>
 
-/// Finds an item in the Trash by the Trash's own record of it, which is the proof that it is there. Made before
-/// the move, to know the item again; asked after it. All paths are this computer's. Blocks; one thread at a time.
+/// An item in the Trash. Both paths are this computer's.
+struct TrashedItem
+{
+    QByteArray place;
+    /// The file in which the Trash notes where the item came from.
+    QByteArray record;
+    /// Whether it does so: without that, nothing can put the item back.
+    bool isRecorded;
+};
+
+/// Finds an item again in the Trash, since nothing says where it went. Made before the move, to recognise the
+/// item; asked after it. All paths are this computer's. Blocks; one thread at a time.
 class TrashedItemFinder
 {
 public:
@@ -17,9 +27,8 @@ public:
     /// The folder that holds the item, all links resolved; absent when there is none.
     const std::optional<QByteArray> &realFolder() const { return m_realFolder; }
 
-    /// Where the item is in the Trash. Absent when no Trash has both the very item and a record that it came from
-    /// its path.
-    std::optional<QByteArray> find() const;
+    /// The very item in the Trash; absent when it is in none.
+    std::optional<TrashedItem> find() const;
 
 private:
     struct Trash
@@ -30,9 +39,9 @@ private:
     };
 
     QList<Trash> trashes() const;
-    std::optional<QByteArray> findIn(const Trash &trash) const;
+    std::optional<TrashedItem> findIn(const Trash &trash) const;
     bool isTheItem(const QByteArray &path) const;
-    bool recordNamesTheItem(const Trash &trash, const QByteArray &name) const;
+    bool namesTheItem(const QByteArray &record, const QByteArray &base) const;
 
     QByteArray m_name;
     std::optional<QByteArray> m_realFolder;
