@@ -1,0 +1,52 @@
+#pragma once
+
+#include "Url.h"
+
+#include <QList>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <map>
+#include <string>
+#include <sys/types.h>
+#include <vector>
+
+/// A home folder with a Trash of its own, and processes that use it.
+class TrashSandbox
+{
+public:
+    /// Made inside of `folder`; beside the test program when it is empty, since that is no disk in memory.
+    explicit TrashSandbox(const QString &folder = {});
+    ~TrashSandbox();
+    Q_DISABLE_COPY_MOVE(TrashSandbox)
+
+    /// Folder and Trash on this computer.
+    QByteArray home() const { return m_home; }
+    QByteArray trash() const { return m_home + "/.local/share/Trash"; }
+    /// A path in the home folder as a location on a disk without a prefix.
+    Url url(const QByteArray &path) const { return Url(m_home + '/' + path); }
+
+    /// Makes a file of these bytes, with the folders above it.
+    Url file(const QByteArray &path, const QByteArray &content = "content") const;
+
+    /// Everything below `path`: from its path to its type, mode, and a file's time of change and content or a
+    /// link's target. Names and contents are bytes.
+    std::map<std::string, std::string> snapshot(const QByteArray &path) const;
+
+    /// What programs started by `start` and `run` see, and whom they run as.
+    QProcessEnvironment environment;
+    uid_t user = 0;
+
+    void start(QProcess &process, const QString &program, const QStringList &arguments = {}) const;
+    /// Everything that the program writes when it is given `input`; it has to succeed.
+    QByteArray run(const QString &program, const QStringList &arguments, const QByteArray &input = {}) const;
+
+    /// Has the items moved to the Trash one after another; one answer an item, as `WorkspaceSession` words it.
+    std::vector<std::string> recycle(const QList<Url> &items, const QByteArray &disk = {}) const;
+    static QString session();
+    static QByteArray lines(const QList<Url> &items);
+
+private:
+    QTemporaryDir m_folder;
+    QByteArray m_home;
+};

@@ -1,0 +1,34 @@
+#include "DiskRoot.h"
+#include "InMemoryFileSystem.h"
+#include "LinuxWorkspace.h"
+
+#include <QCoreApplication>
+
+#include <iostream>
+#include <string>
+
+// A process of its own for the tests of LinuxWorkspace, since GLib looks only once where the Trash is. Moves the
+// items whose URIs it reads, one a line, to the Trash, and writes one line for each: "moved" and the URI in the
+// Trash, "failed" and the reason, or "unknown". With "reveal" as its second argument it reveals them instead. The
+// first argument is the folder that stands for the disk, or empty.
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    const InMemoryFileSystem fileSystem;
+    LinuxWorkspace workspace(DiskRoot(argv[1]), fileSystem);
+    for (std::string line; std::getline(std::cin, line);) {
+        const auto item = Url::fromUri(line).value_or(Url());
+        if (argc > 2) {
+            workspace.reveal(item);
+            continue;
+        }
+        const auto answer = workspace.recycle(item).result();
+        if (answer.error)
+            std::cout << "failed " << answer.error->toStdString() << std::endl;
+        else if (answer.movedItems.contains(item))
+            std::cout << "moved " << answer.movedItems[item].toUri().toStdString() << std::endl;
+        else
+            std::cout << "unknown" << std::endl;
+    }
+    return argc > 2 ? QCoreApplication::exec() : 0;
+}
