@@ -9,8 +9,8 @@
 
 // A process of its own for the tests of LinuxWorkspace, since GLib looks only once where the Trash is. Moves the
 // items whose URIs it reads, one a line, to the Trash, and writes one line for each: "moved" and the URI in the
-// Trash, "failed" and the reason, or "unknown". With "reveal" as its second argument it reveals them instead. The
-// first argument is the folder that stands for the disk, or empty.
+// Trash, "failed" and the reason, or "unknown". With "reveal" as its second argument it reveals them instead,
+// writes "asked" for each, and stays. The first argument is the folder that stands for the disk, or empty.
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
@@ -20,6 +20,7 @@ int main(int argc, char **argv)
         const auto item = Url::fromUri(line).value_or(Url());
         if (argc > 2) {
             workspace.reveal(item);
+            std::cout << "asked" << std::endl;
             continue;
         }
         const auto answer = workspace.recycle(item).result();
