@@ -1,0 +1,75 @@
+#include "BenchDisk.h"
+
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <unistd.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char *extensions[] = {"jpg", "txt", "pdf", "docx", "odt", "plist", "db", "json", "js", "dat"};
+
+void makeFile(const fs::path &path, off_t size)
+{
+    const int file = open(path.c_str(), O_CREAT | O_WRONLY | O_CLOEXEC, 0644);
+    if (file < 0 || (size > 0 && posix_fallocate(file, 0, size) != 0))
+        qFatal("%s cannot be made", path.c_str());
+    close(file);
+}
+
+} // namespace
+
+BenchDisk::BenchDisk(const QByteArray &folder) : m_tree(folder + "/tree"), m_applications(folder + "/applications")
+{
+    // A name is given when all is there, so that what was broken off is made anew.
+    for (const auto &[root, make] :
+         {std::pair(&m_tree, &BenchDisk::makeTree), std::pair(&m_applications, &BenchDisk::makeApplications)}) {
+        const fs::path done = root->prefix().toStdString() + ".done";
+        if (fs::exists(done))
+            continue;
+        fs::remove_all(root->prefix().toStdString());
+        (this->*make)();
+        makeFile(done, 0);
+    }
+}
+
+void BenchDisk::makeTree() const
+{
+    for (int folder = 0; folder < 50 * 10 * 10; ++folder) {
+        const auto path = fs::path(treePath().toStdString()) / ("com.example.tool" + std::to_string(folder / 100))
+                          / ("part " + std::to_string(folder / 10 % 10)) / std::to_string(folder % 10);
+        fs::create_directories(path);
+        for (int file = 0; file < 30; ++file)
+            makeFile(path / ("item " + std::to_string(file) + '.' + extensions[file % 10]),
+                     file % 10 == 5 ? 4096 : 0);
+    }
+}
+
+void BenchDisk::makeApplications() const
+{
+    for (int i = 0; i < itemCount; ++i) {
+        const auto name = "Tool " + std::to_string(i);
+        const fs::path contents =
+            m_applications.hostPath(Url("/Applications")).toStdString() + '/' + name + ".app/Contents";
+        fs::create_directories(contents / "MacOS");
+        fs::create_directories(contents / "Resources");
+        makeFile(contents / "MacOS/main", 4096);
+        for (int file = 0; file < 10; ++file)
+            makeFile(contents / "Resources" / (std::to_string(file) + ".png"), 4096);
+        std::ofstream(contents / "Info.plist")
+            << R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict><key>CFBundleIdentifier</key>)"
+            << "<string>com.example.tool" << i << "</string><key>CFBundleName</key><string>" << name
+            << "</string><key>CFBundleExecutable</key><string>main</string></dict></plist>";
+    }
+}
+
+void BenchDisk::restoreLargeCaches() const
+{
+    const fs::path library = m_applications.hostPath(home() / "Library").toStdString();
+    fs::remove_all(m_applications.hostPath(home() / ".local").toStdString());
+    fs::create_directories(library / "Caches");
+    for (int i = 0; i < itemCount; ++i)
+        makeFile(library / "Caches" / ("org.example.cache" + std::to_string(i)), 1024 * 1024 + 4096);
+}

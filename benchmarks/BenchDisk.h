@@ -1,0 +1,34 @@
+#pragma once
+
+#include "DiskRoot.h"
+
+/// Two disks in a folder, made when they are not there yet.
+///
+/// The first one's user has 150,000 files in 50 caches: per cache 10 × 10 folders of 30 files, a tenth of them
+/// media, four tenths documents. The second one has 200 applications of 12 files and, made anew each time, 200
+/// large caches.
+class BenchDisk
+{
+public:
+    static constexpr int fileCount = 150'000;
+    static constexpr int itemCount = 200;
+
+    explicit BenchDisk(const QByteArray &folder);
+
+    const DiskRoot &tree() const { return m_tree; }
+    const DiskRoot &applications() const { return m_applications; }
+    static Url home() { return Url("/Users/me"); }
+    static Url caches() { return Url("/Users/me/Library/Caches"); }
+    /// The host path of the caches with the 150,000 files.
+    QByteArray treePath() const { return m_tree.hostPath(caches()); }
+
+    /// Puts the large caches in place again and empties the second disk's Trash.
+    void restoreLargeCaches() const;
+
+private:
+    void makeTree() const;
+    void makeApplications() const;
+
+    DiskRoot m_tree;
+    DiskRoot m_applications;
+};

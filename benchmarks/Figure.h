@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+#include <vector>
+
+class BenchDisk;
+
+/// One line of the budget table.
+struct Figure
+{
+    QString what;
+    /// Worded for people, with its unit.
+    QString measured;
+    /// Empty where there is none.
+    QString budget;
+    bool isMet = true;
+};
+
+/// Each in the file of its name.
+std::vector<Figure> sizeWalk(const BenchDisk &disk);
+std::vector<Figure> mediaScan(const BenchDisk &disk);
+std::vector<Figure> nameSearch(const BenchDisk &disk);
+std::vector<Figure> libraryScans(const BenchDisk &disk);
+std::vector<Figure> resultMemory(const BenchDisk &disk);
+std::vector<Figure> bundlesAndRemoval(const BenchDisk &disk);
