@@ -11,6 +11,8 @@
 /// but for `AppLanguage`; raw values double as parts of text keys.
 namespace Tarnvale {
 Q_NAMESPACE
+// In QML a case is named with its enumeration: screens and scopes share names.
+Q_CLASSINFO("RegisterEnumClassesUnscoped", "false")
 
 /// Selects the column of the text table. Raw values: "PL", "EN".
 enum class AppLanguage { polish, english };

@@ -16,6 +16,7 @@ class Url
     Q_GADGET
     Q_PROPERTY(QString path READ displayPath)
     Q_PROPERTY(QString name READ displayName)
+    Q_PROPERTY(QString uri READ uri)
 
 public:
     /// Names nothing: the path is empty.
@@ -30,6 +31,7 @@ public:
 
     /// The file URI, every byte outside of RFC 3986's unreserved characters and "/" percent-encoded.
     QByteArray toUri() const;
+    QString uri() const { return QString::fromLatin1(toUri()); }
 
     const QByteArray &path() const { return m_path; }
     bool isEmpty() const { return m_path.isEmpty(); }
