@@ -1,0 +1,64 @@
+#include "FolderDialogChooser.h"
+
+#include <QGuiApplication>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickWindow>
+#include <QUrl>
+
+namespace {
+
+QQuickWindow *programWindow()
+{
+    for (auto *window : QGuiApplication::topLevelWindows()) {
+        if (auto *quickWindow = qobject_cast<QQuickWindow *>(window); quickWindow && qmlEngine(quickWindow))
+            return quickWindow;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+FolderDialogChooser::FolderDialogChooser(LocationMap onDisk) : m_onDisk(std::move(onDisk)) { }
+
+QFuture<std::optional<Url>> FolderDialogChooser::chooseFolder(const QString &title, const QString &prompt)
+{
+    auto *window = programWindow();
+    if (!window || m_dialog)
+        return QtFuture::makeReadyFuture(std::optional<Url>());
+
+    // Loaded when it is first needed: the dialogs' module is large.
+    QQmlComponent component(qmlEngine(window), QUrl(QStringLiteral("qrc:/qt/qml/Tarnvale/FolderPanel.qml")));
+    m_dialog.reset(component.createWithInitialProperties({
+        {QStringLiteral("title"), title},
+        {QStringLiteral("acceptLabel"), prompt},
+        {QStringLiteral("parentWindow"), QVariant::fromValue<QWindow *>(window)},
+    }));
+    connect(m_dialog.get(), SIGNAL(accepted()), this, SLOT(accept()));
+    connect(m_dialog.get(), SIGNAL(rejected()), this, SLOT(reject()));
+
+    m_promise = {};
+    m_promise.start();
+    QMetaObject::invokeMethod(m_dialog.get(), "open");
+    return m_promise.future();
+}
+
+void FolderDialogChooser::accept()
+{
+    const auto folder = m_dialog->property("selectedFolder").toUrl();
+    const auto host = Url::fromUri(folder.toEncoded());
+    answer(host ? m_onDisk(*host) : std::nullopt);
+}
+
+void FolderDialogChooser::reject()
+{
+    answer(std::nullopt);
+}
+
+void FolderDialogChooser::answer(const std::optional<Url> &folder)
+{
+    // Not deleted at once: it is the dialog that calls.
+    m_dialog.release()->deleteLater();
+    m_promise.addResult(folder);
+    m_promise.finish();
+}

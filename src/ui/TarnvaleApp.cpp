@@ -1,0 +1,65 @@
+#include "TarnvaleApp.h"
+
+#include "AppViewModel.h"
+#include "Appearance.h"
+#include "BundleIconProvider.h"
+#include "Platform.h"
+#include "ShadowProvider.h"
+#include "SymbolProvider.h"
+
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <QIcon>
+#include <QQmlApplicationEngine>
+#include <QQuickStyle>
+#include <QQuickWindow>
+
+// Written by the build: makes the QML module's C++ types known. A library that is linked statically has to be
+// asked.
+void qml_register_types_Tarnvale();
+
+namespace {
+
+void dressApplication()
+{
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarnvale"));
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/qt/qml/Tarnvale/icon.svg")));
+
+    auto font = QGuiApplication::font();
+    font.setFamilies({QStringLiteral("Inter"), font.family()});
+    QGuiApplication::setFont(font);
+    // Text is small: the desktop's own rasteriser draws it sharper than scaled outlines are.
+    QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
+    QQuickStyle::setStyle(QStringLiteral("Basic"));
+}
+
+} // namespace
+
+TarnvaleApp::TarnvaleApp(const Platform &platform, Appearance &appearance, LocationMap onDisk)
+    : m_viewModel(std::make_unique<AppViewModel>(platform)), m_engine(std::make_unique<QQmlApplicationEngine>())
+{
+    qml_register_types_Tarnvale();
+    dressApplication();
+    m_engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
+    m_engine->addImageProvider(QStringLiteral("bundles"),
+                               new BundleIconProvider(platform.workspace, platform.fileSystem));
+    m_engine->addImageProvider(QStringLiteral("shadows"), new ShadowProvider);
+    m_engine->addImageProvider(QStringLiteral("symbols"), new SymbolProvider);
+    HostLocations::of(*m_engine).onDisk = std::move(onDisk);
+
+    m_engine->setInitialProperties({
+        {QStringLiteral("viewModel"), QVariant::fromValue(m_viewModel.get())},
+        {QStringLiteral("appearance"), QVariant::fromValue(&appearance)},
+        {QStringLiteral("monospacedFamily"), QFontDatabase::systemFont(QFontDatabase::FixedFont).family()},
+    });
+    m_engine->load(QUrl(QStringLiteral("qrc:/qt/qml/Tarnvale/Main.qml")));
+    if (m_engine->rootObjects().isEmpty())
+        qFatal("the window cannot be made");
+}
+
+TarnvaleApp::~TarnvaleApp() = default;
+
+QQuickWindow &TarnvaleApp::window()
+{
+    return *qobject_cast<QQuickWindow *>(m_engine->rootObjects().constFirst());
+}

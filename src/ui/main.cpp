@@ -1,0 +1,26 @@
+#include "AppViewModel.h"
+#include "FolderDialogChooser.h"
+#include "LinuxAppearance.h"
+#include "LinuxPlatform.h"
+#include "TarnvaleApp.h"
+
+#include <QGuiApplication>
+
+int main(int argc, char **argv)
+{
+    QGuiApplication application(argc, argv);
+
+    // The computer's own disk, so what the desktop hands over is where it says.
+    const LocationMap sameLocation = [](const Url &location) { return std::optional(location); };
+    FolderDialogChooser folderChooser(sameLocation);
+    LinuxAppearance appearance;
+    std::stop_source stop;
+    LinuxPlatform platform(folderChooser, stop.get_token());
+    TarnvaleApp program(platform.services(), appearance, sameLocation);
+
+    const auto exitCode = QGuiApplication::exec();
+    // Nothing is awaited any more: a scan in progress ends early, a move in progress is finished.
+    stop.request_stop();
+    program.viewModel().waitForBackground();
+    return exitCode;
+}

@@ -1,0 +1,63 @@
+import QtQuick
+import QtQuick.Layouts
+import Tarnvale
+
+/// The application whose files are listed below.
+UtilityCard {
+    id: card
+
+    /// An InstalledApplication; undefined where there is none.
+    required property var application
+
+    padding: 14
+    implicitHeight: face.implicitHeight + 2 * padding
+
+    RowLayout {
+        id: face
+
+        anchors.fill: parent
+        spacing: 14
+
+        BundleIcon {
+            size: 48
+            uri: card.application?.url.uri ?? ""
+        }
+
+        ColumnLayout {
+            Layout.fillWidth: true
+            spacing: 3
+
+            PlainText {
+                Layout.fillWidth: true
+                text: card.application?.name ?? ""
+                font: Theme.title3
+                elide: Text.ElideMiddle
+                maximumLineCount: 1
+            }
+
+            PlainText {
+                Layout.fillWidth: true
+                text: card.application?.bundleIdentifier ?? ""
+                font: Theme.captionMonospaced
+                color: Theme.secondary
+                elide: Text.ElideMiddle
+                maximumLineCount: 1
+            }
+        }
+
+        ColumnLayout {
+            spacing: 5
+
+            LabelledText {
+                Layout.alignment: Qt.AlignRight
+                label: Texts.of("size")
+                value: Presentation.sizeText(card.application?.sizeBytes ?? 0)
+            }
+
+            SystemBadge {
+                Layout.alignment: Qt.AlignRight
+                visible: card.application?.isSystemApplication ?? false
+            }
+        }
+    }
+}

@@ -1,0 +1,99 @@
+import QtQuick
+import QtQuick.Layouts
+import Tarnvale
+
+/// The selected application, its scan, and what the scan found.
+Item {
+    id: detail
+
+    required property AppViewModel viewModel
+    readonly property var application: viewModel.selectedApplication
+
+    EmptyState {
+        anchors.fill: parent
+        visible: detail.application === undefined
+        title: Texts.of("applications_empty_title")
+        description: Texts.of("select_app")
+        systemImage: "app"
+    }
+
+    ColumnLayout {
+        anchors.fill: parent
+        visible: detail.application !== undefined
+        spacing: Theme.blockSpacing
+
+        RowLayout {
+            spacing: 14
+
+            BundleIcon {
+                Layout.alignment: Qt.AlignTop
+                size: 56
+                uri: detail.application?.url.uri ?? ""
+            }
+
+            ColumnLayout {
+                Layout.fillWidth: true
+                spacing: 3
+
+                PlainText {
+                    Layout.fillWidth: true
+                    text: detail.application?.name ?? ""
+                    font: Theme.detailTitle
+                    elide: Text.ElideRight
+                    maximumLineCount: 1
+                    Accessible.role: Accessible.Heading
+                }
+
+                PlainText {
+                    Layout.fillWidth: true
+                    text: detail.application?.bundleIdentifier ?? ""
+                    font: Theme.captionMonospaced
+                    color: Theme.secondary
+                    elide: Text.ElideMiddle
+                    maximumLineCount: 1
+                }
+            }
+        }
+
+        ColumnLayout {
+            spacing: Theme.small
+
+            LabelledText {
+                label: Texts.of("size")
+                value: Presentation.sizeText(detail.application?.sizeBytes ?? 0)
+            }
+
+            LabelledText {
+                Layout.fillWidth: true
+                label: Texts.of("path")
+                value: detail.application ? detail.application.fileName + " — " + detail.application.folder : ""
+            }
+        }
+
+        ProminentButton {
+            text: Texts.of("scan_related")
+            systemImage: "doc.text.magnifyingglass"
+            enabled: detail.viewModel.canScan
+            onClicked: detail.viewModel.scan(detail.application)
+        }
+
+        FileListView {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            visible: !items.isEmpty
+            viewModel: detail.viewModel
+            items: detail.viewModel.associatedItems
+            scope: Tarnvale.ScanScope.uninstaller
+            canDelete: detail.viewModel.canDeleteAssociatedItems
+        }
+
+        EmptyState {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            visible: detail.viewModel.associatedItems.isEmpty
+            title: Texts.of("no_files")
+            description: Texts.of("scan_related")
+            systemImage: "doc.text.magnifyingglass"
+        }
+    }
+}

@@ -1,0 +1,32 @@
+import QtQuick
+import Tarnvale
+
+/// The installed applications. Its selection is the state's: it never follows from rows that come and go.
+RowList {
+    id: list
+
+    required property AppViewModel viewModel
+
+    model: viewModel.applications
+    rowHeight: 50
+    currentIndex: viewModel.selectedApplicationRow
+    Accessible.name: Texts.of("applications")
+    onGoTo: row => viewModel.selectApplicationAt(row)
+
+    Connections {
+        function onSelectedApplicationRowChanged() {
+            list.positionViewAtIndex(list.viewModel.selectedApplicationRow, ListView.Contain);
+        }
+
+        target: list.viewModel
+    }
+
+    delegate: ApplicationRow {
+        selected: index === list.viewModel.selectedApplicationRow
+        hasKeyboard: list.activeFocus
+        onChosen: {
+            list.forceActiveFocus(Qt.MouseFocusReason);
+            list.viewModel.selectApplicationAt(index);
+        }
+    }
+}

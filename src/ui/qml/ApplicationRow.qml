@@ -1,0 +1,88 @@
+import QtQuick
+import QtQuick.Layouts
+import Tarnvale
+
+/// One installed application.
+Item {
+    id: row
+
+    required property int index
+    required property string name
+    required property string uri
+    required property string sizeText
+    required property bool isSystemApplication
+    required property bool selected
+    required property bool hasKeyboard
+
+    signal chosen
+
+    width: ListView.view.width
+    height: 50
+    Accessible.role: Accessible.ListItem
+    Accessible.name: name
+    Accessible.description: sizeText
+    Accessible.selectable: true
+    Accessible.selected: selected
+    Accessible.onPressAction: chosen()
+
+    ContinuousRectangle {
+        anchors {
+            fill: parent
+            rightMargin: Theme.medium
+        }
+        radius: Theme.rowRadius
+        color: row.selected ? Theme.accentWash : hover.hovered ? Theme.hoverWash : "transparent"
+        borderColor: row.selected ? (row.hasKeyboard ? Theme.focusRing : Theme.accentEdge) : "transparent"
+        borderWidth: row.hasKeyboard ? 2 : 1
+    }
+
+    RowLayout {
+        anchors {
+            fill: parent
+            leftMargin: Theme.regular
+            rightMargin: Theme.medium + 10
+        }
+        spacing: 10
+
+        BundleIcon {
+            size: 34
+            uri: row.uri
+        }
+
+        Column {
+            Layout.fillWidth: true
+            spacing: Theme.tight
+
+            PlainText {
+                width: parent.width
+                text: row.name
+                font: Theme.rowTitle
+                elide: Text.ElideRight
+                maximumLineCount: 1
+                Accessible.ignored: true
+            }
+
+            PlainText {
+                text: row.sizeText
+                font: Theme.caption
+                color: Theme.secondary
+                Accessible.ignored: true
+            }
+        }
+
+        Symbol {
+            visible: row.isSystemApplication
+            name: "lock.fill"
+            size: 10
+            color: Theme.secondary
+        }
+    }
+
+    HoverHandler {
+        id: hover
+    }
+
+    TapHandler {
+        onTapped: row.chosen()
+    }
+}

@@ -1,0 +1,71 @@
+import QtQuick
+import QtQuick.Layouts
+import Tarnvale
+
+/// Lists every installed application beside the one that is selected and what belongs to it.
+FocusScope {
+    id: view
+
+    required property AppViewModel viewModel
+
+    ColumnLayout {
+        anchors {
+            fill: parent
+            margins: Theme.screenPadding
+        }
+        spacing: Theme.blockSpacing
+
+        UtilityHeader {
+            Layout.fillWidth: true
+            title: Texts.of("applications")
+            systemImage: "app.badge"
+
+            ProminentButton {
+                focus: true
+                text: Texts.of("scan")
+                systemImage: "magnifyingglass"
+                enabled: view.viewModel.canScan
+                onClicked: view.viewModel.loadApplications(true)
+            }
+        }
+
+        EmptyState {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            visible: view.viewModel.applications.isEmpty
+            title: Texts.of("applications_not_scanned_title")
+            description: Texts.of("applications_not_scanned_help")
+            systemImage: "app.badge"
+
+            PushButton {
+                text: Texts.of("scan")
+                systemImage: "magnifyingglass"
+                enabled: view.viewModel.canScan
+                onClicked: view.viewModel.loadApplications(true)
+            }
+        }
+
+        RowLayout {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            visible: !view.viewModel.applications.isEmpty
+            spacing: Theme.large
+
+            ApplicationList {
+                Layout.preferredWidth: 236
+                Layout.fillHeight: true
+                viewModel: view.viewModel
+            }
+
+            Divider {
+                Layout.fillHeight: true
+            }
+
+            ApplicationDetail {
+                Layout.fillWidth: true
+                Layout.fillHeight: true
+                viewModel: view.viewModel
+            }
+        }
+    }
+}

@@ -1,0 +1,28 @@
+import QtQuick
+import Tarnvale
+
+/// Says that an operation runs.
+ContinuousRectangle {
+    required property string name
+
+    implicitWidth: spinner.implicitWidth + 2 * 8
+    implicitHeight: spinner.implicitHeight + 2 * 8
+    radius: Theme.rowRadius
+    color: Theme.plateMaterial
+    borderColor: Theme.hairline
+    borderWidth: 1
+
+    SoftShadow {
+        radius: Theme.rowRadius
+        blur: 8
+        offsetY: 2
+        opacity: Theme.plateShadowOpacity
+    }
+
+    Spinner {
+        id: spinner
+
+        anchors.centerIn: parent
+        Accessible.name: parent.name
+    }
+}

@@ -1,0 +1,52 @@
+import QtQuick
+import QtQuick.Layouts
+import Tarnvale
+
+/// Finds large caches and logs.
+FocusScope {
+    id: view
+
+    required property AppViewModel viewModel
+
+    ColumnLayout {
+        anchors {
+            fill: parent
+            margins: Theme.screenPadding
+        }
+        spacing: Theme.blockSpacing
+
+        UtilityHeader {
+            Layout.fillWidth: true
+            title: Texts.of("cleaner")
+            subtitle: Texts.of("scan_cleaner_help")
+            systemImage: "gauge.with.dots.needle.33percent"
+
+            ProminentButton {
+                focus: true
+                text: Texts.of("scan")
+                systemImage: "magnifyingglass"
+                enabled: view.viewModel.canScan
+                onClicked: view.viewModel.scanCleaner()
+            }
+        }
+
+        FileListView {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            visible: !items.isEmpty
+            viewModel: view.viewModel
+            items: view.viewModel.cleanerItems
+            scope: Tarnvale.ScanScope.cleaner
+            canDelete: view.viewModel.canDeleteCleanerItems
+        }
+
+        EmptyState {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            visible: view.viewModel.cleanerItems.isEmpty
+            title: Texts.of("cleaner_empty_title")
+            description: view.viewModel.statusMessage || Texts.of("scan_cleaner_help")
+            systemImage: "gauge.with.dots.needle.33percent"
+        }
+    }
+}

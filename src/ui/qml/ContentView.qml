@@ -1,0 +1,128 @@
+import QtQuick
+import QtQuick.Templates as T
+import Tarnvale
+
+/// The content of the window: the sidebar and, beside it, the screen of its selection.
+Item {
+    id: content
+
+    required property AppViewModel viewModel
+
+    /// In the order of SidebarSelection.
+    readonly property list<Component> screens: [
+        Component {
+            DashboardView {
+                viewModel: content.viewModel
+            }
+        },
+        Component {
+            UninstallerView {
+                viewModel: content.viewModel
+            }
+        },
+        Component {
+            ApplicationsView {
+                viewModel: content.viewModel
+            }
+        },
+        Component {
+            LeftoversView {
+                viewModel: content.viewModel
+            }
+        },
+        Component {
+            CleanerView {
+                viewModel: content.viewModel
+            }
+        },
+        Component {
+            MediaFinderView {
+                viewModel: content.viewModel
+            }
+        },
+        Component {
+            TextFileFinderView {
+                viewModel: content.viewModel
+            }
+        }
+    ]
+
+    T.SplitView {
+        anchors.fill: parent
+
+        handle: Item {
+            implicitWidth: 1
+
+            // Wide enough to take hold of, and above both columns.
+            containmentMask: Item {
+                x: -4
+                width: 9
+                height: content.height
+            }
+
+            Rectangle {
+                anchors.fill: parent
+                color: Theme.screenBackground
+            }
+
+            Divider {
+                anchors.fill: parent
+            }
+        }
+
+        SidebarView {
+            T.SplitView.minimumWidth: 230
+            T.SplitView.preferredWidth: 245
+            T.SplitView.maximumWidth: 280
+            viewModel: content.viewModel
+        }
+
+        Item {
+            T.SplitView.fillWidth: true
+
+            Rectangle {
+                anchors.fill: parent
+                color: Theme.screenBackground
+            }
+
+            Loader {
+                id: screen
+
+                anchors {
+                    left: parent.left
+                    right: parent.right
+                    top: parent.top
+                    bottom: statusBar.visible ? statusBar.top : parent.bottom
+                }
+                focus: true
+                sourceComponent: content.screens[content.viewModel.sidebarSelection]
+            }
+
+            BusyPlate {
+                anchors {
+                    horizontalCenter: parent.horizontalCenter
+                    top: parent.top
+                    topMargin: Theme.regular
+                }
+                visible: content.viewModel.isProcessing
+                name: content.viewModel.statusMessage
+            }
+
+            StatusBar {
+                id: statusBar
+
+                anchors {
+                    left: parent.left
+                    right: parent.right
+                    bottom: parent.bottom
+                }
+                visible: message !== "" && !content.viewModel.isProcessing
+                message: content.viewModel.statusMessage
+            }
+        }
+    }
+
+    Alerts {
+        viewModel: content.viewModel
+    }
+}

@@ -1,0 +1,7 @@
+/// The button for what takes something away.
+
+PushButton {
+    fill: Theme.destructiveFill
+    edge: "transparent"
+    ink: Theme.inkOnFill
+}

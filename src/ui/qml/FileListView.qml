@@ -1,0 +1,95 @@
+import QtQuick
+import QtQuick.Layouts
+import Tarnvale
+
+/// The found items of one scope: what they take, which are to go, and the button that asks for their removal.
+UtilityCard {
+    id: view
+
+    required property AppViewModel viewModel
+    required property ListModelBase items
+    required property int scope
+    required property bool canDelete
+
+    padding: 0
+
+    ColumnLayout {
+        anchors.fill: parent
+        spacing: 0
+
+        RowLayout {
+            Layout.fillWidth: true
+            Layout.margins: Theme.medium
+            spacing: 10
+
+            MetricPill {
+                Layout.fillWidth: true
+                Layout.maximumWidth: Theme.pillWidth
+                title: Texts.of("selected")
+                value: view.items.selectedSizeText
+                systemImage: "checkmark.circle"
+            }
+
+            MetricPill {
+                Layout.fillWidth: true
+                Layout.maximumWidth: Theme.pillWidth
+                title: Texts.of("items")
+                value: view.items.count
+                systemImage: "doc.on.doc"
+            }
+
+            MetricPill {
+                Layout.fillWidth: true
+                Layout.maximumWidth: Theme.pillWidth
+                title: Texts.of("size")
+                value: view.items.totalSizeText
+                systemImage: "internaldrive"
+            }
+
+            Item {
+                Layout.fillWidth: true
+            }
+        }
+
+        Divider {
+            Layout.fillWidth: true
+        }
+
+        RowList {
+            id: list
+
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            model: view.items
+            Accessible.name: Texts.of("items")
+            Keys.onSpacePressed: event => event.isAutoRepeat || (currentItem as FileRow)?.toggle()
+
+            delegate: FileRow {
+                onToggled: isOn => view.items.setSelected(index, isOn)
+            }
+        }
+
+        Divider {
+            Layout.fillWidth: true
+        }
+
+        RowLayout {
+            Layout.fillWidth: true
+            Layout.margins: Theme.medium
+            Layout.leftMargin: Theme.large
+
+            PlainText {
+                Layout.fillWidth: true
+                text: Texts.filled("selected_size", [view.items.selectedSizeText])
+                font: Theme.calloutSemibold
+            }
+
+            DestructiveButton {
+                text: Texts.of("delete_selected")
+                systemImage: "trash"
+                enabled: view.canDelete
+                onClicked: view.viewModel.requestDeletion(view.scope)
+            }
+        }
+    }
+}

@@ -1,0 +1,161 @@
+import QtQuick
+import QtQuick.Layouts
+import Tarnvale
+
+/// Finds files of chosen categories under a chosen folder, and shows them. What is looked for is the screen's.
+FocusScope {
+    id: view
+
+    required property AppViewModel viewModel
+    required property string title
+    required property string help
+    required property string chooseText
+    required property string emptyTitle
+    required property string systemImage
+    required property ListModelBase files
+    /// A Url; undefined while none is chosen.
+    required property var folder
+    /// The check boxes, and the numbers of the categories that are on.
+    required property var categories
+    required property list<int> selectedCategories
+    required property bool canScan
+
+    signal folderAskedFor
+    signal scanAskedFor
+    signal categoryToggled(int category)
+    signal revealAskedFor(int row)
+
+    ColumnLayout {
+        anchors {
+            fill: parent
+            margins: Theme.screenPadding
+        }
+        spacing: Theme.blockSpacing
+
+        UtilityHeader {
+            Layout.fillWidth: true
+            title: view.title
+            subtitle: view.help
+            systemImage: view.systemImage
+        }
+
+        RowLayout {
+            spacing: 10
+
+            PushButton {
+                focus: true
+                text: view.chooseText
+                systemImage: "folder.badge.plus"
+                onClicked: view.folderAskedFor()
+            }
+
+            PathPlate {
+                Layout.fillWidth: true
+                Layout.maximumWidth: implicitWidth
+                visible: view.folder !== undefined
+                path: view.folder?.path ?? ""
+            }
+
+            Item {
+                Layout.fillWidth: true
+            }
+
+            ProminentButton {
+                text: Texts.of("scan")
+                systemImage: "magnifyingglass"
+                enabled: view.canScan
+                onClicked: view.scanAskedFor()
+            }
+        }
+
+        Flow {
+            Layout.fillWidth: true
+            spacing: 18
+
+            Repeater {
+                model: view.categories
+
+                CheckMark {
+                    required property var modelData
+
+                    text: Texts.of(modelData.textKey)
+                    checked: view.selectedCategories.includes(modelData.category)
+                    onToggled: view.categoryToggled(modelData.category)
+                }
+            }
+        }
+
+        UtilityCard {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            visible: !view.files.isEmpty
+            padding: 0
+
+            ColumnLayout {
+                anchors.fill: parent
+                spacing: 0
+
+                RowLayout {
+                    Layout.fillWidth: true
+                    Layout.margins: Theme.medium
+                    spacing: 10
+
+                    MetricPill {
+                        Layout.fillWidth: true
+                        Layout.maximumWidth: Theme.pillWidth
+                        title: Texts.of("items")
+                        value: view.files.count
+                        systemImage: "doc.on.doc"
+                    }
+
+                    MetricPill {
+                        Layout.fillWidth: true
+                        Layout.maximumWidth: Theme.pillWidth
+                        title: Texts.of("size")
+                        value: view.files.totalSizeText
+                        systemImage: "internaldrive"
+                    }
+
+                    Item {
+                        Layout.fillWidth: true
+                    }
+                }
+
+                Divider {
+                    Layout.fillWidth: true
+                }
+
+                RowList {
+                    Layout.fillWidth: true
+                    Layout.fillHeight: true
+                    Layout.bottomMargin: Theme.small
+                    model: view.files
+                    Accessible.name: Texts.of("items")
+                    Keys.onReturnPressed: event => event.isAutoRepeat || view.revealAskedFor(currentIndex)
+                    Keys.onEnterPressed: event => event.isAutoRepeat || view.revealAskedFor(currentIndex)
+
+                    delegate: FoundRow {
+                        id: row
+
+                        nameFont: Theme.bodyMedium
+                        trailing: IconButton {
+                            focusPolicy: Qt.NoFocus
+                            text: Texts.of("show_in_finder")
+                            systemImage: "folder"
+                            onClicked: view.revealAskedFor(row.index)
+                        }
+                    }
+                }
+            }
+        }
+
+        EmptyState {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            visible: view.files.isEmpty
+            title: view.emptyTitle
+            description: view.viewModel.statusMessage || view.help
+            systemImage: view.systemImage
+        }
+    }
+}

@@ -1,0 +1,119 @@
+import QtQuick
+import QtQuick.Layouts
+import Tarnvale
+
+/// One found file or folder: its tile, its name above its path, its size. What acts on it stands before the tile
+/// or at the end.
+Item {
+    id: row
+
+    required property int index
+    required property string name
+    required property string path
+    required property string sizeText
+    required property string symbol
+    required property string tint
+
+    property int symbolWeight: Font.Normal
+    property font nameFont: Theme.rowTitle
+    property alias leading: leadingSlot.data
+    property alias trailing: trailingSlot.data
+
+    readonly property bool isCurrent: ListView.isCurrentItem && ListView.view.activeFocus
+
+    width: ListView.view.width
+    height: Theme.listRowHeight
+    Accessible.role: Accessible.ListItem
+    Accessible.name: name
+    Accessible.description: path + ", " + sizeText
+
+    ContinuousRectangle {
+        anchors {
+            fill: parent
+            leftMargin: Theme.regular
+            rightMargin: Theme.regular
+        }
+        radius: Theme.rowRadius
+        color: row.isCurrent ? Theme.accentWash : hover.hovered ? Theme.hoverWash : "transparent"
+        borderColor: row.isCurrent ? Theme.accentEdge : "transparent"
+        borderWidth: 1
+    }
+
+    RowLayout {
+        anchors {
+            fill: parent
+            leftMargin: Theme.large
+            rightMargin: Theme.large + Theme.tight
+            topMargin: Theme.tight
+            bottomMargin: Theme.tight
+        }
+        spacing: 10
+
+        Row {
+            id: leadingSlot
+
+            visible: children.length > 0
+        }
+
+        IconTile {
+            systemImage: row.symbol
+            tint: row.tint
+            weight: row.symbolWeight
+        }
+
+        Column {
+            Layout.fillWidth: true
+            spacing: Theme.tight
+
+            PlainText {
+                width: parent.width
+                text: row.name
+                font: row.nameFont
+                elide: Text.ElideMiddle
+                maximumLineCount: 1
+                Accessible.ignored: true
+            }
+
+            PlainText {
+                width: parent.width
+                text: row.path
+                font: Theme.captionMonospaced
+                color: Theme.secondary
+                elide: Text.ElideMiddle
+                maximumLineCount: 1
+                Accessible.ignored: true
+            }
+        }
+
+        PlainText {
+            Layout.leftMargin: Theme.regular
+            horizontalAlignment: Text.AlignRight
+            text: row.sizeText
+            font: Theme.caption
+            color: Theme.secondary
+            Accessible.ignored: true
+        }
+
+        Row {
+            id: trailingSlot
+
+            visible: children.length > 0
+        }
+    }
+
+    HoverHandler {
+        id: hover
+    }
+
+    TapHandler {
+        onTapped: {
+            row.ListView.view.forceActiveFocus(Qt.MouseFocusReason);
+            row.ListView.view.currentIndex = row.index;
+        }
+    }
+
+    Tip {
+        shown: hover.hovered
+        text: row.path
+    }
+}

@@ -1,0 +1,54 @@
+import QtQuick
+import Tarnvale
+
+/// The one window of the program.
+Window {
+    id: window
+
+    required property AppViewModel viewModel
+    required property Appearance appearance
+    /// The desktop's font of one width.
+    required property string monospacedFamily
+
+    title: "Tarnvale"
+    width: 980
+    height: 640
+    minimumWidth: 980
+    minimumHeight: 640
+    visible: true
+    color: Theme.screenBackground
+
+    Binding {
+        target: Theme
+        property: "dark"
+        value: window.appearance.isDark
+    }
+
+    Binding {
+        target: Theme
+        property: "monospacedFamily"
+        value: window.monospacedFamily
+    }
+
+    Binding {
+        target: Theme
+        property: "pointsPerPixel"
+        value: 72 / (window.Screen.logicalPixelDensity * 25.4)
+    }
+
+    Binding {
+        target: Texts
+        property: "language"
+        value: window.viewModel.language
+    }
+
+    ContentView {
+        anchors.fill: parent
+        viewModel: window.viewModel
+    }
+
+    Shortcut {
+        sequences: [StandardKey.Quit, StandardKey.Close]
+        onActivated: window.close()
+    }
+}

@@ -1,0 +1,62 @@
+import QtQuick
+import QtQuick.Layouts
+import Tarnvale
+
+/// A small labelled value.
+ContinuousRectangle {
+    id: pill
+
+    required property string title
+    required property string value
+    required property string systemImage
+
+    implicitWidth: face.implicitWidth + 2 * 12
+    implicitHeight: face.implicitHeight + 2 * 9
+    radius: Theme.pillRadius
+    color: Theme.pillFill
+    borderColor: Theme.hairline
+    borderWidth: 1
+    Accessible.role: Accessible.StaticText
+    Accessible.name: title + ": " + value
+
+    RowLayout {
+        id: face
+
+        anchors {
+            left: parent.left
+            right: parent.right
+            margins: 12
+            verticalCenter: parent.verticalCenter
+        }
+        spacing: 9
+
+        Symbol {
+            name: pill.systemImage
+            size: 15
+            weight: Font.Medium
+            color: Theme.accent
+        }
+
+        Column {
+            Layout.fillWidth: true
+            spacing: 1
+
+            PlainText {
+                width: parent.width
+                elide: Text.ElideRight
+                text: pill.title
+                font: Theme.caption
+                color: Theme.secondary
+                Accessible.ignored: true
+            }
+
+            PlainText {
+                width: parent.width
+                elide: Text.ElideRight
+                text: pill.value
+                font: Theme.headline
+                Accessible.ignored: true
+            }
+        }
+    }
+}

@@ -1,0 +1,7 @@
+/// The button for what a screen is there for.
+
+PushButton {
+    fill: Theme.prominentFill
+    edge: "transparent"
+    ink: Theme.inkOnFill
+}

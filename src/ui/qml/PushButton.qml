@@ -1,0 +1,68 @@
+import QtQuick
+import QtQuick.Templates as T
+import Tarnvale
+
+/// A button with a symbol and a text on a plate. Space and Return press it.
+T.Button {
+    id: button
+
+    property string systemImage
+    property color fill: Theme.controlFill
+    property color edge: Theme.controlEdge
+    property color ink: Theme.primary
+
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: Theme.controlHeight
+    leftPadding: systemImage ? 11 : 14
+    rightPadding: 14
+    opacity: enabled ? 1 : Theme.disabledOpacity
+    font: Theme.bodyMedium
+    Keys.onReturnPressed: event => event.isAutoRepeat || click()
+    Keys.onEnterPressed: event => event.isAutoRepeat || click()
+
+    contentItem: Item {
+        implicitWidth: face.implicitWidth
+        implicitHeight: face.implicitHeight
+
+        Row {
+            id: face
+
+            anchors.centerIn: parent
+            spacing: 6
+
+            Symbol {
+                anchors.verticalCenter: parent.verticalCenter
+                visible: name !== ""
+                name: button.systemImage
+                size: 13
+                weight: button.font.weight
+                color: button.ink
+            }
+
+            PlainText {
+                anchors.verticalCenter: parent.verticalCenter
+                text: button.text
+                font: button.font
+                color: button.ink
+                Accessible.ignored: true
+            }
+        }
+    }
+    background: ContinuousRectangle {
+        radius: Theme.controlRadius
+        color: button.fill
+        borderColor: button.edge
+        borderWidth: 1
+
+        ContinuousRectangle {
+            anchors.fill: parent
+            radius: parent.radius
+            color: button.down ? Theme.pressWash : button.hovered ? Theme.hoverWash : "transparent"
+        }
+
+        FocusRing {
+            around: parent.radius
+            visible: button.visualFocus
+        }
+    }
+}

@@ -1,0 +1,52 @@
+import QtQuick
+import QtQuick.Templates as T
+import Tarnvale
+
+/// A line to type in. One press of Return, however long, submits once.
+T.TextField {
+    id: field
+
+    signal submitted
+
+    implicitWidth: 240
+    implicitHeight: Theme.controlHeight
+    leftPadding: 10
+    rightPadding: 10
+    verticalAlignment: TextInput.AlignVCenter
+    font: Theme.body
+    color: Theme.primary
+    selectionColor: Theme.prominentFill
+    selectedTextColor: Theme.inkOnFill
+    placeholderTextColor: Theme.placeholder
+    selectByMouse: true
+    Accessible.name: placeholderText
+    Keys.onReturnPressed: event => event.isAutoRepeat || submitted()
+    Keys.onEnterPressed: event => event.isAutoRepeat || submitted()
+
+    background: ContinuousRectangle {
+        radius: Theme.controlRadius
+        color: Theme.fieldFill
+        borderColor: Theme.controlEdge
+        borderWidth: 1
+
+        FocusRing {
+            around: parent.radius
+            visible: field.activeFocus
+        }
+    }
+
+    PlainText {
+        anchors {
+            fill: parent
+            leftMargin: field.leftPadding
+            rightMargin: field.rightPadding
+        }
+        visible: field.length === 0 && field.preeditText === ""
+        verticalAlignment: Text.AlignVCenter
+        elide: Text.ElideRight
+        text: field.placeholderText
+        font: field.font
+        color: field.placeholderTextColor
+        Accessible.ignored: true
+    }
+}

@@ -1,0 +1,79 @@
+import QtQuick
+import QtQuick.Templates as T
+import Tarnvale
+
+/// One choice of a few, side by side. Left and Right move it.
+FocusScope {
+    id: control
+
+    /// The labels in order.
+    required property var segments
+    required property int current
+    /// For assistive technology.
+    property string name
+
+    signal chosen(int index)
+
+    implicitHeight: 26
+    activeFocusOnTab: true
+    Accessible.role: Accessible.PageTabList
+    Accessible.name: name
+    Keys.onLeftPressed: chosen(Math.max(0, current - 1))
+    Keys.onRightPressed: chosen(Math.min(segments.length - 1, current + 1))
+
+    ContinuousRectangle {
+        anchors.fill: parent
+        radius: Theme.controlRadius
+        color: Theme.trackFill
+        borderColor: Theme.hairline
+        borderWidth: 1
+
+        FocusRing {
+            around: parent.radius
+            visible: control.activeFocus
+        }
+    }
+
+    Row {
+        anchors {
+            fill: parent
+            margins: Theme.tight
+        }
+
+        Repeater {
+            model: control.segments
+
+            T.AbstractButton {
+                id: segment
+
+                required property int index
+                required property string modelData
+
+                width: parent.width / control.segments.length
+                height: parent.height
+                text: modelData
+                checked: index === control.current
+                focusPolicy: Qt.NoFocus
+                Accessible.role: Accessible.RadioButton
+                Accessible.checkable: true
+                Accessible.checked: checked
+                onClicked: control.chosen(index)
+
+                background: ContinuousRectangle {
+                    radius: Theme.controlRadius - Theme.tight
+                    color: segment.checked ? Theme.segmentFill : segment.hovered ? Theme.hoverWash : "transparent"
+                    borderColor: segment.checked ? Theme.hairline : "transparent"
+                    borderWidth: 1
+                }
+                contentItem: PlainText {
+                    horizontalAlignment: Text.AlignHCenter
+                    verticalAlignment: Text.AlignVCenter
+                    text: segment.text
+                    font: segment.checked ? Theme.calloutSemibold : Theme.callout
+                    color: segment.checked ? Theme.primary : Theme.secondary
+                    Accessible.ignored: true
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,63 @@
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+import Tarnvale
+
+/// One section of the sidebar.
+T.AbstractButton {
+    id: row
+
+    // Not `text`, in which Qt would take "&" for a mnemonic.
+    required property string title
+    required property string systemImage
+    required property bool selected
+
+    implicitHeight: Math.max(implicitContentHeight, 20) + topPadding + bottomPadding
+    leftPadding: 12
+    rightPadding: 12
+    topPadding: 10
+    bottomPadding: 10
+    Accessible.role: Accessible.PageTab
+    Accessible.name: title
+    Accessible.selectable: true
+    Accessible.selected: selected
+    Keys.onReturnPressed: event => event.isAutoRepeat || click()
+    Keys.onEnterPressed: event => event.isAutoRepeat || click()
+
+    contentItem: RowLayout {
+        spacing: 10
+
+        Item {
+            Layout.preferredWidth: 22
+            Layout.preferredHeight: 20
+
+            Symbol {
+                anchors.centerIn: parent
+                name: row.systemImage
+                size: 15
+                weight: Font.Medium
+                color: row.selected ? Theme.accent : Theme.secondary
+            }
+        }
+
+        PlainText {
+            Layout.fillWidth: true
+            text: row.title
+            font: row.selected ? Theme.sidebarRowSelected : Theme.sidebarRow
+            color: row.selected ? Theme.primary : Theme.secondary
+            elide: Text.ElideRight
+            Accessible.ignored: true
+        }
+    }
+    background: ContinuousRectangle {
+        radius: Theme.rowRadius
+        color: row.selected ? Theme.accentWash : row.hovered ? Theme.hoverWash : "transparent"
+        borderColor: row.selected ? Theme.accentEdge : "transparent"
+        borderWidth: 1
+
+        FocusRing {
+            around: parent.radius
+            visible: row.visualFocus
+        }
+    }
+}

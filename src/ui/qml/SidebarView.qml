@@ -1,0 +1,127 @@
+import QtQuick
+import QtQuick.Templates as T
+import Tarnvale
+
+/// The sections of the program and the language switch.
+FocusScope {
+    id: sidebar
+
+    required property AppViewModel viewModel
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.sidebarBackground
+    }
+
+    Row {
+        id: header
+
+        anchors {
+            left: parent.left
+            leftMargin: Theme.large
+            top: parent.top
+            topMargin: Theme.large
+        }
+        spacing: 10
+
+        ApplicationIcon {
+            size: 34
+        }
+
+        Column {
+            anchors.verticalCenter: parent.verticalCenter
+            spacing: 2
+
+            PlainText {
+                text: "Tarnvale"
+                font: Theme.headline
+            }
+
+            PlainText {
+                text: "Uninstaller"
+                font: Theme.caption
+                color: Theme.secondary
+            }
+        }
+    }
+
+    Flickable {
+        id: scroll
+
+        anchors {
+            left: parent.left
+            right: parent.right
+            top: header.bottom
+            topMargin: Theme.medium
+            bottom: footer.top
+        }
+        contentHeight: rows.height + 2 * Theme.small
+        boundsBehavior: Flickable.StopAtBounds
+        clip: true
+        T.ScrollBar.vertical: ThinScrollBar {
+        }
+
+        Column {
+            id: rows
+
+            x: 10
+            y: Theme.small
+            width: parent.width - 2 * x
+            spacing: Theme.small
+
+            Repeater {
+                model: Presentation.sections
+
+                SidebarRow {
+                    id: row
+
+                    required property int index
+                    required property var modelData
+
+                    width: rows.width
+                    title: Texts.of(modelData.textKey)
+                    systemImage: modelData.symbol
+                    selected: sidebar.viewModel.sidebarSelection === modelData.selection
+                    onClicked: sidebar.viewModel.sidebarSelection = modelData.selection
+                    Keys.onUpPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+                    Keys.onDownPressed: nextItemInFocusChain().forceActiveFocus(Qt.TabFocusReason)
+
+                    Shortcut {
+                        sequence: "Ctrl+" + (row.index + 1)
+                        onActivated: row.click()
+                    }
+                }
+            }
+        }
+    }
+
+    Item {
+        id: footer
+
+        anchors {
+            left: parent.left
+            right: parent.right
+            bottom: parent.bottom
+        }
+        height: languageSwitch.height + 2 * Theme.medium + 1
+
+        Divider {
+            width: parent.width
+        }
+
+        SegmentedControl {
+            id: languageSwitch
+
+            anchors {
+                horizontalCenter: parent.horizontalCenter
+                bottom: parent.bottom
+                bottomMargin: Theme.medium
+            }
+            width: 142
+            segments: Presentation.languages.map(choice => choice.label)
+            current: sidebar.viewModel.language
+            name: segments.join(", ")
+            onChosen: index => sidebar.viewModel.language = Presentation.languages[index].language
+        }
+    }
+}

@@ -1,0 +1,19 @@
+import Tarnvale
+
+/// Finds documents.
+FinderView {
+    title: Texts.of("text_finder")
+    help: Texts.of("text_help")
+    chooseText: Texts.of("text_choose_folder")
+    emptyTitle: Texts.of("text_empty_title")
+    systemImage: "doc.text.magnifyingglass"
+    files: viewModel.textFiles
+    folder: viewModel.selectedTextFolder
+    categories: Presentation.textFileCategories
+    selectedCategories: viewModel.selectedTextFileCategories
+    canScan: viewModel.canScanTextFiles
+    onFolderAskedFor: viewModel.chooseTextFolder()
+    onScanAskedFor: viewModel.scanTextFiles()
+    onCategoryToggled: category => viewModel.toggleTextFileCategory(category)
+    onRevealAskedFor: row => viewModel.revealTextFile(row)
+}

@@ -1,0 +1,77 @@
+import QtQuick
+import QtQuick.Layouts
+import Tarnvale
+
+/// Finds an application by its exact name or by its bundle, and lists what belongs to it.
+FocusScope {
+    id: view
+
+    required property AppViewModel viewModel
+
+    Keys.onReturnPressed: event => event.isAutoRepeat || viewModel.scanApplicationByName()
+    Keys.onEnterPressed: event => event.isAutoRepeat || viewModel.scanApplicationByName()
+
+    ColumnLayout {
+        anchors {
+            fill: parent
+            margins: Theme.screenPadding
+        }
+        spacing: Theme.blockSpacing
+
+        UtilityHeader {
+            Layout.fillWidth: true
+            title: Texts.of("uninstaller")
+            subtitle: Texts.of("welcome")
+            systemImage: "trash"
+        }
+
+        RowLayout {
+            spacing: 10
+
+            RoundedTextField {
+                Layout.fillWidth: true
+                focus: true
+                placeholderText: Texts.of("search_placeholder")
+                text: view.viewModel.applicationQuery
+                onTextEdited: view.viewModel.applicationQuery = text
+                onSubmitted: view.viewModel.scanApplicationByName()
+            }
+
+            ProminentButton {
+                text: Texts.of("scan")
+                systemImage: "magnifyingglass"
+                enabled: view.viewModel.canScanByName
+                onClicked: view.viewModel.scanApplicationByName()
+            }
+        }
+
+        DropZone {
+            Layout.fillWidth: true
+            onUrlDropped: url => view.viewModel.handleDroppedApplication(url)
+        }
+
+        ApplicationCard {
+            Layout.fillWidth: true
+            visible: application !== undefined
+            application: view.viewModel.selectedApplication
+        }
+
+        FileListView {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            visible: !items.isEmpty
+            viewModel: view.viewModel
+            items: view.viewModel.associatedItems
+            scope: Tarnvale.ScanScope.uninstaller
+            canDelete: view.viewModel.canDeleteAssociatedItems
+        }
+
+        EmptyState {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            visible: view.viewModel.associatedItems.isEmpty
+            title: view.viewModel.statusMessage || Texts.of("welcome")
+            systemImage: "trash.slash"
+        }
+    }
+}

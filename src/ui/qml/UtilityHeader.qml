@@ -1,0 +1,62 @@
+import QtQuick
+import QtQuick.Layouts
+import Tarnvale
+
+/// The heading of a screen, with the screen's own buttons at its end.
+RowLayout {
+    id: header
+
+    required property string title
+    property string subtitle
+    required property string systemImage
+    default property alias actions: actionRow.data
+
+    spacing: 14
+
+    ContinuousRectangle {
+        Layout.alignment: Qt.AlignTop
+        implicitWidth: 44
+        implicitHeight: 44
+        radius: 12
+        color: Theme.accentWash
+
+        Symbol {
+            anchors.centerIn: parent
+            name: header.systemImage
+            size: 20
+            weight: Font.DemiBold
+            color: Theme.accent
+        }
+    }
+
+    ColumnLayout {
+        Layout.fillWidth: true
+        Layout.alignment: Qt.AlignVCenter
+        spacing: 4
+
+        PlainText {
+            Layout.fillWidth: true
+            text: header.title
+            font: Theme.screenTitle
+            elide: Text.ElideRight
+            Accessible.role: Accessible.Heading
+        }
+
+        PlainText {
+            Layout.fillWidth: true
+            visible: text !== ""
+            text: header.subtitle
+            font: Theme.callout
+            color: Theme.secondary
+            wrapMode: Text.Wrap
+        }
+    }
+
+    RowLayout {
+        id: actionRow
+
+        Layout.alignment: Qt.AlignTop
+        Layout.preferredHeight: 44
+        spacing: Theme.regular
+    }
+}
