@@ -1,14 +1,23 @@
 import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
 import Tarnvale
 
-/// Facts about the computer.
+/// One reading of the computer, its battery, its startup volume and its memory. Reads anew whenever it is shown.
 FocusScope {
     id: view
 
     required property AppViewModel viewModel
+    /// A DashboardPresentation; undefined before the first reading.
+    readonly property var reading: Presentation.dashboard(viewModel.dashboardSnapshot, viewModel.language)
+
+    Keys.onUpPressed: bar.decrease()
+    Keys.onDownPressed: bar.increase()
+    Component.onCompleted: viewModel.refreshDashboard()
 
     EmptyState {
         anchors.fill: parent
+        visible: !view.reading
         title: Texts.of("dashboard_no_data")
         description: Texts.of("dashboard_refresh_help")
         systemImage: "rectangle.grid.2x2"
@@ -16,6 +25,34 @@ FocusScope {
         PushButton {
             text: Texts.of("refresh")
             onClicked: view.viewModel.refreshDashboard()
+        }
+    }
+
+    Flickable {
+        anchors.fill: parent
+        visible: Boolean(view.reading)
+        contentWidth: width
+        contentHeight: cards.height + 2 * Theme.screenPadding
+        boundsBehavior: Flickable.StopAtBounds
+        clip: true
+        T.ScrollBar.vertical: ThinScrollBar {
+            id: bar
+
+            stepSize: 0.1
+        }
+
+        Loader {
+            id: cards
+
+            x: Theme.screenPadding
+            y: Theme.screenPadding
+            width: parent.width - 2 * Theme.screenPadding
+            active: Boolean(view.reading)
+
+            sourceComponent: DashboardCards {
+                reading: view.reading
+                onRefresh: view.viewModel.refreshDashboard()
+            }
         }
     }
 }

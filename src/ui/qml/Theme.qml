@@ -60,6 +60,24 @@ QtObject {
         readonly property color red: theme.dark ? "#ff6961" : "#cf2a22"
     }
 
+    // Gauges
+    readonly property GaugeShades chargeShades: GaugeShades {
+        top: "#6fe08a"
+        bottom: "#1fae4b"
+        symbol: theme.tints.green
+    }
+    readonly property GaugeShades storageShades: GaugeShades {
+        top: "#5cb8ff"
+        bottom: "#1a6ff0"
+        symbol: theme.tints.blue
+    }
+    readonly property GaugeShades memoryShades: GaugeShades {
+        top: "#c79bff"
+        bottom: "#8140e6"
+        symbol: theme.tints.purple
+    }
+    readonly property color gaugeTrack: withOpacity(primary, dark ? 0.1 : 0.07)
+
     // Type
     readonly property font body: textStyle(13, Font.Normal)
     readonly property font bodyMedium: textStyle(13, Font.Medium)
@@ -74,6 +92,8 @@ QtObject {
     readonly property font title3: textStyle(15, Font.DemiBold)
     readonly property font screenTitle: textStyle(24, Font.DemiBold)
     readonly property font detailTitle: textStyle(26, Font.DemiBold)
+    readonly property font computerName: textStyle(28, Font.DemiBold)
+    readonly property font gaugeNumber: textStyle(30, Font.DemiBold)
     readonly property font rowTitle: textStyle(13.5, Font.DemiBold)
     readonly property font sidebarRow: textStyle(14, Font.Normal)
     readonly property font sidebarRowSelected: textStyle(14, Font.DemiBold)
@@ -88,6 +108,7 @@ QtObject {
     readonly property int regular: 8
     readonly property int medium: 12
     readonly property int large: 16
+    readonly property int cardPadding: 20
     readonly property int screenPadding: 24
     readonly property int blockSpacing: 14
 
@@ -105,12 +126,20 @@ QtObject {
     readonly property int controlHeight: 30
     readonly property int listRowHeight: 46
     readonly property int tileSide: 32
+    readonly property int gaugeCardWidth: 390
     readonly property int checkSide: 16
     readonly property int pillWidth: 176
     readonly property int focusWidth: 3
 
     /// Milliseconds that a change of state takes.
     readonly property int briefly: 120
+
+    /// The colours of a gauge at its top and at its bottom, and of the symbol beside its title.
+    component GaugeShades: QtObject {
+        property color top
+        property color bottom
+        property color symbol
+    }
 
     function withOpacity(color: color, opacity: real): color {
         return Qt.rgba(color.r, color.g, color.b, opacity);
