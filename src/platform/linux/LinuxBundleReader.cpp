@@ -21,7 +21,7 @@ QStringList translationFolders(const FileSystem &fileSystem, const Url &resource
     for (const auto &entry : fileSystem.contentsOfDirectory(resources)) {
         const auto name = entry.name();
         if (extensionOf(name) == "lproj")
-            languages.append(QString::fromUtf8(name.chopped(qstrlen(".lproj"))));
+            languages.append(QString::fromUtf8(name.chopped(QByteArrayView(".lproj").size())));
         if (languages.size() == most)
             break;
     }
