@@ -40,7 +40,10 @@ QByteArray bestPicture(const QByteArray &family)
 {
     if (family.size() < headSize || !family.startsWith("icns"))
         return {};
-    auto rest = QByteArrayView(family).sliced(headSize);
+    const qsizetype size = integerAt(family, 4);
+    if (size < headSize || size > family.size())
+        return {};
+    auto rest = QByteArrayView(family).first(size).sliced(headSize);
     QByteArrayView best;
     // A type of four bytes, the length of the whole element, and the picture.
     while (rest.size() >= headSize) {
@@ -52,5 +55,8 @@ QByteArray bestPicture(const QByteArray &family)
             best = picture;
         rest = rest.sliced(length);
     }
-    return best.isEmpty() ? family : best.toByteArray();
+    if (!best.isEmpty())
+        return best.toByteArray();
+    const bool isWhole = rest.size() < headSize;
+    return isWhole ? family : QByteArray();
 }

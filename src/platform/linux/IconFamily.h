@@ -7,6 +7,6 @@
 int iconWidth(QByteArrayView png);
 
 /// The picture of the icon family (.icns) `family` that serves best: of those that are PNG the smallest of at
-/// least 256 pixels, else the largest. `family` itself when it holds none, as old ones do; empty when it is no
-/// icon family.
+/// least 256 pixels, else the largest. `family` itself when it holds none, as old ones do; empty when it is
+/// damaged or none.
 QByteArray bestPicture(const QByteArray &family);

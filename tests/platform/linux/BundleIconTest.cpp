@@ -25,11 +25,13 @@ QByteArray png(int width, const QByteArray &firstChunk = "IHDR")
     return QByteArray("\x89PNG\r\n\x1a\n") + integer(13) + firstChunk + integer(width) + integer(width);
 }
 
-QByteArray family(const QList<QByteArray> &pictures)
+/// `rest` follows the elements that hold `pictures`.
+QByteArray family(const QList<QByteArray> &pictures, const QByteArray &rest = {})
 {
     QByteArray elements;
     for (const auto &picture : pictures)
         elements += "ic07" + integer(8 + picture.size()) + picture;
+    elements += rest;
     return "icns" + integer(8 + elements.size()) + elements;
 }
 
@@ -55,8 +57,12 @@ TEST(IconFamilyTest, theSmallestSufficientPictureIsChosen)
     const auto old = family({"old pixels"});
     EXPECT_EQ(bestPicture(old), old);
     EXPECT_EQ(bestPicture(family({png(64), png(30'000), png(512, "CgBI")})), png(64));
-    EXPECT_EQ(bestPicture(family({png(64)}) + "ic09" + integer(0xffffffff) + png(256)), png(64));
-    EXPECT_EQ(bestPicture(family({png(64)}) + "ic09" + integer(0) + png(256)), png(64));
+    for (const qsizetype claim : {qsizetype(0), qsizetype(0xffffffff)}) {
+        const auto element = "ic09" + integer(claim) + png(256);
+        EXPECT_EQ(bestPicture(family({png(64)}, element)), png(64));
+        EXPECT_EQ(bestPicture(family({"old pixels"}, element)), "");
+        EXPECT_EQ(bestPicture("icns" + integer(claim) + element), "");
+    }
     EXPECT_EQ(bestPicture("no icons"), "");
 }
 

@@ -1,0 +1,101 @@
+#include "BundleIcon.h"
+#include "LinuxBundleReader.h"
+#include "LinuxCodeSignature.h"
+#include "LinuxFileSystem.h"
+#include "TemporaryDisk.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+namespace {
+
+const Url bundle("/Notes.app");
+constexpr const char *files[] = {
+    "/Notes.app/Contents/Info.plist",
+    "/Notes.app/Contents/MacOS/Notes",
+    "/Notes.app/Contents/Resources/InfoPlist.loctable",
+    "/Notes.app/Contents/Resources/pl.lproj/InfoPlist.strings",
+    "/Notes.app/Contents/Resources/AppIcon.icns",
+    "/Notes.app/Contents/Resources/AppIcon2.png",
+};
+
+/// A bundle on a real disk whose every file is something else than it should be.
+class HostileBundleTest : public testing::Test
+{
+protected:
+    HostileBundleTest()
+    {
+        disk.folder("/Notes.app/Contents/Resources/pl.lproj");
+        disk.folder("/Notes.app/Contents/MacOS");
+    }
+
+    /// Nothing comes out of the bundle, and this returns.
+    void expectNothing() const
+    {
+        const auto opened = LinuxBundleReader(fileSystem, {"pl"}).open(bundle);
+        EXPECT_TRUE(!opened || !opened->identifier());
+        EXPECT_FALSE(LinuxCodeSignature(fileSystem).entitlements(bundle));
+        EXPECT_TRUE(bundleIcon(fileSystem, bundle).isEmpty());
+    }
+
+    void expectNothingWhenEachFileHolds(const QByteArray &content)
+    {
+        for (const auto *file : files)
+            disk.file(file, content);
+        expectNothing();
+    }
+
+    TemporaryDisk disk;
+    LinuxFileSystem fileSystem{disk.root(), Url("/home"), {}};
+};
+
+} // namespace
+
+TEST_F(HostileBundleTest, pipes)
+{
+    for (const auto *file : files)
+        ASSERT_EQ(mkfifo(disk.host(file).c_str(), 0644), 0);
+    expectNothing();
+    std::filesystem::remove(disk.host(files[0]));
+    disk.file(files[0], "{ CFBundleIconFile = AppIcon; CFBundleName = Notes; }");
+    EXPECT_EQ(LinuxBundleReader(fileSystem, {"pl"}).open(bundle)->text("CFBundleName"), "Notes");
+    expectNothing();
+}
+
+TEST_F(HostileBundleTest, linksToDevicesToThemselvesAndToTheBundle)
+{
+    for (const auto *target : {"/dev/zero", "AppIcon.icns", "../../Notes.app"}) {
+        for (const auto *file : files) {
+            std::filesystem::remove(disk.host(file));
+            disk.link(file, target);
+        }
+        expectNothing();
+    }
+    std::filesystem::remove_all(disk.host("/Notes.app/Contents"));
+    disk.link("/Notes.app/Contents", ".");
+    expectNothing();
+}
+
+TEST_F(HostileBundleTest, hundredsOfMegabytes)
+{
+    for (const auto *file : files) {
+        disk.file(file, "<plist><string>");
+        std::filesystem::resize_file(disk.host(file), 100'000'000);
+    }
+    expectNothing();
+}
+
+TEST_F(HostileBundleTest, claimsAndDepths)
+{
+    const QByteArray kilobyte(1024, '\0');
+    for (const auto &claim : {
+             QByteArray("bplist00\x5f\x13\0\0\0\x01\0\0\0\0", 18),
+             QByteArray("icns\xff\xff\xff\xff"
+                        "ic08\xff\xff\xff\xff\x89PNG"),
+             QByteArray("\xcf\xfa\xed\xfe\x0c\0\0\x01\0\0\0\0\x02\0\0\0\xff\xff\xff\xff\xff\xff\xff\xff", 24),
+             QByteArray("\xca\xfe\xba\xbf\0\0\0\x01\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\x20\0\0\0\x01\0\0\0\0", 32),
+         })
+        expectNothingWhenEachFileHolds(claim + kilobyte);
+    for (const auto *opening : {"<array>", "<dict><key>a</key>", "(", "{a=", "\x70\x84\x7f\xff\xff\xff"})
+        expectNothingWhenEachFileHolds(QByteArray(opening).repeated(100'000));
+}
