@@ -1,0 +1,183 @@
+#include "BundleIcon.h"
+
+#include "BundleIconProvider.h"
+#include "FakeWorkspace.h"
+
+#include <QBuffer>
+#include <QColor>
+#include <QElapsedTimer>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QTest>
+#include <QtEndian>
+
+#include <gmock/gmock.h>
+
+namespace {
+
+QByteArray png(int side, const QColor &color)
+{
+    QImage image(side, side, QImage::Format_ARGB32);
+    image.fill(color);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QBuffer::WriteOnly);
+    image.save(&buffer, "PNG");
+    return bytes;
+}
+
+QByteArray bigEndian(quint32 number)
+{
+    QByteArray bytes(4, '\0');
+    qToBigEndian(number, bytes.data());
+    return bytes;
+}
+
+QByteArray element(const QByteArray &type, const QByteArray &content)
+{
+    return type + bigEndian(static_cast<quint32>(content.size()) + 8) + content;
+}
+
+/// An .icns file in which each size has a colour of its own.
+QByteArray icns()
+{
+    return element("icns", element("ic09", png(512, Qt::blue)) + element("ic11", png(32, Qt::green))
+                               + element("ic07", png(128, Qt::red)));
+}
+
+QColor middleOf(const QImage &image)
+{
+    return image.pixelColor(image.width() / 2, image.height() / 2);
+}
+
+/// Pictures that a test can change, how often they were read, and whose was last.
+class PictureWorkspace : public FakeWorkspace
+{
+public:
+    using FakeWorkspace::FakeWorkspace;
+    QByteArray iconData(const Url &bundle) const override
+    {
+        ++timesRead;
+        lastRead = bundle;
+        return pictures.value(bundle);
+    }
+    QHash<Url, QByteArray> pictures;
+    mutable int timesRead = 0;
+    mutable Url lastRead;
+};
+
+/// A disk whose bundles were all changed at `modificationTime`.
+class DatedFileSystem : public InMemoryFileSystem
+{
+public:
+    std::optional<ResourceValues> resourceValues(const Url &url) const override
+    {
+        auto values = InMemoryFileSystem::resourceValues(url);
+        if (values)
+            values->modificationTime = modificationTime;
+        return values;
+    }
+    std::optional<qint64> modificationTime = 1;
+};
+
+TEST(BundleIcons, theSmallestPictureThatNeedsNoEnlargingIsTaken)
+{
+    EXPECT_EQ(middleOf(BundleIcon::decoded(icns(), 32)), QColor(Qt::green));
+    EXPECT_EQ(middleOf(BundleIcon::decoded(icns(), 68)), QColor(Qt::red));
+    EXPECT_EQ(middleOf(BundleIcon::decoded(icns(), 129)), QColor(Qt::blue));
+    const auto enlarged = BundleIcon::decoded(icns(), 1024);
+    EXPECT_EQ(enlarged.size(), QSize(1024, 1024));
+    EXPECT_EQ(middleOf(enlarged), QColor(Qt::blue));
+    EXPECT_EQ(enlarged.pixelColor(0, 0).alpha(), 0) << "corners are round";
+    EXPECT_EQ(middleOf(BundleIcon::decoded(png(16, Qt::red), 34)), QColor(Qt::red));
+}
+
+TEST(BundleIcons, anUnreadablePictureInTheFileIsPassedOver)
+{
+    const auto broken = element("icns", element("ic07", "\x89PNG\r\n\x1a\n" + QByteArray(40, 'x'))
+                                            + element("ic09", png(512, Qt::blue)));
+    EXPECT_EQ(middleOf(BundleIcon::decoded(broken, 68)), QColor(Qt::blue));
+}
+
+TEST(BundleIcons, hostileFilesGiveNoPictureAndTakeNoTimeOrMemory)
+{
+    // 60,000 pixels square: 13 GiB.
+    auto giant = png(8, Qt::red);
+    giant.replace(16, 8, bigEndian(60'000) + bigEndian(60'000));
+    auto claiming = element("icns", element("ic07", png(128, Qt::red)));
+    claiming.replace(12, 4, bigEndian(0xfffffff0));
+    const QList<QByteArray> files{
+        {},
+        "icns",
+        "icns" + bigEndian(0),
+        "\x89PNG",
+        giant,
+        element("icns", element("ic07", giant)),
+        claiming,
+        element("icns", QByteArray("ic07") + bigEndian(0)),
+        "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"9\" height=\"9\"><rect width=\"9\" height=\"9\"/></svg>",
+        png(64, Qt::red).first(60),
+    };
+    QElapsedTimer time;
+    time.start();
+    for (const auto &file : files)
+        EXPECT_TRUE(BundleIcon::decoded(file, 68).isNull()) << file.toHex().constData();
+    EXPECT_LT(time.elapsed(), 2000);
+}
+
+TEST(BundleIcons, aBundleWithoutPictureGetsALetterOnATileOfItsOwn)
+{
+    const auto tile = BundleIcon::drawn(QStringLiteral("Żuraw"), 68);
+    EXPECT_EQ(tile, BundleIcon::drawn(QStringLiteral("Żuraw"), 68));
+    EXPECT_NE(tile, BundleIcon::drawn(QStringLiteral("Notes"), 68));
+    EXPECT_EQ(tile.pixelColor(34, 4).alpha(), 255);
+    EXPECT_EQ(tile.pixelColor(0, 0).alpha(), 0);
+    auto white = 0;
+    for (int i = 0; i < 68 * 68; ++i)
+        white += tile.pixel(i % 68, i / 68) == 0xffffffff;
+    EXPECT_GT(white, 100) << "the letter";
+    EXPECT_FALSE(BundleIcon::drawn({}, 1).isNull());
+}
+
+TEST(BundleIcons, areKeptUntilTheBundleChanges)
+{
+    DatedFileSystem disk;
+    PictureWorkspace workspace(disk);
+    const auto bundle = disk.folder("/Applications/Notes.app");
+    workspace.pictures.insert(bundle, png(64, Qt::red));
+    BundleIconProvider provider(workspace, disk);
+
+    EXPECT_EQ(middleOf(provider.icon(bundle, 34)), QColor(Qt::red));
+    workspace.pictures.insert(bundle, png(64, Qt::blue));
+    EXPECT_EQ(middleOf(provider.icon(bundle, 34)), QColor(Qt::red));
+    EXPECT_EQ(workspace.timesRead, 1);
+    disk.modificationTime = 2;
+    EXPECT_EQ(middleOf(provider.icon(bundle, 34)), QColor(Qt::blue));
+}
+
+TEST(BundleIcons, reachTheWindowWhateverBytesThePathHolds)
+{
+    DatedFileSystem disk;
+    PictureWorkspace workspace(disk);
+    QQmlEngine engine;
+    engine.addImageProvider(QStringLiteral("bundles"), new BundleIconProvider(workspace, disk));
+    engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    QQmlComponent component(&engine);
+    component.setData("import Tarnvale\nBundleIcon { }", {});
+
+    for (const QByteArray name :
+         {"Notes", "100% ?#&+;", "a%2Fb%25", "\xff\xfe\x80", "Żółw e\xcc\x81", "a\nb\"'\\"}) {
+        const auto bundle = disk.folder("/Applications/" + name + ".app");
+        workspace.pictures = {{bundle, png(64, Qt::red)}};
+        const std::unique_ptr<QObject> object(
+            component.createWithInitialProperties({{QStringLiteral("uri"), QString::fromLatin1(bundle.toUri())}}));
+        auto *image = qobject_cast<QQuickItem *>(object.get());
+        ASSERT_TRUE(image) << qPrintable(component.errorString());
+        // 1 is Image.Ready.
+        EXPECT_TRUE(QTest::qWaitFor([image] { return image->property("status").toInt() == 1; }));
+        EXPECT_EQ(workspace.lastRead, bundle);
+    }
+}
+
+} // namespace
