@@ -30,21 +30,29 @@ QStringConverter::Encoding unmarkedEncoding(QByteArrayView data)
     return data[0] == 0 ? QStringConverter::Utf16BE : QStringConverter::Utf16LE;
 }
 
-std::optional<QString> decoded(QByteArrayView data)
+std::optional<QString> decoded(QByteArrayView bytes, QStringConverter::Encoding encoding)
+{
+    QStringDecoder decoder(encoding, QStringConverter::Flag::Stateless);
+    QString text = decoder(bytes);
+    return decoder.hasError() ? std::nullopt : std::optional(std::move(text));
+}
+
+/// The text `data` in UTF-8, without a mark. What is in UTF-8 already is not looked at.
+std::optional<QByteArray> withoutMarkInUtf8(const QByteArray &data)
 {
     auto encoding = unmarkedEncoding(data);
+    qsizetype start = 0;
     for (const auto &mark : marks) {
         if (data.startsWith(mark.bytes)) {
-            data = data.sliced(mark.bytes.size());
+            start = mark.bytes.size();
             encoding = mark.encoding;
             break;
         }
     }
-    QStringDecoder decoder(encoding, QStringConverter::Flag::Stateless);
-    QString text = decoder(data);
-    if (decoder.hasError())
-        return std::nullopt;
-    return text;
+    if (encoding == QStringConverter::Utf8)
+        return start == 0 ? data : data.sliced(start);
+    const auto text = decoded(QByteArrayView(data).sliced(start), encoding);
+    return text ? std::optional(text->toUtf8()) : std::nullopt;
 }
 
 } // namespace
@@ -55,15 +63,16 @@ std::optional<QVariant> readPropertyList(const QByteArray &data)
         return std::nullopt;
     if (data.startsWith("bplist0"))
         return BinaryPropertyListReader(data).read();
-    const auto text = decoded(data);
-    if (!text)
+    const auto utf8 = withoutMarkInUtf8(data);
+    if (!utf8)
         return std::nullopt;
     // Bytes as text are "<0fbd 77>": the one text form that begins like XML.
-    if (QStringView(*text).trimmed().startsWith(u'<')) {
-        if (auto value = XmlPropertyListReader(*text).read())
+    if (QByteArrayView(*utf8).trimmed().startsWith('<')) {
+        if (auto value = XmlPropertyListReader(*utf8).read())
             return value;
     }
-    return TextPropertyListReader(*text).read();
+    const auto text = decoded(*utf8, QStringConverter::Utf8);
+    return text ? TextPropertyListReader(*text).read() : std::nullopt;
 }
 
 std::optional<QVariantMap> readPropertyListFile(const FileSystem &fileSystem, const Url &url)

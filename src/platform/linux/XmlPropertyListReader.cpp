@@ -6,7 +6,7 @@
 
 namespace {
 
-std::optional<QVariant> integer(const QString &text)
+std::optional<QVariant> integer(QString &&text)
 {
     auto digits = QStringView(text).trimmed();
     const bool isNegative = digits.startsWith(u'-');
@@ -27,33 +27,34 @@ std::optional<QVariant> integer(const QString &text)
     return magnitude > largest ? QVariant(magnitude) : QVariant(static_cast<qint64>(magnitude));
 }
 
-std::optional<QVariant> real(const QString &text)
+std::optional<QVariant> real(QString &&text)
 {
     bool isNumber = false;
     const double number = text.trimmed().toDouble(&isNumber);
     return isNumber ? std::optional(QVariant(number)) : std::nullopt;
 }
 
-std::optional<QVariant> date(const QString &text)
+std::optional<QVariant> date(QString &&text)
 {
     const auto date = QDateTime::fromString(text.trimmed(), Qt::ISODate);
     return date.isValid() ? std::optional(QVariant(date.toUTC())) : std::nullopt;
 }
 
-std::optional<QVariant> bytes(const QString &text)
+std::optional<QVariant> bytes(QString &&text)
 {
-    return QVariant(QByteArray::fromBase64(text.toLatin1()));
+    // In place: they may be most of a large file.
+    return QVariant(std::move(QByteArray::fromBase64Encoding(std::move(text).toLatin1()).decoded));
 }
 
-std::optional<QVariant> string(const QString &text)
+std::optional<QVariant> string(QString &&text)
 {
-    return QVariant(text);
+    return QVariant(std::move(text));
 }
 
 struct Scalar
 {
     QStringView tag;
-    std::optional<QVariant> (*parse)(const QString &text);
+    std::optional<QVariant> (*parse)(QString &&text);
 };
 constexpr Scalar scalars[] = {
     {u"string", string},
@@ -61,11 +62,28 @@ constexpr Scalar scalars[] = {
     {u"real", real},
     {u"date", date},
     {u"data", bytes},
-    {u"true", [](const QString &) { return std::optional(QVariant(true)); }},
-    {u"false", [](const QString &) { return std::optional(QVariant(false)); }},
+    {u"true", [](QString &&) { return std::optional(QVariant(true)); }},
+    {u"false", [](QString &&) { return std::optional(QVariant(false)); }},
 };
 
+/// Where the text goes on behind the declaration of its version and encoding; the beginning when it has none.
+qsizetype declarationEnd(QByteArrayView text)
+{
+    if (!text.startsWith("<?xml"))
+        return 0;
+    const auto end = text.indexOf("?>");
+    return end < 0 ? 0 : end + 2;
+}
+
 } // namespace
+
+XmlPropertyListReader::XmlPropertyListReader(const QByteArray &text)
+{
+    m_text.setData(text);
+    m_text.open(QBuffer::ReadOnly);
+    m_text.seek(declarationEnd(text));
+    m_xml.setDevice(&m_text);
+}
 
 std::optional<QVariant> XmlPropertyListReader::read()
 {
@@ -91,8 +109,8 @@ std::optional<QVariant> XmlPropertyListReader::value(int depth)
         return list(depth);
     for (const auto &scalar : scalars) {
         if (m_xml.name() == scalar.tag) {
-            const auto text = m_xml.readElementText();
-            return m_xml.hasError() ? std::nullopt : scalar.parse(text);
+            auto text = m_xml.readElementText();
+            return m_xml.hasError() ? std::nullopt : scalar.parse(std::move(text));
         }
     }
     return std::nullopt;

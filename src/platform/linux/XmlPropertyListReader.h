@@ -2,6 +2,7 @@
 
 #include "PropertyListBudget.h"
 
+#include <QBuffer>
 #include <QVariant>
 #include <QXmlStreamReader>
 
@@ -11,8 +12,8 @@
 class XmlPropertyListReader
 {
 public:
-    /// `text` is what the file holds, decoded: the encoding that it declares for itself is not asked.
-    explicit XmlPropertyListReader(const QString &text) : m_xml(text) { }
+    /// `text` is in UTF-8, whatever encoding it declares for itself.
+    explicit XmlPropertyListReader(const QByteArray &text);
 
     /// To be called once.
     std::optional<QVariant> read();
@@ -22,6 +23,8 @@ private:
     std::optional<QVariant> list(int depth);
     std::optional<QVariant> dictionary(int depth);
 
+    // Text that comes from a device is decoded piece by piece, not all at once.
+    QBuffer m_text;
     QXmlStreamReader m_xml;
     PropertyListBudget m_budget;
 };
