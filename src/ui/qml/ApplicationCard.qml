@@ -46,6 +46,7 @@ UtilityCard {
         }
 
         ColumnLayout {
+            Layout.fillWidth: false
             spacing: 5
 
             LabelledText {

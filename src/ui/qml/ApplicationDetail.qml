@@ -40,7 +40,8 @@ Item {
                     text: detail.application?.name ?? ""
                     font: Theme.detailTitle
                     elide: Text.ElideRight
-                    maximumLineCount: 1
+                    wrapMode: Text.Wrap
+                    maximumLineCount: 2
                     Accessible.role: Accessible.Heading
                 }
 

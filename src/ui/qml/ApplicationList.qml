@@ -12,10 +12,16 @@ RowList {
     currentIndex: viewModel.selectedApplicationRow
     Accessible.name: Texts.of("applications")
     onGoTo: row => viewModel.selectApplicationAt(row)
+    onHeightChanged: showSelected()
+    Component.onCompleted: showSelected()
+
+    function showSelected() {
+        positionViewAtIndex(viewModel.selectedApplicationRow, ListView.Contain);
+    }
 
     Connections {
         function onSelectedApplicationRowChanged() {
-            list.positionViewAtIndex(list.viewModel.selectedApplicationRow, ListView.Contain);
+            list.showSelected();
         }
 
         target: list.viewModel

@@ -49,12 +49,12 @@ Item {
             uri: row.uri
         }
 
-        Column {
+        ColumnLayout {
             Layout.fillWidth: true
             spacing: Theme.tight
 
             PlainText {
-                width: parent.width
+                Layout.fillWidth: true
                 text: row.name
                 font: Theme.rowTitle
                 elide: Text.ElideRight

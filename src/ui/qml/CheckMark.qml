@@ -11,9 +11,8 @@ T.CheckBox {
     topPadding: Theme.small
     bottomPadding: Theme.small
     font: Theme.body
+    Accessible.name: text
     opacity: enabled ? 1 : Theme.disabledOpacity
-    Keys.onReturnPressed: event => event.isAutoRepeat || click()
-    Keys.onEnterPressed: event => event.isAutoRepeat || click()
 
     indicator: ContinuousRectangle {
         y: (box.height - height) / 2

@@ -19,6 +19,7 @@ UtilityCard {
 
         RowLayout {
             Layout.fillWidth: true
+            Layout.maximumWidth: 3 * Theme.pillWidth
             Layout.margins: Theme.medium
             spacing: 10
 
@@ -45,10 +46,6 @@ UtilityCard {
                 value: view.items.totalSizeText
                 systemImage: "internaldrive"
             }
-
-            Item {
-                Layout.fillWidth: true
-            }
         }
 
         Divider {
@@ -62,6 +59,7 @@ UtilityCard {
             Layout.fillHeight: true
             model: view.items
             Accessible.name: Texts.of("items")
+            onGoTo: row => makeCurrent(row)
             Keys.onSpacePressed: event => event.isAutoRepeat || (currentItem as FileRow)?.toggle()
 
             delegate: FileRow {

@@ -97,6 +97,7 @@ FocusScope {
 
                 RowLayout {
                     Layout.fillWidth: true
+                    Layout.maximumWidth: 2 * Theme.pillWidth
                     Layout.margins: Theme.medium
                     spacing: 10
 
@@ -115,10 +116,6 @@ FocusScope {
                         value: view.files.totalSizeText
                         systemImage: "internaldrive"
                     }
-
-                    Item {
-                        Layout.fillWidth: true
-                    }
                 }
 
                 Divider {
@@ -131,6 +128,7 @@ FocusScope {
                     Layout.bottomMargin: Theme.small
                     model: view.files
                     Accessible.name: Texts.of("items")
+                    onGoTo: row => makeCurrent(row)
                     Keys.onReturnPressed: event => event.isAutoRepeat || view.revealAskedFor(currentIndex)
                     Keys.onEnterPressed: event => event.isAutoRepeat || view.revealAskedFor(currentIndex)
 

@@ -61,12 +61,12 @@ Item {
             weight: row.symbolWeight
         }
 
-        Column {
+        ColumnLayout {
             Layout.fillWidth: true
             spacing: Theme.tight
 
             PlainText {
-                width: parent.width
+                Layout.fillWidth: true
                 text: row.name
                 font: row.nameFont
                 elide: Text.ElideMiddle
@@ -75,7 +75,7 @@ Item {
             }
 
             PlainText {
-                width: parent.width
+                Layout.fillWidth: true
                 text: row.path
                 font: Theme.captionMonospaced
                 color: Theme.secondary

@@ -10,8 +10,9 @@ T.Button {
 
     implicitWidth: Theme.controlHeight
     implicitHeight: Theme.controlHeight
-    Keys.onReturnPressed: event => event.isAutoRepeat || click()
-    Keys.onEnterPressed: event => event.isAutoRepeat || click()
+    Accessible.name: text
+    Keys.onReturnPressed: event => event.isAutoRepeat || clicked()
+    Keys.onEnterPressed: event => event.isAutoRepeat || clicked()
 
     contentItem: Item {
         Symbol {

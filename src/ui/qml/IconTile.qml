@@ -13,7 +13,7 @@ ContinuousRectangle {
     implicitWidth: Theme.tileSide
     implicitHeight: Theme.tileSide
     radius: Theme.tileRadius
-    color: Theme.withOpacity(Theme.tints[tint], Theme.tileOpacity)
+    color: Theme.withOpacity(Theme.tint(tint), Theme.tileOpacity)
     Accessible.ignored: true
 
     Symbol {
@@ -21,6 +21,6 @@ ContinuousRectangle {
         name: tile.systemImage
         size: 16
         weight: tile.weight
-        color: Theme.tints[tile.tint]
+        color: Theme.tint(tile.tint)
     }
 }

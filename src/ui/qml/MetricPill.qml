@@ -37,12 +37,12 @@ ContinuousRectangle {
             color: Theme.accent
         }
 
-        Column {
+        ColumnLayout {
             Layout.fillWidth: true
             spacing: 1
 
             PlainText {
-                width: parent.width
+                Layout.fillWidth: true
                 elide: Text.ElideRight
                 text: pill.title
                 font: Theme.caption
@@ -51,7 +51,7 @@ ContinuousRectangle {
             }
 
             PlainText {
-                width: parent.width
+                Layout.fillWidth: true
                 elide: Text.ElideRight
                 text: pill.value
                 font: Theme.headline

@@ -17,8 +17,9 @@ T.Button {
     rightPadding: 14
     opacity: enabled ? 1 : Theme.disabledOpacity
     font: Theme.bodyMedium
-    Keys.onReturnPressed: event => event.isAutoRepeat || click()
-    Keys.onEnterPressed: event => event.isAutoRepeat || click()
+    Accessible.name: text
+    Keys.onReturnPressed: event => event.isAutoRepeat || clicked()
+    Keys.onEnterPressed: event => event.isAutoRepeat || clicked()
 
     contentItem: Item {
         implicitWidth: face.implicitWidth

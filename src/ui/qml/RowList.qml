@@ -17,6 +17,11 @@ ListView {
             goTo(Math.max(0, Math.min(count - 1, row)));
     }
 
+    function makeCurrent(row: int) {
+        currentIndex = row;
+        positionViewAtIndex(row, ListView.Contain);
+    }
+
     clip: true
     activeFocusOnTab: count > 0
     boundsBehavior: Flickable.StopAtBounds
@@ -30,10 +35,6 @@ ListView {
     T.ScrollBar.vertical: ThinScrollBar {
     }
 
-    onGoTo: row => {
-        currentIndex = row;
-        positionViewAtIndex(row, ListView.Contain);
-    }
     Keys.onUpPressed: move(currentIndex - 1)
     Keys.onDownPressed: move(currentIndex + 1)
     Keys.onPressed: event => {

@@ -55,6 +55,7 @@ FocusScope {
                 checked: index === control.current
                 focusPolicy: Qt.NoFocus
                 Accessible.role: Accessible.RadioButton
+                Accessible.name: text
                 Accessible.checkable: true
                 Accessible.checked: checked
                 onClicked: control.chosen(index)

@@ -21,8 +21,8 @@ T.AbstractButton {
     Accessible.name: title
     Accessible.selectable: true
     Accessible.selected: selected
-    Keys.onReturnPressed: event => event.isAutoRepeat || click()
-    Keys.onEnterPressed: event => event.isAutoRepeat || click()
+    Keys.onReturnPressed: event => event.isAutoRepeat || clicked()
+    Keys.onEnterPressed: event => event.isAutoRepeat || clicked()
 
     contentItem: RowLayout {
         spacing: 10

@@ -88,7 +88,7 @@ FocusScope {
 
                     Shortcut {
                         sequence: "Ctrl+" + (row.index + 1)
-                        onActivated: row.click()
+                        onActivated: row.clicked()
                     }
                 }
             }

@@ -141,6 +141,11 @@ QtObject {
         property color symbol
     }
 
+    /// The tint of this name.
+    function tint(name: string): color {
+        return tints[name] ?? secondary;
+    }
+
     function withOpacity(color: color, opacity: real): color {
         return Qt.rgba(color.r, color.g, color.b, opacity);
     }
