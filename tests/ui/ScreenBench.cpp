@@ -1,0 +1,183 @@
+#include "ScreenBench.h"
+
+#include <QAccessible>
+#include <QCoreApplication>
+#include <QDragEnterEvent>
+#include <QMimeData>
+#include <QQmlContext>
+#include <QQmlEngine>
+#include <QQmlProperty>
+#include <QQuickWindow>
+
+#include <algorithm>
+
+namespace {
+
+QStringList pathsOf(const QList<Url> &urls)
+{
+    QStringList paths;
+    for (const auto &url : urls)
+        paths.append(url.displayPath());
+    return paths;
+}
+
+/// Every visible item below `item`, and itself, outermost first.
+QList<QQuickItem *> visibleItems(QQuickItem *item)
+{
+    if (!item->isVisible())
+        return {};
+    QList items{item};
+    for (auto *child : item->childItems())
+        items.append(visibleItems(child));
+    return items;
+}
+
+/// Empty for what assistive technology is not told of.
+QString accessibleName(QQuickItem *item)
+{
+    if (QQmlProperty(item, QStringLiteral("Accessible.ignored"), qmlContext(item)).read().toBool())
+        return {};
+    auto *interface = QAccessible::queryAccessibleInterface(item);
+    return interface ? interface->text(QAccessible::Name) : QString();
+}
+
+std::unique_ptr<QMimeData> mimeData(const QVariantMap &data)
+{
+    auto mime = std::make_unique<QMimeData>();
+    for (auto entry = data.constBegin(); entry != data.constEnd(); ++entry)
+        mime->setData(entry.key(), QByteArray::fromPercentEncoding(entry->toString().toLatin1(), '^'));
+    return mime;
+}
+
+QPoint middleOf(QQuickItem *item)
+{
+    return item->mapToScene(item->boundingRect().center()).toPoint();
+}
+
+bool enter(QQuickItem *item, const QMimeData &mime)
+{
+    QDragEnterEvent event(middleOf(item), Qt::CopyAction | Qt::MoveAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(item->window(), &event);
+    // A drag that would move is answered with a copy, or the file manager takes the original away.
+    return event.isAccepted() && event.dropAction() == Qt::CopyAction;
+}
+
+} // namespace
+
+ScreenBench::ScreenBench()
+{
+    renew();
+}
+
+QStringList ScreenBench::recycled() const
+{
+    return pathsOf(m_computer->workspace.recycled);
+}
+
+QStringList ScreenBench::revealed() const
+{
+    return pathsOf(m_computer->workspace.revealed);
+}
+
+void ScreenBench::renew()
+{
+    // The screens let go of the old state before it goes.
+    const auto oldState = std::move(m_viewModel);
+    const auto oldComputer = std::move(m_computer);
+    m_computer = std::make_unique<Computer>();
+    m_viewModel = std::make_unique<AppViewModel>(m_computer->platform);
+    QQmlEngine::setObjectOwnership(m_viewModel.get(), QQmlEngine::CppOwnership);
+    Q_EMIT renewed();
+}
+
+void ScreenBench::installApplication(const QString &path, const QString &identifier)
+{
+    m_computer->disk.application(path.toUtf8(), {.identifier = identifier});
+}
+
+void ScreenBench::installApplicationWithByte(const QString &path, int byte, const QString &identifier)
+{
+    m_computer->disk.application(path.toUtf8() + static_cast<char>(byte) + ".app", {.identifier = identifier});
+}
+
+void ScreenBench::addFile(const QString &path, int size)
+{
+    m_computer->disk.file(path.toUtf8(), size);
+}
+
+void ScreenBench::refuse(const QString &path, const QString &reason)
+{
+    m_computer->workspace.reactTo(m_computer->disk.url(path.toUtf8()),
+                                  {.moves = false, .confirms = false, .error = reason});
+}
+
+void ScreenBench::setChosenFolder(const QString &path)
+{
+    m_computer->chooser.folder =
+        path.isEmpty() ? std::nullopt : std::optional(m_computer->disk.url(path.toUtf8()));
+}
+
+QQuickItem *ScreenBench::control(QQuickItem *item, const QString &name)
+{
+    QQuickItem *text = nullptr;
+    for (auto *named : visibleItems(item->window()->contentItem())) {
+        if (accessibleName(named) != name)
+            continue;
+        const auto role = QAccessible::queryAccessibleInterface(named)->role();
+        if (role != QAccessible::StaticText && role != QAccessible::Heading)
+            return named;
+        if (!text)
+            text = named;
+    }
+    return text;
+}
+
+QStringList ScreenBench::namelessControls(QQuickItem *item)
+{
+    QStringList types;
+    for (auto *control : visibleItems(item)) {
+        if (control->activeFocusOnTab() && accessibleName(control).isEmpty())
+            types.append(QString::fromLatin1(control->metaObject()->className()));
+    }
+    return types;
+}
+
+QStringList ScreenBench::clippedTexts(QQuickItem *item)
+{
+    QStringList texts;
+    for (auto *text : visibleItems(item)) {
+        const auto format = text->property("textFormat");
+        if (!format.isValid() || !text->inherits("QQuickText"))
+            continue;
+        // Names and paths are shortened on purpose; words of ours are not.
+        const bool isShortened = text->property("truncated").toBool();
+        const bool isWords = !text->property("text").toString().contains(QLatin1Char('/'));
+        if ((isShortened && isWords) || text->property("contentWidth").toReal() > text->width() + 1
+            || format.toInt() != Qt::PlainText)
+            texts.append(text->property("text").toString());
+    }
+    return texts;
+}
+
+bool ScreenBench::hover(QQuickItem *item, const QVariantMap &data)
+{
+    return enter(item, *mimeData(data));
+}
+
+void ScreenBench::leave(QQuickItem *item)
+{
+    QDragLeaveEvent event;
+    QCoreApplication::sendEvent(item->window(), &event);
+}
+
+bool ScreenBench::drop(QQuickItem *item, const QVariantMap &data)
+{
+    const auto mime = mimeData(data);
+    if (!enter(item, *mime)) {
+        leave(item);
+        return false;
+    }
+    QDropEvent event(middleOf(item), Qt::CopyAction | Qt::MoveAction, mime.get(), Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(item->window(), &event);
+    return event.isAccepted() && event.dropAction() == Qt::CopyAction;
+}

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "AppViewModel.h"
+#include "BackgroundPriority.h"
+#include "FakeApplicationRegistry.h"
+#include "FakeHelperService.h"
+#include "FakeSystemFacts.h"
+#include "FakeWorkspace.h"
+#include "FolderChooser.h"
+#include "Platform.h"
+#include "TestDisk.h"
+
+#include <QQuickItem>
+#include <QStringList>
+
+#include <memory>
+
+class QMimeData;
+
+/// What the tests of the screens work with: the real state object on a disk in memory, and hands that find a
+/// control by the name that assistive technology is told, and drop things.
+class ScreenBench : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(AppViewModel *viewModel READ viewModel NOTIFY renewed)
+    /// What was given to the Trash, in order.
+    Q_PROPERTY(QStringList recycled READ recycled)
+    Q_PROPERTY(QStringList revealed READ revealed)
+
+public:
+    ScreenBench();
+
+    AppViewModel *viewModel() { return m_viewModel.get(); }
+    QStringList recycled() const;
+    QStringList revealed() const;
+
+    /// An empty disk and a state object as at the program's start.
+    Q_INVOKABLE void renew();
+    Q_INVOKABLE void installApplication(const QString &path, const QString &identifier);
+    /// The name of the bundle ends in a byte that need not be text.
+    Q_INVOKABLE void installApplicationWithByte(const QString &path, int byte, const QString &identifier);
+    Q_INVOKABLE void addFile(const QString &path, int size = 4096);
+    /// The Trash refuses the item, for this reason.
+    Q_INVOKABLE void refuse(const QString &path, const QString &reason);
+    /// The folder that the next choice of a folder answers; none when empty.
+    Q_INVOKABLE void setChosenFolder(const QString &path);
+
+    /// The visible control of this accessible name in the window of `item`, or else the text; null when there is
+    /// none.
+    Q_INVOKABLE static QQuickItem *control(QQuickItem *item, const QString &name);
+    /// Accessible names are the first thing that is forgotten: the type of every control below `item` that the
+    /// keyboard reaches and that has none.
+    Q_INVOKABLE static QStringList namelessControls(QQuickItem *item);
+    /// The texts below `item` that do not fit into their place, or would be taken for markup.
+    Q_INVOKABLE static QStringList clippedTexts(QQuickItem *item);
+
+    /// Drags `data`, by MIME type, over the middle of `item`, and drops it when it is taken there. Whether it was.
+    Q_INVOKABLE static bool drop(QQuickItem *item, const QVariantMap &data);
+    /// Only hovers; `leave` ends it.
+    Q_INVOKABLE static bool hover(QQuickItem *item, const QVariantMap &data);
+    Q_INVOKABLE static void leave(QQuickItem *item);
+
+Q_SIGNALS:
+    void renewed();
+
+private:
+    struct Chooser : FolderChooser
+    {
+        std::optional<Url> folder;
+        QFuture<std::optional<Url>> chooseFolder(const QString &, const QString &) override
+        {
+            return QtFuture::makeReadyFuture(folder);
+        }
+    };
+    struct Priority : BackgroundPriority
+    {
+        void apply(TaskPriority) const override { }
+    };
+    struct Computer
+    {
+        TestDisk disk;
+        FakeApplicationRegistry registry;
+        FakeSystemFacts facts;
+        Priority priority;
+        FakeWorkspace workspace{disk};
+        FakeHelperService helper;
+        Chooser chooser;
+        const Platform platform{disk,     disk.bundles, disk.signatures, registry, facts,
+                                priority, workspace,    helper,          chooser};
+    };
+
+    std::unique_ptr<Computer> m_computer;
+    std::unique_ptr<AppViewModel> m_viewModel;
+};

@@ -1,0 +1,44 @@
+#include "ScreenBench.h"
+#include "ShadowProvider.h"
+#include "SymbolProvider.h"
+
+#include <QQmlContext>
+#include <QQmlEngine>
+#include <QtQuickTest>
+
+/// Makes the QML module's C++ types known; the build writes it. A static library has to be asked.
+void qml_register_types_Tarnvale();
+
+/// Gives the test files the window's module and a bench.
+class ScreensTest : public QObject
+{
+    Q_OBJECT
+
+public Q_SLOTS:
+    void qmlEngineAvailable(QQmlEngine *engine)
+    {
+        qml_register_types_Tarnvale();
+        engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
+        engine->addImageProvider(QStringLiteral("bundles"), new NoPictures);
+        engine->addImageProvider(QStringLiteral("shadows"), new ShadowProvider);
+        engine->addImageProvider(QStringLiteral("symbols"), new SymbolProvider);
+        engine->rootContext()->setContextProperty(QStringLiteral("bench"), &m_bench);
+    }
+
+private:
+    struct NoPictures : QQuickImageProvider
+    {
+        NoPictures() : QQuickImageProvider(QQuickImageProvider::Image) { }
+        QImage requestImage(const QString &, QSize *size, const QSize &) override
+        {
+            *size = {1, 1};
+            return QImage(1, 1, QImage::Format_ARGB32);
+        }
+    };
+
+    ScreenBench m_bench;
+};
+
+QUICK_TEST_MAIN_WITH_SETUP(screens, ScreensTest)
+
+#include "ScreensTest.moc"

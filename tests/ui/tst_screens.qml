@@ -1,0 +1,340 @@
+import QtQuick
+import QtTest
+import Tarnvale
+
+Item {
+    id: root
+
+    width: 980
+    height: 640
+
+    Binding {
+        target: Texts
+        property: "language"
+        value: bench.viewModel.language
+    }
+
+    Loader {
+        id: window
+
+        anchors.fill: parent
+        focus: true
+        sourceComponent: Component {
+            ContentView {
+                viewModel: bench.viewModel
+            }
+        }
+    }
+
+    TestCase {
+        id: test
+
+        readonly property AppViewModel app: bench.viewModel
+
+        name: "Screens"
+        when: windowShown
+
+        function init() {
+            window.active = false;
+            bench.renew();
+            window.active = true;
+            app.language = Tarnvale.AppLanguage.english;
+        }
+
+        function press(name) {
+            const item = bench.control(root, name);
+            verify(item, "no control named " + name);
+            mouseClick(item);
+        }
+
+        function go(section) {
+            app.sidebarSelection = section;
+            waitForRendering(root);
+        }
+
+        function settle() {
+            tryVerify(() => !app.isProcessing);
+        }
+
+        function installNotes() {
+            bench.installApplication("/Applications/Notes.app", "org.notes");
+            bench.addFile("~/Library/Caches/org.notes/data", 5000);
+        }
+
+        function findNotes() {
+            installNotes();
+            go(Tarnvale.SidebarSelection.uninstaller);
+            app.applicationQuery = "Notes";
+            app.scanApplicationByName();
+            settle();
+            tryVerify(() => app.associatedItems.count === 2);
+        }
+
+        function findCaches() {
+            for (const name of ["big", "bigger", "biggest"])
+                bench.addFile("~/Library/Caches/" + name, 1100000 + 100000 * name.length);
+            go(Tarnvale.SidebarSelection.cleaner);
+            press("Scan");
+            settle();
+            tryVerify(() => app.cleanerItems.count === 3);
+        }
+
+        function test_everyScreenIsReachedByMouseAndKey() {
+            const names = ["Dashboard", "Uninstaller", "Applications", "Leftovers", "Cache & Logs", "Media Files", "Text Files"];
+            for (const [index, name] of names.entries()) {
+                press(name);
+                compare(app.sidebarSelection, index);
+            }
+            for (let index = 0; index < names.length; ++index) {
+                keyClick(Qt.Key_1 + index, Qt.ControlModifier);
+                compare(app.sidebarSelection, index);
+            }
+        }
+
+        function test_everyControlHasANameAndEveryTextFits() {
+            findNotes();
+            findCaches();
+            for (const language of [Tarnvale.AppLanguage.polish, Tarnvale.AppLanguage.english]) {
+                app.language = language;
+                for (let section = 0; section < 7; ++section) {
+                    go(section);
+                    compare(bench.namelessControls(root), [], "screen " + section);
+                    compare(bench.clippedTexts(root), [], "screen " + section);
+                }
+            }
+        }
+
+        function test_theLanguageSwitchRelabelsAnOpenConfirmationAndKeepsTheStatus() {
+            findCaches();
+            app.requestDeletion(Tarnvale.ScanScope.cleaner);
+            const stored = app.statusMessage;
+            compare(stored, "Select items first.");
+            app.cleanerItems.setSelected(0, true);
+            app.requestDeletion(Tarnvale.ScanScope.cleaner);
+            tryVerify(() => bench.control(root, "Move items to Trash?"));
+            app.language = Tarnvale.AppLanguage.polish;
+            verify(bench.control(root, "Przenieść elementy do Kosza?"));
+            verify(bench.control(root, "Anuluj"));
+            verify(bench.control(root, "Lista aplikacji"));
+            compare(app.statusMessage, stored);
+        }
+
+        function test_returnInTheFieldScansOnce() {
+            installNotes();
+            go(Tarnvale.SidebarSelection.uninstaller);
+            const changes = [];
+            const record = () => changes.push(app.isProcessing);
+            app.isProcessingChanged.connect(record);
+            press("Enter the exact application name");
+            for (const letter of "Notes")
+                keyClick(letter);
+            compare(app.applicationQuery, "Notes");
+            keyClick(Qt.Key_Return);
+            tryCompare(app.associatedItems, "count", 2);
+            settle();
+            // The catalog, then the scan: twice busy and twice idle.
+            compare(changes, [true, false, true, false]);
+            app.isProcessingChanged.disconnect(record);
+        }
+
+        function test_aBlankQueryDisablesTheButtonButNotReturn() {
+            go(Tarnvale.SidebarSelection.leftovers);
+            press("Exact file or folder name, e.g. com.example.core.service");
+            keyClick(Qt.Key_Space);
+            verify(!bench.control(root, "Search").enabled);
+            keyClick(Qt.Key_Return);
+            compare(app.statusMessage, "Enter a valid file or folder name without path separators.");
+            go(Tarnvale.SidebarSelection.uninstaller);
+            app.applicationQuery = " \t";
+            verify(!bench.control(root, "Scan").enabled);
+        }
+
+        function test_aListIsTickedWithTheKeyboardAlone() {
+            findCaches();
+            const list = bench.control(root, "Items");
+            for (let presses = 0; !list.activeFocus && presses < 20; ++presses)
+                keyClick(Qt.Key_Tab);
+            verify(list.activeFocus);
+            verify(!bench.control(root, "Move Selected to Trash").enabled);
+            keyClick(Qt.Key_Down);
+            keyClick(Qt.Key_Space);
+            compare(app.cleanerItems.selectedCount, 1);
+            keyClick(Qt.Key_End);
+            keyClick(Qt.Key_Space);
+            compare(app.cleanerItems.selectedCount, 2);
+            keyClick(Qt.Key_Space);
+            compare(app.cleanerItems.selectedCount, 1);
+            keyClick(Qt.Key_Tab);
+            keyClick(Qt.Key_Return);
+            tryVerify(() => bench.control(root, "Cancel")?.activeFocus, 5000, "Cancel is the default");
+            keyClick(Qt.Key_Tab);
+            keyClick(Qt.Key_Return);
+            settle();
+            compare(bench.recycled.length, 1);
+            compare(app.cleanerItems.count, 2);
+        }
+
+        function test_everythingButItsButtonMeansCancel_data() {
+            return [{
+                    "tag": "Return",
+                    "key": Qt.Key_Return
+                }, {
+                    "tag": "Escape",
+                    "key": Qt.Key_Escape
+                }];
+        }
+
+        function test_everythingButItsButtonMeansCancel(data) {
+            findCaches();
+            app.cleanerItems.setSelected(1, true);
+            press("Move Selected to Trash");
+            tryVerify(() => bench.control(root, "Cancel")?.activeFocus);
+            keyClick(data.key);
+            tryCompare(app, "pendingDeletion", undefined);
+            tryVerify(() => !bench.control(root, "Cancel"));
+            compare(bench.recycled, []);
+            compare(app.cleanerItems.selectedCount, 1);
+        }
+
+        function test_aNoticeWaitsForTheConfirmationToBeAnswered() {
+            findCaches();
+            bench.refuse("~/Library/Caches/big", "It is <b>busy</b> & locked.");
+            app.cleanerItems.setSelected(2, true);
+            app.requestDeletion(Tarnvale.ScanScope.cleaner);
+            tryVerify(() => bench.control(root, "Move to Trash"));
+            press("Move to Trash");
+            verify(app.isProcessing);
+            app.cleanerItems.setSelected(0, true);
+            app.requestDeletion(Tarnvale.ScanScope.cleaner);
+            tryVerify(() => bench.control(root, "Cancel"));
+            settle();
+            verify(app.userNotice !== undefined);
+            verify(!bench.control(root, "OK"), "one at a time");
+            press("Cancel");
+            tryVerify(() => bench.control(root, "OK"));
+            verify(bench.control(root, "big: It is <b>busy</b> & locked."), "names are shown as they are");
+            keyClick(Qt.Key_Return);
+            tryCompare(app, "userNotice", undefined);
+            tryVerify(() => !bench.control(root, "OK"));
+        }
+
+        function test_theStatusBarHidesWhileBusyAndWhenThereIsNothingToSay() {
+            const bar = name => bench.control(root, name);
+            go(Tarnvale.SidebarSelection.cleaner);
+            verify(!bar("Select items first."));
+            app.requestDeletion(Tarnvale.ScanScope.cleaner);
+            tryVerify(() => bar("Select items first."));
+            app.scanCleaner();
+            verify(!bar("Select items first."));
+            settle();
+            tryVerify(() => bar("No items matching the safety criteria were found."));
+        }
+
+        function test_aDropTakesTheFirstFile_data() {
+            // A percent sign is written ^25 here, and a byte ^xx.
+            return [{
+                    "tag": "list",
+                    "data": {
+                        "text/uri-list": "# comment^0D^0Ahttps://example.org/^0D^0Afile:///Applications/Notes.app^0D^0Afile:///Applications/Other.app^0D^0A"
+                    },
+                    "name": "Notes"
+                }, {
+                    "tag": "text that is a URI",
+                    "data": {
+                        "text/plain": "file:///Applications/No^2520tes.app"
+                    },
+                    "name": "No tes"
+                }, {
+                    "tag": "bytes that are not UTF-8",
+                    "data": {
+                        "text/uri-list": "file:///Applications/No^25ff.app^0D^0A"
+                    },
+                    "name": "No\ufffd"
+                }];
+        }
+
+        function test_aDropTakesTheFirstFile(data) {
+            bench.installApplication("/Applications/Notes.app", "org.notes");
+            bench.installApplication("/Applications/No tes.app", "org.spaced");
+            bench.installApplicationWithByte("/Applications/No", 0xff, "org.bytes");
+            go(Tarnvale.SidebarSelection.uninstaller);
+            const zone = bench.control(root, "Drag an application here");
+            verify(bench.hover(zone, data.data));
+            verify(zone.isTargeted);
+            bench.leave(zone);
+            verify(!zone.isTargeted);
+            verify(bench.drop(zone, data.data));
+            verify(!zone.isTargeted);
+            compare(app.applicationQuery, "", "the drop is answered before anything is done with it");
+            tryCompare(app, "applicationQuery", data.name);
+            settle();
+        }
+
+        function test_aDropOfSomethingElse() {
+            go(Tarnvale.SidebarSelection.uninstaller);
+            const zone = bench.control(root, "Drag an application here");
+            verify(!bench.drop(zone, {
+                        "text/plain": "just words"
+                    }));
+            verify(!bench.drop(zone, {
+                        "text/uri-list": "https://example.org/Notes.app^0D^0A"
+                    }));
+            wait(20);
+            compare(app.statusMessage, "");
+            bench.addFile("~/letter.txt");
+            verify(bench.drop(zone, {
+                        "text/uri-list": "file:///Users/me/letter.txt^0D^0A"
+                    }));
+            tryCompare(app, "statusMessage", "The dropped item is not a valid .app application.");
+        }
+
+        function test_namesAreShownAsTheyAre() {
+            for (const name of ["Ding & Dong", "<b>Bold"])
+                bench.installApplication("/Applications/" + name + ".app", "org.x" + name.length);
+            go(Tarnvale.SidebarSelection.applications);
+            press("Scan");
+            settle();
+            press("Ding & Dong");
+            compare(app.selectedApplication.name, "Ding & Dong");
+            verify(bench.control(root, "<b>Bold"));
+        }
+
+        function test_aNewCatalogIsNotASelection() {
+            installNotes();
+            bench.installApplication("/Applications/Atlas.app", "org.atlas");
+            go(Tarnvale.SidebarSelection.applications);
+            press("Scan");
+            settle();
+            compare(app.selectedApplication, undefined);
+            press("Notes");
+            press("Scan Related Files");
+            settle();
+            tryCompare(app.associatedItems, "count", 2);
+            app.loadApplications(true);
+            settle();
+            compare(app.selectedApplication.name, "Notes");
+            compare(app.associatedItems.count, 2);
+            keyClick(Qt.Key_Up);
+        }
+
+        function test_aFinderNeedsAFolderAndACategory() {
+            bench.addFile("~/Movies/a & b.mov", 9000);
+            bench.setChosenFolder("~/Movies");
+            go(Tarnvale.SidebarSelection.mediaFinder);
+            verify(!bench.control(root, "Scan").enabled);
+            press("Choose Folder or Disk");
+            tryVerify(() => bench.control(root, "/Users/me/Movies"));
+            for (const category of ["Video", "Audio", "Images"])
+                press(category);
+            verify(!bench.control(root, "Scan").enabled);
+            press("Video");
+            press("Scan");
+            settle();
+            tryVerify(() => bench.control(root, "a & b.mov"));
+            press("Video");
+            verify(bench.control(root, "a & b.mov"), "only the next scan asks for the categories");
+            press("Show in Finder");
+            compare(bench.revealed, ["/Users/me/Movies/a & b.mov"]);
+        }
+    }
+}
