@@ -34,9 +34,19 @@ qint64 bytesOf(quint64 count, quint64 unit)
     return static_cast<qint64>(bytes);
 }
 
+/// Since 1970; absent for a year that no clock can mean.
+static std::optional<qint64> nanosecondsOf(const struct timespec &time)
+{
+    qint64 nanoseconds = 0;
+    if (qMulOverflow(qint64{time.tv_sec}, qint64{1'000'000'000}, &nanoseconds)
+        || qAddOverflow(nanoseconds, qint64{time.tv_nsec}, &nanoseconds))
+        return std::nullopt;
+    return nanoseconds;
+}
+
 ResourceValues resourceValuesOf(const struct stat &status)
 {
     const auto blocks = status.st_blocks > 0 ? static_cast<quint64>(status.st_blocks) : 0;
     const auto size = bytesOf(blocks, bytesPerBlock);
-    return {fileTypeOf(status.st_mode), size, size};
+    return {fileTypeOf(status.st_mode), size, size, nanosecondsOf(status.st_mtim)};
 }
