@@ -133,4 +133,32 @@ const QList<SampleLink> &SampleContents::links()
     };
     return links;
 }
+
+const QList<SampleFact> &SampleContents::facts()
+{
+    static const QList<SampleFact> facts = {
+        {u"/etc/machine-info", "PRETTY_HOSTNAME=\"Laptop Ady\"\n"},
+        {u"/etc/os-release", "PRETTY_NAME=\"Debian GNU/Linux 12 (bookworm)\"\n"},
+        {u"/proc/sys/kernel/hostname", "ada-laptop\n"},
+        {u"/proc/cpuinfo", "processor\t: 0\nmodel name\t: Fennel F7 8-Core Processor @ 3.20GHz\n"},
+        {u"/proc/meminfo", "MemTotal:       16384000 kB\nMemFree:         2621440 kB\nMemAvailable:    6881280 kB\n"
+                           "AnonPages:       6144000 kB\nShmem:            512000 kB\nZswap:            786432 kB\n"},
+        {u"/proc/uptime", "187260.42 1201333.10\n"},
+        {u"/sys/class/dmi/id/sys_vendor", "Fennel\n"},
+        {u"/sys/class/dmi/id/product_name", "Meadow 14\n"},
+        {u"/sys/class/power_supply/AC/type", "Mains\n"},
+        {u"/sys/class/power_supply/AC/online", "0\n"},
+        {u"/sys/class/power_supply/BAT0/type", "Battery\n"},
+        {u"/sys/class/power_supply/BAT0/present", "1\n"},
+        {u"/sys/class/power_supply/BAT0/status", "Discharging\n"},
+        {u"/sys/class/power_supply/BAT0/health", "Good\n"},
+        {u"/sys/class/power_supply/BAT0/charge_now", "3186000\n"},
+        {u"/sys/class/power_supply/BAT0/charge_full", "4120000\n"},
+        {u"/sys/class/power_supply/BAT0/charge_full_design", "4600000\n"},
+        {u"/sys/class/power_supply/BAT0/current_now", "731000\n"},
+        {u"/sys/class/power_supply/BAT0/voltage_min_design", "11550000\n"},
+        {u"/sys/class/power_supply/BAT0/cycle_count", "218\n"},
+    };
+    return facts;
+}
 // clang-format on

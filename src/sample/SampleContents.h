@@ -33,6 +33,13 @@ struct SampleLink
     const char16_t *target;
 };
 
+/// What the kernel tells in one file.
+struct SampleFact
+{
+    const char16_t *path;
+    const char *content;
+};
+
 /// What stands on the sample disk.
 namespace SampleContents {
 
@@ -42,5 +49,6 @@ inline const QString home = QStringLiteral("/Users/ada");
 const QList<SampleApplication> &applications();
 const QList<SampleFile> &files();
 const QList<SampleLink> &links();
+const QList<SampleFact> &facts();
 
 } // namespace SampleContents

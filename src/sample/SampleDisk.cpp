@@ -3,6 +3,7 @@
 #include "DiskBuilder.h"
 #include "IconPainter.h"
 #include "SampleContents.h"
+#include "SignedProgram.h"
 
 #include <QDir>
 #include <QFile>
@@ -27,11 +28,23 @@ QByteArray informationDictionary(const SampleApplication &application)
     return plist + "</dict>\n</plist>\n";
 }
 
+/// The program that the information dictionary names: signed where the application has a group.
+QByteArray program(const SampleApplication &application)
+{
+    SignedProgram program;
+    if (*application.group) {
+        const QVariantList groups{QString::fromUtf16(application.group)};
+        program.xmlEntitlements = QVariantMap{{QStringLiteral("com.apple.security.application-groups"), groups}};
+    }
+    return program.file();
+}
+
 void buildApplication(DiskBuilder &disk, const SampleApplication &application)
 {
     const auto contents = QString::fromUtf16(application.path) + QStringLiteral("/Contents");
     disk.writeFile(contents + QStringLiteral("/Info.plist"), informationDictionary(application));
-    disk.allocateFile(contents + QStringLiteral("/MacOS/Main"), application.size / 4);
+    disk.writeFile(contents + QStringLiteral("/MacOS/Main"), program(application));
+    disk.allocateFile(contents + QStringLiteral("/MacOS/libMain.dylib"), application.size / 4);
     disk.allocateFile(contents + QStringLiteral("/Frameworks/Core.framework/Core"), application.size / 2);
     disk.allocateFile(contents + QStringLiteral("/Resources/Assets.car"), application.size / 4);
     if (*application.letter) {
@@ -74,6 +87,8 @@ QString SampleDisk::build() const
         disk.allocateFile(QString::fromUtf16(path), size);
     for (const auto &[path, target] : SampleContents::links())
         disk.makeLink(QString::fromUtf16(path), QString::fromUtf16(target));
+    for (const auto &[path, content] : SampleContents::facts())
+        disk.writeFile(QStringLiteral("/.computer") + QString::fromUtf16(path), content);
     disk.makeFolder(QStringLiteral("~/.local/share"));
     return disk.error();
 }

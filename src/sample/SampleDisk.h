@@ -26,6 +26,9 @@ public:
     QString homePath() const;
     QString dataHomePath() const { return homePath() + QStringLiteral("/.local/share"); }
 
+    /// The folder with what the kernel of the computer tells that the disk plays to be in: a laptop.
+    QString computerPath() const { return m_folder + QStringLiteral("/.computer"); }
+
 private:
     QString m_folder;
 };

@@ -10,15 +10,13 @@
 /// What is registered there is a file in the bus's folder of system services, put in place by an administrator or
 /// a package; the bus starts the helper when it is called.
 ///
-/// | asked for            | what the bus can tell or do |
-/// |----------------------|---------------------------------------------------------------------------------------|
-/// | status               | enabled (1) when the bus could start the helper or it runs, not found (3) when
-/// neither, | |                      | not registered (0) when the bus does not answer: registering then says why
-/// | | registerService      | lets the bus read its service files anew and asks it to start the helper; a file |
-/// |                      | cannot be put in place from here, as only an administrator may | |
-/// openApprovalSettings | nothing: no status asks for it. The bus's policy has approved the helper beforehand,  |
-/// |                      | or the helper lets polkit ask the user while the request waits | | moveItemsToTrash |
-/// the call above, without the 25 seconds after which Qt would give up                   |
+/// - status: enabled (1) when the bus could start the helper or it runs, not found (3) when neither, not registered (0)
+///   when the bus does not answer: registering then says why.
+/// - registerService: lets the bus read its service files anew and asks it to start the helper. A file cannot be put
+///   in place from here, as only an administrator may.
+/// - openApprovalSettings: nothing, since no status asks for it. The bus's policy has approved the helper beforehand,
+///   or the helper lets polkit ask the user while the request waits.
+/// - moveItemsToTrash: the call above, without the 25 seconds after which Qt would give up.
 ///
 /// The first two wait for the bus, which is a process of this computer and answers in less than a millisecond;
 /// after one second they give up, and the answer is that of a bus that does not answer.

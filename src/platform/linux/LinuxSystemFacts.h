@@ -7,22 +7,21 @@
 
 /// The facts as Linux tells them. Each is read anew when it is asked for, from
 ///
-/// | fact                   | source                                       | why this one |
-/// |------------------------|----------------------------------------------|---------------------------------------|
-/// | localizedHostName      | PRETTY_HOSTNAME of /etc/machine-info         | where the desktops keep what the user
-/// | |                        |                                              | typed; hostnamed only serves it |
-/// | hostName               | /proc/sys/kernel/hostname                    | the kernel's own answer | | model |
-/// sys_vendor and product_name of               | the firmware's; board_* where nobody  | | | /sys/class/dmi/id,
-/// else board_*;             | filled the product in; boards without | |                        | else
-/// /proc/device-tree/model                 | DMI have a device tree                | | operatingSystemVersion |
-/// PRETTY_NAME of /etc/os-release, else of      | made for showing; the second file     | | | /usr/lib/os-release
-/// | when the first is missing             | | processorBrand         | /proc/cpuinfo, else the last entry of |
-/// see ProcessorName.h                   | |                        | /proc/device-tree/compatible | | |
-/// physicalMemory         | MemTotal of /proc/meminfo                    | what programs can have: used and free |
-/// |                        |                                              | add up to it | | uptime |
-/// /proc/uptime                                 | counts from the boot, sleep included  | | battery and its time
-/// | /sys/class/power_supply                      | see PowerSupplies.h                   | | pageSize | sysconf
-/// | what the C library has from the kernel|
+/// | fact                   | source                                        | why this one |
+/// |------------------------|-----------------------------------------------|-----------------------------------------------------------------------|
+/// | localizedHostName      | PRETTY_HOSTNAME of /etc/machine-info          | where the desktops keep what the user typed; hostnamed only serves it |
+/// | hostName               | /proc/sys/kernel/hostname                     | the kernel's own answer                                               |
+/// | model                  | sys_vendor, product_name of /sys/class/dmi/id | the firmware's own words                                              |
+/// |                        | else board_* there                            | where nobody filled the product in                                    |
+/// |                        | else /proc/device-tree/model                  | boards without DMI have a device tree                                 |
+/// | operatingSystemVersion | PRETTY_NAME of /etc/os-release                | made for showing                                                      |
+/// |                        | else of /usr/lib/os-release                   | when the first is missing                                             |
+/// | processorBrand         | /proc/cpuinfo                                 | see ProcessorName.h                                                   |
+/// |                        | else /proc/device-tree/compatible             | its last entry                                                        |
+/// | physicalMemory         | MemTotal of /proc/meminfo                     | what programs can have: used and free add up to it                    |
+/// | uptime                 | /proc/uptime                                  | counts from the boot, sleep included                                  |
+/// | battery and its time   | /sys/class/power_supply                       | see PowerSupplies.h                                                   |
+/// | pageSize               | sysconf                                       | what the C library has from the kernel                                |
 ///
 /// Pages: used (wired + active + compressor) is MemTotal - MemAvailable, and free (free + speculative) is
 /// MemAvailable, the kernel's own estimate of what a program could still get without swapping, as `free` shows it.

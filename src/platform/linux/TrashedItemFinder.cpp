@@ -93,7 +93,7 @@ QList<TrashedItemFinder::Trash> TrashedItemFinder::trashes() const
     const auto slash = top.endsWith('/') ? top : top + '/';
     const auto user = QByteArray::number(getuid());
     return {
-        {QByteArray(g_get_user_data_dir()) + "/Trash", "/"},
+        {homeTrash(), "/"},
         {slash + ".Trash/" + user, top},
         {slash + ".Trash-" + user, top},
     };
@@ -131,4 +131,9 @@ bool TrashedItemFinder::namesTheItem(const QByteArray &record, const QByteArray 
         return false;
     const auto path = recorded->startsWith('/') ? *recorded : base + '/' + *recorded;
     return nameOf(path) == m_name && realPath(folderOf(path)) == m_realFolder;
+}
+
+QByteArray homeTrash()
+{
+    return QByteArray(g_get_user_data_dir()) + "/Trash";
 }

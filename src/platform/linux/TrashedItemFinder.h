@@ -48,3 +48,6 @@ private:
     dev_t m_device = 0;
     ino_t m_inode = 0;
 };
+
+/// The user's own Trash, where the desktop's library looks for it; a folder of this computer.
+QByteArray homeTrash();

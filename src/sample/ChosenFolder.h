@@ -1,0 +1,18 @@
+#pragma once
+
+#include "FolderChooser.h"
+
+/// Stands in the tour for the user who chooses a folder in the desktop's dialog, which is not a part of the window.
+class ChosenFolder : public FolderChooser
+{
+public:
+    void setAnswer(std::optional<Url> answer) { m_answer = std::move(answer); }
+
+    QFuture<std::optional<Url>> chooseFolder(const QString &, const QString &) override
+    {
+        return QtFuture::makeReadyFuture(m_answer);
+    }
+
+private:
+    std::optional<Url> m_answer;
+};

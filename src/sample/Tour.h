@@ -1,0 +1,65 @@
+#pragma once
+
+#include "Enumerations.h"
+#include "Robot.h"
+
+#include <QSize>
+
+class AppViewModel;
+class ChosenFolder;
+class SampleDisk;
+
+/// One walk through every screen of the window on a fresh sample disk, as a person would take it: with keys and
+/// clicks, a whole uninstall among them. Prints each step and what it found on the disk, keeps a picture of each,
+/// and counts what was not as it should be.
+class Tour
+{
+public:
+    /// `pictures` is a folder of this computer; it is made when it is not there.
+    Tour(AppViewModel &viewModel, QQuickWindow &window, ChosenFolder &chosenFolder, const SampleDisk &disk,
+         QString pictures);
+
+    /// How many steps failed.
+    int run(AppLanguage language, QSize size);
+
+private:
+    // The stops, in their order.
+    void visitDashboard();
+    void visitEmptyUninstaller();
+    void visitApplications();
+    void uninstallByName();
+    void meetSystemApplication();
+    void dropBundles();
+    void visitLeftovers();
+    void visitCleaner();
+    void visitMedia();
+    void visitDocuments();
+
+    void show(SidebarSelection section);
+    void searchApplication(const QString &name);
+    void waitUntilIdle();
+
+    /// Says whether `isTrue` holds for `what`, and counts it when it does not.
+    void expect(bool isTrue, const QString &what);
+    void click(QAccessible::Role role, const QString &name);
+    void press(const QString &textKey) { click(QAccessible::Button, text(textKey)); }
+
+    /// Lets animations come to rest and keeps a picture.
+    void keepPicture(const QString &name);
+    /// A picture of this very moment.
+    void keepInstant(const QString &name);
+
+    QString text(const QString &key) const;
+    /// How many items the disk's Trash holds.
+    qsizetype trashCount() const;
+    bool isOnDisk(const QString &path) const;
+
+    AppViewModel &m_viewModel;
+    QQuickWindow &m_window;
+    ChosenFolder &m_chosenFolder;
+    const SampleDisk &m_disk;
+    QString m_pictures;
+    Robot m_robot;
+    int m_failures = 0;
+    int m_pictureCount = 0;
+};
