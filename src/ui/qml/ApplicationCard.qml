@@ -51,6 +51,7 @@ UtilityCard {
 
             LabelledText {
                 Layout.alignment: Qt.AlignRight
+                Layout.fillWidth: false
                 label: Texts.of("size")
                 value: Presentation.sizeText(card.application?.sizeBytes ?? 0)
             }

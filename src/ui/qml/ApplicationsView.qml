@@ -17,6 +17,7 @@ FocusScope {
 
         UtilityHeader {
             Layout.fillWidth: true
+            Layout.bottomMargin: Theme.small
             title: Texts.of("applications")
             systemImage: "app.badge"
 

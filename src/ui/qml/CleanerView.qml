@@ -17,6 +17,7 @@ FocusScope {
 
         UtilityHeader {
             Layout.fillWidth: true
+            Layout.bottomMargin: Theme.small
             title: Texts.of("cleaner")
             subtitle: Texts.of("scan_cleaner_help")
             systemImage: "gauge.with.dots.needle.33percent"

@@ -26,6 +26,7 @@ UtilityCard {
             MetricPill {
                 Layout.fillWidth: true
                 Layout.maximumWidth: Theme.pillWidth
+                Layout.preferredWidth: Theme.pillWidth
                 title: Texts.of("selected")
                 value: view.items.selectedSizeText
                 systemImage: "checkmark.circle"
@@ -34,6 +35,7 @@ UtilityCard {
             MetricPill {
                 Layout.fillWidth: true
                 Layout.maximumWidth: Theme.pillWidth
+                Layout.preferredWidth: Theme.pillWidth
                 title: Texts.of("items")
                 value: view.items.count
                 systemImage: "doc.on.doc"
@@ -42,6 +44,7 @@ UtilityCard {
             MetricPill {
                 Layout.fillWidth: true
                 Layout.maximumWidth: Theme.pillWidth
+                Layout.preferredWidth: Theme.pillWidth
                 title: Texts.of("size")
                 value: view.items.totalSizeText
                 systemImage: "internaldrive"

@@ -34,6 +34,7 @@ FocusScope {
 
         UtilityHeader {
             Layout.fillWidth: true
+            Layout.bottomMargin: Theme.small
             title: view.title
             subtitle: view.help
             systemImage: view.systemImage
@@ -104,6 +105,7 @@ FocusScope {
                     MetricPill {
                         Layout.fillWidth: true
                         Layout.maximumWidth: Theme.pillWidth
+                        Layout.preferredWidth: Theme.pillWidth
                         title: Texts.of("items")
                         value: view.files.count
                         systemImage: "doc.on.doc"
@@ -112,6 +114,7 @@ FocusScope {
                     MetricPill {
                         Layout.fillWidth: true
                         Layout.maximumWidth: Theme.pillWidth
+                        Layout.preferredWidth: Theme.pillWidth
                         title: Texts.of("size")
                         value: view.files.totalSizeText
                         systemImage: "internaldrive"

@@ -20,6 +20,7 @@ FocusScope {
 
         UtilityHeader {
             Layout.fillWidth: true
+            Layout.bottomMargin: Theme.small
             title: Texts.of("uninstaller")
             subtitle: Texts.of("welcome")
             systemImage: "trash"

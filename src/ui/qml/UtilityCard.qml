@@ -1,13 +1,13 @@
 import QtQuick
 import Tarnvale
 
-/// The decoration of a content block.
+/// The decoration of a content block, and the room around it.
 Item {
     default property alias content: inside.data
     property real padding: Theme.large
 
-    implicitWidth: inside.childrenRect.width + 2 * padding
-    implicitHeight: inside.childrenRect.height + 2 * padding
+    implicitWidth: Array.from(inside.children).reduce((width, child) => Math.max(width, child.implicitWidth), 0) + 2 * padding
+    implicitHeight: Array.from(inside.children).reduce((height, child) => Math.max(height, child.implicitHeight), 0) + 2 * padding
 
     SoftShadow {
         radius: Theme.cardRadius
