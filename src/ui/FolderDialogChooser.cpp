@@ -1,5 +1,6 @@
 #include "FolderDialogChooser.h"
 
+#include <QDir>
 #include <QGuiApplication>
 #include <QQmlComponent>
 #include <QQmlEngine>
@@ -32,6 +33,7 @@ QFuture<std::optional<Url>> FolderDialogChooser::chooseFolder(const QString &tit
     m_dialog.reset(component.createWithInitialProperties({
         {QStringLiteral("title"), title},
         {QStringLiteral("acceptLabel"), prompt},
+        {QStringLiteral("currentFolder"), QUrl::fromLocalFile(QDir::homePath())},
         {QStringLiteral("parentWindow"), QVariant::fromValue<QWindow *>(window)},
     }));
     connect(m_dialog.get(), SIGNAL(accepted()), this, SLOT(accept()));
