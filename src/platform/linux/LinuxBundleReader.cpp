@@ -59,7 +59,8 @@ std::optional<Bundle> LinuxBundleReader::open(const Url &url) const
 QVariantMap LinuxBundleReader::localizedInformation(const BundleLayout &layout,
                                                     const QString &developmentRegion) const
 {
-    const auto table = readPropertyListFile(m_fileSystem, layout.resources / "InfoPlist.loctable").value_or(QVariantMap());
+    const auto table =
+        readPropertyListFile(m_fileSystem, layout.resources / "InfoPlist.loctable").value_or(QVariantMap());
     const auto languages = table.keys() + translationFolders(m_fileSystem, layout.resources);
     for (const auto &language : translationsToSearch(languages, m_preferredLanguages, developmentRegion)) {
         const auto compiled = table.value(language);
