@@ -39,9 +39,9 @@ public:
     QString folder() const { return url.parent().displayPath(); }
 
     bool operator==(const InstalledApplication &) const = default;
-    friend size_t qHash(const InstalledApplication &a, size_t seed = 0)
+    friend size_t qHash(const InstalledApplication &a, size_t salt = 0)
     {
-        return qHashMulti(seed, a.name, a.bundleIdentifier, a.url, a.sizeBytes, a.isSystemApplication);
+        return qHashMulti(salt, a.name, a.bundleIdentifier, a.url, a.sizeBytes, a.isSystemApplication);
     }
 };
 

@@ -15,8 +15,8 @@ struct MediaFile
     QByteArray id() const { return url.standardizedPath(); }
 
     bool operator==(const MediaFile &) const = default;
-    friend size_t qHash(const MediaFile &file, size_t seed = 0)
+    friend size_t qHash(const MediaFile &file, size_t salt = 0)
     {
-        return qHashMulti(seed, file.url, rawValue(file.category), file.sizeBytes);
+        return qHashMulti(salt, file.url, rawValue(file.category), file.sizeBytes);
     }
 };

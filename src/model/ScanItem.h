@@ -18,9 +18,9 @@ struct ScanItem
     QByteArray id() const { return url.standardizedPath(); }
 
     bool operator==(const ScanItem &) const = default;
-    friend size_t qHash(const ScanItem &item, size_t seed = 0)
+    friend size_t qHash(const ScanItem &item, size_t salt = 0)
     {
-        return qHashMulti(seed, item.url, rawValue(item.kind), rawValue(item.confidence), item.sizeBytes,
+        return qHashMulti(salt, item.url, rawValue(item.kind), rawValue(item.confidence), item.sizeBytes,
                           item.isSelected);
     }
 };

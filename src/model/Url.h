@@ -64,7 +64,7 @@ public:
     friend Url operator/(const Url &folder, QStringView name) { return folder / QByteArrayView(name.toUtf8()); }
 
     friend bool operator==(const Url &, const Url &) = default;
-    friend size_t qHash(const Url &url, size_t seed = 0) { return qHash(url.m_path, seed); }
+    friend size_t qHash(const Url &url, size_t salt = 0) { return qHash(url.m_path, salt); }
 
 private:
     QByteArray m_path;

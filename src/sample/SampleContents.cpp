@@ -141,7 +141,7 @@ const QList<SampleFact> &SampleContents::facts()
         {u"/etc/os-release", "PRETTY_NAME=\"Debian GNU/Linux 12 (bookworm)\"\n"},
         {u"/proc/sys/kernel/hostname", "ada-laptop\n"},
         {u"/proc/cpuinfo", "processor\t: 0\nmodel name\t: Fennel F7 8-Core Processor @ 3.20GHz\n"},
-        {u"/proc/meminfo", "MemTotal:       16384000 kB\nMemFree:         2621440 kB\nMemAvailable:    6881280 kB\n"
+        {u"/proc/meminfo", "MemTotal:       16777216 kB\nMemFree:         2621440 kB\nMemAvailable:    6881280 kB\n"
                            "AnonPages:       6144000 kB\nShmem:            512000 kB\nZswap:            786432 kB\n"},
         {u"/proc/uptime", "187260.42 1201333.10\n"},
         {u"/sys/class/dmi/id/sys_vendor", "Fennel\n"},

@@ -50,15 +50,18 @@ FocusScope {
                 onClicked: view.folderAskedFor()
             }
 
-            PathPlate {
-                Layout.fillWidth: true
-                Layout.maximumWidth: implicitWidth
-                visible: view.folder !== undefined
-                path: view.folder?.path ?? ""
-            }
-
+            // Takes all the room there is, so that the buttons stay where they are when a folder is chosen.
             Item {
                 Layout.fillWidth: true
+                implicitHeight: plate.implicitHeight
+
+                PathPlate {
+                    id: plate
+
+                    width: Math.min(implicitWidth, parent.width)
+                    visible: view.folder !== undefined
+                    path: view.folder?.path ?? ""
+                }
             }
 
             ProminentButton {
