@@ -24,3 +24,4 @@ std::vector<Figure> nameSearch(const BenchDisk &disk);
 std::vector<Figure> libraryScans(const BenchDisk &disk);
 std::vector<Figure> resultMemory(const BenchDisk &disk);
 std::vector<Figure> bundlesAndRemoval(const BenchDisk &disk);
+std::vector<Figure> windowFigures(const BenchDisk &disk);
