@@ -51,7 +51,8 @@ bool Robot::canUse(QAccessible::Role role, const QString &name) const
 
 bool Robot::click(QAccessible::Role role, const QString &name)
 {
-    if (!canUse(role, name))
+    // A list makes its rows after it was filled.
+    if (!waitUntil([&] { return canUse(role, name); }, 5'000))
         return false;
     const auto place = m_window.mapFromGlobal(find(role, name)->rect().center());
     QTest::mouseMove(&m_window, place);

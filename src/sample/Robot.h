@@ -20,7 +20,8 @@ public:
     /// Whether it is there and can be used.
     bool canUse(QAccessible::Role role, const QString &name) const;
 
-    /// Moves the pointer there and clicks. False when it is not there, not visible or disabled.
+    /// Moves the pointer there and clicks. False when it is not there, not visible or disabled, and stays so for some
+    /// seconds.
     bool click(QAccessible::Role role, const QString &name);
 
     /// Types into what has the keyboard.
