@@ -21,11 +21,13 @@ void makeFile(const fs::path &path, off_t size)
 
 } // namespace
 
-BenchDisk::BenchDisk(const QByteArray &folder) : m_tree(folder + "/tree"), m_applications(folder + "/applications")
+BenchDisk::BenchDisk(const QByteArray &folder)
+    : m_tree(folder + "/tree"), m_applications(folder + "/applications"), m_crowd(folder + "/crowd")
 {
     // A name is given when all is there, so that what was broken off is made anew.
     for (const auto &[root, make] :
-         {std::pair(&m_tree, &BenchDisk::makeTree), std::pair(&m_applications, &BenchDisk::makeApplications)}) {
+         {std::pair(&m_tree, &BenchDisk::makeTree), std::pair(&m_applications, &BenchDisk::makeApplications),
+          std::pair(&m_crowd, &BenchDisk::makeCrowd)}) {
         const fs::path done = root->prefix().toStdString() + ".done";
         if (fs::exists(done))
             continue;
@@ -63,6 +65,14 @@ void BenchDisk::makeApplications() const
             << "<string>com.example.tool" << i << "</string><key>CFBundleName</key><string>" << name
             << "</string><key>CFBundleExecutable</key><string>main</string></dict></plist>";
     }
+}
+
+void BenchDisk::makeCrowd() const
+{
+    const fs::path caches = m_crowd.hostPath(BenchDisk::caches()).toStdString();
+    fs::create_directories(caches);
+    for (int file = 0; file < crowdCount; ++file)
+        makeFile(caches / ("entry " + std::to_string(file) + ".jpg"), 0);
 }
 
 void BenchDisk::restoreLargeCaches() const

@@ -25,3 +25,5 @@ std::vector<Figure> libraryScans(const BenchDisk &disk);
 std::vector<Figure> resultMemory(const BenchDisk &disk);
 std::vector<Figure> bundlesAndRemoval(const BenchDisk &disk);
 std::vector<Figure> windowFigures(const BenchDisk &disk);
+std::vector<Figure> crowdedFolder(const BenchDisk &disk);
+std::vector<Figure> snapshot(const BenchDisk &disk);

@@ -35,8 +35,8 @@ int main(int argc, char **argv)
     QCoreApplication application(argc, argv);
 
     bool isAllMet = true;
-    for (const auto measure :
-         {sizeWalk, mediaScan, nameSearch, libraryScans, resultMemory, bundlesAndRemoval, windowFigures}) {
+    for (const auto measure : {sizeWalk, mediaScan, nameSearch, libraryScans, resultMemory, bundlesAndRemoval,
+                               windowFigures, snapshot, crowdedFolder}) {
         for (const auto &figure : measure(disk)) {
             print(figure);
             isAllMet = isAllMet && figure.isMet;
