@@ -36,7 +36,7 @@ std::vector<Figure> crowdedFolder(const BenchDisk &disk)
     return {
         {"a million entries in one folder: cache and log scan / bare loop", ratio(times[1]), {}},
         {"a million entries in one folder: media scan / bare loop", ratio(times[2]), {}},
-        {"a million entries in one folder: memory beyond what was in use",
+        {"a million entries in one folder: memory beyond the peak so far",
          QStringLiteral("%1 MiB").arg(peakMebibytes() - before, 0, 'f', 1),
          {}},
     };
