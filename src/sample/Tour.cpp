@@ -146,11 +146,7 @@ void Tour::uninstallByName()
 
     say(QStringLiteral("  before: %1 items in the Trash").arg(trashCount()));
     keepPicture(QStringLiteral("uninstaller-cancelled"));
-    press(QStringLiteral("delete_selected"));
-    Robot::waitUntil([&] { return m_robot.sees(QAccessible::Button, text(QStringLiteral("move_to_trash"))); },
-                     5000);
-    press(QStringLiteral("move_to_trash"));
-    waitUntilIdle();
+    removeSelected();
     say(QStringLiteral("  after: %1 items in the Trash; “%2”").arg(trashCount()).arg(m_viewModel.statusMessage()));
     expect(trashCount() == tickedBefore && m_viewModel.lastReport()
                && m_viewModel.lastReport()->deletedCount == tickedBefore,
@@ -195,11 +191,7 @@ void Tour::dropBundles()
 
     drop(QStringLiteral("/Users/ada/Downloads/Installer.app"));
     expect(m_viewModel.applicationQuery() == u"Installer", QStringLiteral("the name of the bundle is filled in"));
-    press(QStringLiteral("delete_selected"));
-    Robot::waitUntil([&] { return m_robot.sees(QAccessible::Button, text(QStringLiteral("move_to_trash"))); },
-                     5000);
-    press(QStringLiteral("move_to_trash"));
-    waitUntilIdle();
+    removeSelected();
     expect(Robot::waitUntil([&] { return m_robot.sees(QAccessible::Button, text(QStringLiteral("ok"))); }, 5000),
            QStringLiteral("what could not be moved is told in a notice"));
     expect(isOnDisk(QStringLiteral("/Users/ada/Downloads/Installer.app/Contents/Info.plist")),
@@ -257,11 +249,7 @@ void Tour::visitCleaner()
     click(QAccessible::CheckBox, QStringLiteral("updater.log"));
     keepPicture(QStringLiteral("cleaner-results"));
     const auto trashBefore = trashCount();
-    press(QStringLiteral("delete_selected"));
-    Robot::waitUntil([&] { return m_robot.sees(QAccessible::Button, text(QStringLiteral("move_to_trash"))); },
-                     5000);
-    press(QStringLiteral("move_to_trash"));
-    waitUntilIdle();
+    removeSelected();
     expect(trashCount() == trashBefore + 1 && !isOnDisk(QStringLiteral("/Users/ada/Library/Logs/updater.log")),
            QStringLiteral("the log is in the Trash"));
     keepPicture(QStringLiteral("cleaner-removed"));
@@ -312,6 +300,13 @@ void Tour::searchApplication(const QString &name)
     m_robot.press(Qt::Key_A, Qt::ControlModifier);
     m_robot.type(name);
     m_robot.press(Qt::Key_Return);
+}
+
+void Tour::removeSelected()
+{
+    press(QStringLiteral("delete_selected"));
+    press(QStringLiteral("move_to_trash"));
+    waitUntilIdle();
 }
 
 void Tour::waitUntilIdle()

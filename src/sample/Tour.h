@@ -37,6 +37,8 @@ private:
 
     void show(SidebarSelection section);
     void searchApplication(const QString &name);
+    /// Asks for the removal of what is ticked, confirms it and waits for its end.
+    void removeSelected();
     void waitUntilIdle();
 
     /// Says whether `isTrue` holds for `what`, and counts it when it does not.
