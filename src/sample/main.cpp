@@ -9,6 +9,7 @@
 #include "DiskRoot.h"
 #include "FolderDialogChooser.h"
 #include "LinuxAppearance.h"
+#include "LinuxFolderChooser.h"
 #include "LinuxPlatform.h"
 #include "SampleDisk.h"
 #include "TarnvaleApp.h"
@@ -58,7 +59,9 @@ LocationMap mapTo(const SampleDisk &disk)
 
 int openWindow(const SampleDisk &disk)
 {
-    FolderDialogChooser folderChooser(mapTo(disk));
+    FolderDialogChooser folderDialog(mapTo(disk));
+    LinuxFolderChooser folderChooser(DiskRoot(QFile::encodeName(disk.folder())), folderDialog,
+                                     &FolderDialogChooser::parentWindow);
     SamplePlatform platform(disk, folderChooser);
     LinuxAppearance appearance;
     TarnvaleApp app(platform.services(), appearance, mapTo(disk));

@@ -22,6 +22,14 @@ QQuickWindow *programWindow()
 
 FolderDialogChooser::FolderDialogChooser(LocationMap onDisk) : m_onDisk(std::move(onDisk)) { }
 
+QString FolderDialogChooser::parentWindow()
+{
+    const auto *window = programWindow();
+    return window && QGuiApplication::platformName() == QLatin1String("xcb")
+               ? QStringLiteral("x11:%1").arg(window->winId(), 0, 16)
+               : QString();
+}
+
 QFuture<std::optional<Url>> FolderDialogChooser::chooseFolder(const QString &title, const QString &prompt)
 {
     auto *window = programWindow();

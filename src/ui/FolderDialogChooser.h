@@ -8,13 +8,17 @@
 
 #include <memory>
 
-/// The desktop's own folder dialog where it offers one, Qt's otherwise, over the program's window.
+/// A folder dialog over the program's window: that of the desktop's Qt theme where it offers one, Qt's otherwise.
 class FolderDialogChooser : public QObject, public FolderChooser
 {
     Q_OBJECT
 
 public:
     explicit FolderDialogChooser(LocationMap onDisk);
+
+    /// The window that a dialog of the desktop belongs to, as the desktop's portals name it. Empty where there is no
+    /// window, or where Qt does not tell its name: it does for X11 alone.
+    static QString parentWindow();
 
     /// One dialog at a time: a second request while one is open is answered as cancelled.
     QFuture<std::optional<Url>> chooseFolder(const QString &title, const QString &prompt) override;

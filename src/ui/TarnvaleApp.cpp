@@ -30,7 +30,8 @@ void dressApplication()
     QGuiApplication::setFont(font);
     // Text is small: the desktop's own rasteriser draws it sharper than scaled outlines are.
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
-    QQuickStyle::setStyle(QStringLiteral("Basic"));
+    // For Qt's own dialogs alone, as our controls have no style; it is the one that takes all of the palette.
+    QQuickStyle::setStyle(QStringLiteral("Fusion"));
 }
 
 } // namespace

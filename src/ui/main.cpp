@@ -1,6 +1,7 @@
 #include "AppViewModel.h"
 #include "FolderDialogChooser.h"
 #include "LinuxAppearance.h"
+#include "LinuxFolderChooser.h"
 #include "LinuxPlatform.h"
 #include "TarnvaleApp.h"
 
@@ -12,7 +13,8 @@ int main(int argc, char **argv)
 
     // The computer's own disk, so what the desktop hands over is where it says.
     const LocationMap sameLocation = [](const Url &location) { return std::optional(location); };
-    FolderDialogChooser folderChooser(sameLocation);
+    FolderDialogChooser folderDialog(sameLocation);
+    LinuxFolderChooser folderChooser(DiskRoot(), folderDialog, &FolderDialogChooser::parentWindow);
     LinuxAppearance appearance;
     std::stop_source stop;
     LinuxPlatform platform(folderChooser, stop.get_token());

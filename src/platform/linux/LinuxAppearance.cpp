@@ -1,10 +1,10 @@
 #include "LinuxAppearance.h"
 
+#include "SessionBus.h"
+
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
-#include <QFileInfo>
-#include <QUuid>
 
 namespace {
 
@@ -14,28 +14,10 @@ const auto settingsInterface = QStringLiteral("org.freedesktop.portal.Settings")
 const auto appearanceGroup = QStringLiteral("org.freedesktop.appearance");
 const auto colorSchemeKey = QStringLiteral("color-scheme");
 
-/// Where the user's session bus listens; empty when none runs. The bus library left alone would start one.
-QString sessionBusAddress()
-{
-    const auto address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
-    if (!address.isEmpty())
-        return address;
-    const auto runtimeFolder = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    const auto socket = runtimeFolder + QStringLiteral("/bus");
-    return !runtimeFolder.isEmpty() && QFileInfo::exists(socket) ? QStringLiteral("unix:path=") + socket
-                                                                 : QString();
-}
-
-QDBusConnection openBus(const QString &address)
-{
-    const auto name = QUuid::createUuid().toString();
-    return address.isEmpty() ? QDBusConnection(name) : QDBusConnection::connectToBus(address, name);
-}
-
 } // namespace
 
 LinuxAppearance::LinuxAppearance(const QString &busAddress, QObject *parent)
-    : Appearance(parent), m_bus(openBus(busAddress.isEmpty() ? sessionBusAddress() : busAddress))
+    : Appearance(parent), m_bus(openSessionBus(busAddress))
 {
     if (!m_bus.isConnected())
         return;

@@ -1,5 +1,7 @@
 import QtQuick.Dialogs
+import Tarnvale
 
-/// The desktop's own dialog for choosing a folder.
+/// A dialog for choosing a folder: that of the desktop's Qt theme, or Qt's own.
 FolderDialog {
+    rejectLabel: Texts.of("cancel")
 }

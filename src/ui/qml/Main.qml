@@ -18,6 +18,23 @@ Window {
     visible: true
     color: Theme.screenBackground
 
+    // What dialogs of Qt's own are drawn with, where the desktop has none.
+    palette {
+        window: Theme.alertFill
+        light: Theme.alertFill
+        base: Theme.fieldFill
+        button: Theme.plainButtonFill
+        mid: Theme.controlEdge
+        dark: Theme.controlEdge
+        shadow: Theme.dim
+        windowText: Theme.primary
+        text: Theme.primary
+        buttonText: Theme.primary
+        placeholderText: Theme.secondary
+        highlight: Theme.prominentFill
+        highlightedText: Theme.inkOnFill
+    }
+
     Binding {
         target: Theme
         property: "dark"

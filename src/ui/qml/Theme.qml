@@ -30,6 +30,7 @@ QtObject {
 
     // Controls
     readonly property color controlFill: dark ? "#3a3a40" : "#ffffff"
+    readonly property color plainButtonFill: dark ? "#44444b" : "#e8e8ee"
     readonly property color controlEdge: withOpacity(primary, dark ? 0.14 : 0.16)
     readonly property color checkEdge: withOpacity(primary, 0.34)
     readonly property color fieldFill: dark ? "#202024" : "#ffffff"

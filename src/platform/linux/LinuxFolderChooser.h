@@ -1,0 +1,55 @@
+#pragma once
+
+#include "DiskRoot.h"
+#include "FolderChooser.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QObject>
+#include <QPromise>
+
+#include <functional>
+
+/// The desktop's own folder dialog, as its portal shows it (org.freedesktop.portal.FileChooser on the session
+/// bus): the one that the user knows from other programs, whatever the desktop, and the same inside of a sandbox.
+/// Where there is no bus, no portal or one that knows files only (before version 3), or where it does not answer,
+/// another chooser is asked.
+///
+/// Nothing here waits for the portal. One dialog at a time: a request while one is open is answered as cancelled.
+/// A portal that goes away takes its dialog along, so that is a cancel too; one that has not been answered is
+/// closed with this object. Whether the dialog can create folders is the desktop's choice.
+class LinuxFolderChooser : public QObject, public FolderChooser
+{
+    Q_OBJECT
+
+public:
+    /// Folders are chosen on the disk of `root`: one that lies elsewhere is answered as cancelled. `otherwise`
+    /// outlives this. `parentWindow` tells which window the dialog belongs to, as portals name it ("x11:1a2b"), or
+    /// nothing. `busAddress` names another bus than the session's, for tests.
+    LinuxFolderChooser(DiskRoot root, FolderChooser &otherwise, std::function<QString()> parentWindow,
+                       QString busAddress = {});
+    ~LinuxFolderChooser() override;
+
+    QFuture<std::optional<Url>> chooseFolder(const QString &title, const QString &prompt) override;
+
+private Q_SLOTS:
+    void takeResponse(const QDBusMessage &response);
+    void takeLossOfPortal();
+
+private:
+    enum class Step { idle, asking, open, otherwise };
+
+    void askForVersion(const QString &title, const QString &prompt);
+    void openDialog(const QString &title, const QString &prompt);
+    void chooseOtherwise(const QString &title, const QString &prompt);
+    void answer(const std::optional<Url> &folder);
+
+    DiskRoot m_root;
+    FolderChooser &m_otherwise;
+    std::function<QString()> m_parentWindow;
+    QString m_busAddress;
+    Step m_step = Step::idle;
+    // Opened for one dialog, so whatever a portal tells it is about that one.
+    QDBusConnection m_bus{QString()};
+    QPromise<std::optional<Url>> m_promise;
+};

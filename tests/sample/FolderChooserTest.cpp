@@ -1,0 +1,262 @@
+// Folders chosen from the program's own window: in the dialog of a desktop's portal on a real bus and, where there is
+// none, in the one that Qt brings.
+
+#include "AppViewModel.h"
+#include "ChosenAppearance.h"
+#include "FolderDialogChooser.h"
+#include "LinuxFolderChooser.h"
+#include "LinuxPlatform.h"
+#include "Robot.h"
+#include "SampleDisk.h"
+#include "TarnvaleApp.h"
+#include "TestBus.h"
+
+#include <QDBusArgument>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QDBusVariant>
+#include <QDBusVirtualObject>
+#include <QGuiApplication>
+#include <QQuickItem>
+
+#include <gmock/gmock.h>
+#include <optional>
+#include <stop_token>
+
+namespace {
+
+using testing::Optional;
+
+constexpr int patience = 20'000;
+
+const SampleDisk *disk = nullptr;
+
+/// A desktop's portal with a file chooser that the test answers for the user.
+class TestPortal : public QDBusVirtualObject
+{
+public:
+    explicit TestPortal(const QString &address) : m_bus(QDBusConnection::connectToBus(address, "portal"))
+    {
+        EXPECT_TRUE(m_bus.registerVirtualObject("/org/freedesktop/portal/desktop", this));
+        EXPECT_TRUE(m_bus.registerService("org.freedesktop.portal.Desktop"));
+    }
+    ~TestPortal() override { QDBusConnection::disconnectFromBus("portal"); }
+
+    uint version = 3;
+    bool opensDialogs = true;
+    QList<QVariantList> asked;
+
+    /// Ends the last dialog as the user would. 0 is a choice, 1 a cancel.
+    void respond(uint response, const QStringList &uris = {})
+    {
+        auto signal =
+            QDBusMessage::createTargetedSignal(m_client, request, "org.freedesktop.portal.Request", "Response");
+        signal.setArguments({response, response == 0 ? QVariantMap{{"uris", uris}} : QVariantMap()});
+        EXPECT_TRUE(m_bus.send(signal));
+    }
+
+    QString introspect(const QString &) const override { return {}; }
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &bus) override
+    {
+        if (message.member() == QLatin1String("Get"))
+            return bus.send(message.createReply(QVariant::fromValue(QDBusVariant(version))));
+        if (message.member() != QLatin1String("OpenFile") || message.signature() != QLatin1String("ssa{sv}"))
+            return false;
+        asked.append(message.arguments());
+        m_client = message.service();
+        return bus.send(opensDialogs ? message.createReply(QVariant::fromValue(QDBusObjectPath(request)))
+                                     : message.createErrorReply(QDBusError::Failed, "no display"));
+    }
+
+private:
+    const QString request = "/org/freedesktop/portal/desktop/request/1_1/token";
+    QDBusConnection m_bus;
+    QString m_client;
+};
+
+class FolderChoice : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        state().setSidebarSelection(SidebarSelection::mediaFinder);
+        ASSERT_TRUE(Robot::waitUntil([this] { return m_app.window().isExposed(); }, patience));
+    }
+
+    void TearDown() override
+    {
+        m_stop.request_stop();
+        state().waitForBackground();
+    }
+
+    AppViewModel &state() { return m_app.viewModel(); }
+    QString text(QStringView key) { return localizedText(key, state().language()); }
+
+    void pressChoose() { EXPECT_TRUE(robot.click(QAccessible::Button, text(u"media_choose_folder"))); }
+
+    /// Presses the button and waits for the desktop's dialog.
+    void openDialog(TestPortal &portal)
+    {
+        const auto before = portal.asked.size();
+        pressChoose();
+        ASSERT_TRUE(Robot::waitUntil([&] { return portal.asked.size() > before; }, patience));
+    }
+
+    /// What the state holds once the window has had time to take an answer.
+    std::optional<Url> folderAfter(TestPortal &portal, uint response, const QStringList &uris = {})
+    {
+        openDialog(portal);
+        const auto before = state().selectedMediaFolder();
+        portal.respond(response, uris);
+        Robot::waitUntil([&] { return state().selectedMediaFolder() != before; }, 300);
+        return state().selectedMediaFolder();
+    }
+
+    static QString uriOnDisk(const QByteArray &path)
+    {
+        return QString::fromLatin1(Url(disk->folder().toUtf8() + path).toUri());
+    }
+
+    /// What has the keyboard in Qt's own dialog; null when that is not open.
+    const QQuickItem *dialogItem() const
+    {
+        const auto *item = window.activeFocusItem();
+        return item && item->objectName().startsWith("folderDialog") ? item : nullptr;
+    }
+
+    bool isDialogOpen()
+    {
+        return Robot::waitUntil([this] { return dialogItem(); }, patience);
+    }
+
+    TestBus bus;
+    ChosenAppearance appearance;
+
+private:
+    std::stop_source m_stop;
+    const DiskRoot m_root{QFile::encodeName(disk->folder())};
+    FolderDialogChooser m_dialog{[this](const Url &host) { return m_root.urlFor(host.path()); }};
+    LinuxFolderChooser m_chooser{m_root, m_dialog, [] { return QString("x11:2a"); }, bus.address()};
+    LinuxPlatform m_platform{m_root, disk->home(), m_chooser, m_stop.get_token()};
+    TarnvaleApp m_app{m_platform.services(), appearance, {}};
+
+protected:
+    Robot robot{m_app.window()};
+    QQuickWindow &window = m_app.window();
+};
+
+TEST_F(FolderChoice, theDesktopsDialogIsAskedForOneFolderInTheProgramsLanguage)
+{
+    TestPortal portal(bus.address());
+    const std::tuple<AppLanguage, const char *, const char *> words[] = {
+        {AppLanguage::polish, "Wybierz folder lub dysk", "Wybierz"},
+        {AppLanguage::english, "Choose Folder or Disk", "Choose"},
+    };
+    for (const auto &[language, title, prompt] : words) {
+        state().setLanguage(language);
+        // A space, and a name that is not UTF-8.
+        EXPECT_THAT(folderAfter(portal, 0, {uriOnDisk("/Users/ada/Mo" + rawValue(language).toLatin1() + " \xff")}),
+                    Optional(Url("/Users/ada/Mo" + rawValue(language).toLatin1() + " \xff")));
+        const auto asked = portal.asked.last();
+        EXPECT_EQ(asked.at(0), "x11:2a");
+        EXPECT_EQ(asked.at(1), title);
+        EXPECT_EQ(qdbus_cast<QVariantMap>(asked.at(2)),
+                  (QVariantMap{{"accept_label", prompt},
+                               {"current_folder", disk->homePath().toUtf8() + '\0'},
+                               {"directory", true},
+                               {"modal", true},
+                               {"multiple", false}}));
+    }
+    EXPECT_EQ(portal.asked.size(), 2);
+}
+
+TEST_F(FolderChoice, whatIsNotChosenOrNotOnTheDiskChangesNothing)
+{
+    TestPortal portal(bus.address());
+    ASSERT_EQ(folderAfter(portal, 0, {uriOnDisk("/Users/ada")}), Url("/Users/ada"));
+    const auto before = state().statusMessage();
+    EXPECT_EQ(folderAfter(portal, 1), Url("/Users/ada")) << "cancelled";
+    EXPECT_EQ(folderAfter(portal, 2), Url("/Users/ada")) << "ended in another way";
+    EXPECT_EQ(folderAfter(portal, 0), Url("/Users/ada")) << "nothing is chosen";
+    EXPECT_EQ(folderAfter(portal, 0, {"smb://server/films"}), Url("/Users/ada"));
+    EXPECT_EQ(folderAfter(portal, 0, {"file:///elsewhere"}), Url("/Users/ada"));
+    EXPECT_EQ(state().statusMessage(), before);
+}
+
+TEST_F(FolderChoice, aSecondPressOpensNoSecondDialog)
+{
+    TestPortal portal(bus.address());
+    openDialog(portal);
+    pressChoose();
+    state().setSidebarSelection(SidebarSelection::textFinder);
+    EXPECT_TRUE(robot.click(QAccessible::Button, text(u"text_choose_folder")));
+    EXPECT_FALSE(Robot::waitUntil([&] { return portal.asked.size() > 1 || dialogItem(); }, 300));
+    portal.respond(0, {uriOnDisk("/Users/ada")});
+    EXPECT_TRUE(Robot::waitUntil([&] { return state().selectedMediaFolder().has_value(); }, patience));
+    EXPECT_FALSE(state().selectedTextFolder());
+}
+
+TEST_F(FolderChoice, aPortalThatGoesAwayTakesItsDialogAlong)
+{
+    std::optional<TestPortal> portal(std::in_place, bus.address());
+    openDialog(*portal);
+    portal.reset();
+    // The dialog of the next portal opens only when the one before counts as ended.
+    portal.emplace(bus.address());
+    Robot::waitUntil([] { return false; }, 300);
+    EXPECT_EQ(folderAfter(*portal, 0, {uriOnDisk("/Users/ada")}), Url("/Users/ada"));
+}
+
+TEST_F(FolderChoice, withoutAPortalForFoldersQtsOwnDialogIsWorkedByKeyboard)
+{
+    TestPortal portal(bus.address());
+    const std::function<void()> troubles[] = {[&] { portal.version = 2; },
+                                              [&] {
+                                                  portal.version = 3;
+                                                  portal.opensDialogs = false;
+                                              },
+                                              [&] { bus.kill(); }};
+    bool isDark = false;
+    for (const auto &trouble : troubles) {
+        trouble();
+        appearance.setDark(isDark = !isDark);
+        pressChoose();
+        ASSERT_TRUE(isDialogOpen());
+        // The dialog's own ground, beside its title.
+        EXPECT_EQ(robot.picture().pixelColor(window.width() / 2 - 200, window.height() / 2 - 172).lightness()
+                      < 128,
+                  isDark);
+        robot.press(Qt::Key_Escape);
+        EXPECT_TRUE(Robot::waitUntil([&] { return !dialogItem(); }, patience));
+        EXPECT_FALSE(state().selectedMediaFolder());
+    }
+    pressChoose();
+    ASSERT_TRUE(isDialogOpen());
+    robot.press(Qt::Key_Down);
+    for (const auto *label : {"", "Wybierz", "Anuluj"}) {
+        robot.press(Qt::Key_Tab);
+        EXPECT_EQ(window.activeFocusItem()->property("text").toString(), label);
+    }
+    robot.press(Qt::Key_Backtab);
+    robot.press(Qt::Key_Space);
+    EXPECT_TRUE(Robot::waitUntil([&] { return state().selectedMediaFolder().has_value(); }, patience));
+    EXPECT_EQ(state().selectedMediaFolder()->path(), "/Users/ada/Documents");
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    // Not where temporary files go, which may be memory: the disk's files occupy what they say.
+    const QTemporaryDir folder(QDir::current().filePath(QStringLiteral("folder-choice-XXXXXX")));
+    const SampleDisk sampleDisk(folder.filePath(QStringLiteral("dysk")));
+    disk = &sampleDisk;
+    qputenv("HOME", QFile::encodeName(sampleDisk.homePath()));
+    QGuiApplication application(argc, argv);
+    if (const auto error = sampleDisk.build(); !error.isEmpty()) {
+        std::fprintf(stderr, "%s\n", qPrintable(error));
+        return 1;
+    }
+    testing::InitGoogleMock(&argc, argv);
+    return RUN_ALL_TESTS();
+}
