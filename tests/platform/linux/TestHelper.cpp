@@ -29,7 +29,7 @@ public:
         if (m_manner == QLatin1String("refuses"))
             return connection.send(request.createErrorReply(QDBusError::AccessDenied, "Not for you"));
         if (m_manner == QLatin1String("slow"))
-            QTimer::singleShot(27'000, Qt::PreciseTimer, this,
+            QTimer::singleShot(30'000, Qt::PreciseTimer, this,
                                [=, this] { connection.send(request.createReply(answer(paths))); });
         if (m_manner == QLatin1String("silent") || m_manner == QLatin1String("slow"))
             return true;
