@@ -15,14 +15,16 @@
 class TestBus
 {
 public:
-    TestBus()
+    /// Listens at `socket`; in a folder of its own when that is empty. Every user may connect.
+    explicit TestBus(const QString &socket = {}) : m_socket(socket.isEmpty() ? m_folder.filePath("bus") : socket)
     {
         QDir(m_folder.path()).mkdir("services");
         write(
             "bus.conf",
-            QStringLiteral("<busconfig><type>session</type><listen>%1</listen><servicedir>%2/services</servicedir>"
-                           "<policy context=\"default\"><allow send_destination=\"*\"/><allow own=\"*\"/>"
-                           "<allow receive_sender=\"*\"/></policy></busconfig>")
+            QStringLiteral(
+                "<busconfig><type>session</type><listen>%1</listen><servicedir>%2/services</servicedir>"
+                "<policy context=\"default\"><allow user=\"*\"/><allow send_destination=\"*\"/><allow own=\"*\"/>"
+                "<allow receive_sender=\"*\"/></policy></busconfig>")
                 .arg(address(), m_folder.path()));
         m_daemon.start("dbus-daemon",
                        {"--config-file=" + m_folder.filePath("bus.conf"), "--nofork", "--print-address"});
@@ -30,7 +32,7 @@ public:
     }
     ~TestBus() { kill(); }
 
-    QString address() const { return "unix:path=" + m_folder.filePath("bus"); }
+    QString address() const { return "unix:path=" + m_socket; }
 
     /// Lets the bus start `command` when `name` is called.
     void addService(const QString &name, const QString &command)
@@ -57,6 +59,7 @@ private:
     }
 
     QTemporaryDir m_folder;
+    QString m_socket;
     QProcess m_daemon;
 };
 

@@ -23,11 +23,6 @@ protected:
 
     TrashSandbox sandbox;
 
-    bool isInTrash(const std::string &name) const
-    {
-        return fs::exists(fs::symlink_status(sandbox.trash().toStdString() + "/files/" + name));
-    }
-
     /// The home folder and everything in it is another user's from now on, and programs run as that user.
     void giveToOtherUser()
     {
@@ -161,42 +156,4 @@ TEST_F(LinuxWorkspaceTest, killedAtAnyMomentEveryItemIsWholeInOnePlace)
         roundsCutShort += moved > 0 && moved < itemsARound;
     }
     EXPECT_GT(roundsCutShort, rounds / 2) << "too few were killed at work to show anything";
-}
-
-TEST_F(LinuxWorkspaceTest, whatBelongsToAnotherUserGoesToTheHelperOnTheBus)
-{
-    if (getuid() != 0)
-        GTEST_SKIP() << "needs a second user, whom only root can be";
-    const QByteArray bundle("disk/Applications/Tarnvale.app/Contents/Library/");
-    const auto executable = sandbox.file(bundle + "HelperTools/com.example.Tarnvale.Helper");
-    chmod(executable.path().constData(), 0755);
-    sandbox.file(bundle + "LaunchDaemons/com.example.Tarnvale.Helper.plist");
-    sandbox.file(".local/share/dbus-1/services/helper.service",
-                 "[D-BUS Service]\nName=com.example.Tarnvale.Helper\nExec=" TEST_HELPER_PATH " full\n");
-    const QByteArray caches("/Users/me/Library/Caches/");
-    const auto own = sandbox.file("disk" + caches + "own");
-    giveToOtherUser();
-    QList<Url> items{Url(caches + "own")};
-    for (const auto *name : {"foreign/taken", "foreign/in use", "foreign/untold"}) {
-        sandbox.file("disk" + caches + name);
-        items.append(Url(caches + name));
-    }
-
-    // The bus would look in the home folder of the user's account.
-    sandbox.environment.insert("XDG_DATA_HOME", QString::fromUtf8(sandbox.home() + "/.local/share"));
-    QProcess bus;
-    sandbox.start(bus, "dbus-daemon", {"--session", "--nofork", "--print-address"});
-    ASSERT_TRUE(bus.waitForReadyRead());
-    const auto address = QString::fromLatin1(bus.readLine().trimmed());
-    const auto outcomes = sandbox.run(REMOVAL_SESSION_PATH, {QString::fromUtf8(sandbox.home() + "/disk"), address},
-                                      TrashSandbox::lines(items));
-    EXPECT_EQ(outcomes.toStdString(),
-              "moved\nmoved\nIt is in use.\n"
-              "“untold” couldn't be moved to the Trash because you don't have permission to "
-              "do that.\n");
-    EXPECT_TRUE(isInTrash("own"));
-    EXPECT_FALSE(fs::exists(own.path().toStdString()));
-    EXPECT_EQ(sandbox.snapshot("disk" + caches + "foreign").size(), 3u) << "the tests' helper moves nothing";
-    bus.kill();
-    bus.waitForFinished();
 }

@@ -3,6 +3,7 @@
 #include <QDBusMessage>
 #include <QDBusMetaType>
 #include <QDBusVirtualObject>
+#include <QDir>
 #include <QTimer>
 
 #include <unistd.h>
@@ -11,11 +12,12 @@ namespace {
 
 using Messages = QMap<QString, QString>;
 
-/// A privileged helper that moves nothing and answers as its command line says.
+/// A privileged helper that answers as its command line says. It moves nothing, except in the manner "moves".
 class TestHelper : public QDBusVirtualObject
 {
 public:
-    explicit TestHelper(QString manner) : m_manner(std::move(manner)) { }
+    /// `disk` is the folder of the disk that paths are on.
+    TestHelper(QString manner, QString disk) : m_manner(std::move(manner)), m_disk(std::move(disk)) { }
 
     QString introspect(const QString &) const override { return {}; }
 
@@ -35,10 +37,30 @@ public:
             return true;
         if (m_manner == QLatin1String("nothing"))
             return connection.send(request.createReply());
+        if (m_manner == QLatin1String("moves"))
+            return connection.send(
+                request.createReply(QVariant::fromValue(move(paths, request.arguments().value(1)))));
         return connection.send(request.createReply(answer(paths)));
     }
 
 private:
+    /// By rules of its own, as a helper has: moves what has the application's identifier for a name, refuses what
+    /// is a group's, and says nothing of the rest.
+    Messages move(const QStringList &paths, const QVariant &identifier) const
+    {
+        const auto trash = m_disk + "/private/var/root/.Trash/";
+        QDir().mkpath(trash);
+        Messages messages;
+        for (const auto &path : paths) {
+            const auto name = path.section(u'/', -1);
+            if (name == identifier)
+                messages.insert(path, QFile::rename(m_disk + path, trash + name) ? "" : "It stays.");
+            else if (name.startsWith("group."))
+                messages.insert(path, "Other programs share it.");
+        }
+        return messages;
+    }
+
     QVariant answer(const QStringList &paths) const
     {
         if (m_manner == QLatin1String("numbers"))
@@ -56,6 +78,7 @@ private:
     }
 
     QString m_manner;
+    QString m_disk;
 };
 
 } // namespace
@@ -64,7 +87,7 @@ int main(int argc, char **argv)
 {
     QCoreApplication application(argc, argv);
     qDBusRegisterMetaType<Messages>();
-    TestHelper helper(application.arguments().value(1));
+    TestHelper helper(application.arguments().value(1), application.arguments().value(2));
     auto bus = QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_STARTER_ADDRESS"), "bus");
     // The bus ends it, or the end of the bus.
     bus.connect({}, "/org/freedesktop/DBus/Local", "org.freedesktop.DBus.Local", "Disconnected", &application,
