@@ -21,6 +21,10 @@ struct HelperAnswer
 
 /// The system's service management as the privileged helper needs it, and the one call to the helper.
 /// Called on the main thread only.
+///
+/// The helper itself is no part of this program, and nothing that registers it is installed with it: whoever
+/// brings a helper brings its service file and the policy for whom it serves. Without one, what the user's own
+/// rights cannot move stays where it is, and the user reads why.
 class HelperService
 {
 public:

@@ -23,6 +23,8 @@ namespace {
 void dressApplication()
 {
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarnvale"));
+    // Ties the window to its desktop entry, where the desktop has it from the entry alone which icon it shows.
+    QGuiApplication::setDesktopFileName(QStringLiteral("com.example.Tarnvale"));
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/qt/qml/Tarnvale/icon.svg")));
 
     auto font = QGuiApplication::font();
