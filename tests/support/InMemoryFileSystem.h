@@ -2,7 +2,10 @@
 
 #include "FileSystem.h"
 
+#include <QList>
+
 #include <memory>
+#include <vector>
 
 /// A disk in memory that keeps the contract of `FileSystem`, for testing rules: exact sizes, faults, names of any
 /// bytes. It may be read from several threads, but built and changed only while nobody reads.
@@ -12,35 +15,69 @@
 /// is.
 class InMemoryFileSystem : public FileSystem
 {
+    struct Node;
+    using NodePointer = std::shared_ptr<Node>;
+
+    struct Node
+    {
+        ResourceValues values{};
+        QByteArray content = {};
+        QByteArray linkTarget = {};
+        bool isExecutable = false;
+        bool isReadable = true;
+        bool isGone = false;
+
+        QByteArray name = {};
+        std::weak_ptr<Node> parent = {};
+        std::vector<NodePointer> children = {};
+    };
+
 public:
     InMemoryFileSystem();
-    ~InMemoryFileSystem() override;
 
-    Url url(const QByteArray &path) const;
+    Url url(const QByteArray &path) const
+    {
+        return path.startsWith('~') ? Url(homeDirectory().path() + path.mid(1)) : Url(path);
+    }
 
-    Url folder(const QByteArray &path);
+    // A folder's own size must never be counted, so there is one to be counted wrongly.
+    Url folder(const QByteArray &path) { return put(path, {.values = {FileType::directory, 4096, {}}}); }
     /// A regular file with these sizes in bytes; absent is what the file system does not tell.
     Url file(const QByteArray &path, std::optional<qint64> totalAllocatedSize = 4096,
-             std::optional<qint64> allocatedSize = std::nullopt);
+             std::optional<qint64> allocatedSize = std::nullopt)
+    {
+        return put(path, {.values = {FileType::regular, totalAllocatedSize, allocatedSize}});
+    }
     /// A regular file that can be read; it occupies as many bytes as it holds.
-    Url fileWithContent(const QByteArray &path, const QByteArray &content);
-    Url executable(const QByteArray &path);
+    Url fileWithContent(const QByteArray &path, const QByteArray &content)
+    {
+        return put(path, {.values = {FileType::regular, content.size(), {}}, .content = content});
+    }
+    Url executable(const QByteArray &path)
+    {
+        return put(path, {.values = {FileType::regular, 4096, {}}, .isExecutable = true});
+    }
     /// A link that occupies 1 byte; `target` may be relative to the link's folder.
-    Url link(const QByteArray &path, const QByteArray &target);
+    Url link(const QByteArray &path, const QByteArray &target)
+    {
+        return put(path, {.values = {FileType::symbolicLink, 1, {}}, .linkTarget = url(target).path()});
+    }
     /// Neither a file nor a folder nor a link.
-    Url device(const QByteArray &path);
+    Url device(const QByteArray &path) { return put(path, {.values = {FileType::other, 4096, {}}}); }
 
     /// The folder can no longer be listed; the file can no longer be read.
-    void makeUnreadable(const QByteArray &path);
+    void makeUnreadable(const QByteArray &path) { node(path)->isReadable = false; }
     /// The item is still listed, but gone when it is looked at.
-    void makeVanishing(const QByteArray &path);
+    void makeVanishing(const QByteArray &path) { node(path)->isGone = true; }
     /// The item is listed twice, as in a folder that changes while it is listed.
-    void makeListedTwice(const QByteArray &path);
+    void makeListedTwice(const QByteArray &path) { node(path)->parent.lock()->children.push_back(node(path)); }
+    /// The item was last changed at `time`.
+    void touch(const QByteArray &path, qint64 time) { node(path)->values.modificationTime = time; }
     void remove(const QByteArray &path);
     void setVolume(const std::optional<VolumeValues> &values) { m_volume = values; }
 
-    Url homeDirectory() const override;
-    bool exists(const Url &url) const override;
+    Url homeDirectory() const override { return Url("/Users/me"); }
+    bool exists(const Url &url) const override { return find(url, LastLink::followed) != nullptr; }
     bool isDirectory(const Url &url) const override;
     bool isExecutable(const Url &url) const override;
     DirectoryEnumeration contentsOfDirectory(const Url &folder) const override;
@@ -48,17 +85,21 @@ public:
     std::optional<ResourceValues> resourceValues(const Url &url) const override;
     std::optional<QByteArray> readFile(const Url &url, qint64 maximumSize) const override;
     std::optional<QByteArray> readFilePart(const Url &url, qint64 offset, qint64 maximumLength) const override;
-    std::optional<VolumeValues> volumeValues(const Url &url) const override;
+    std::optional<VolumeValues> volumeValues(const Url &url) const override
+    {
+        return exists(url) ? m_volume : std::nullopt;
+    }
 
 private:
-    struct Node;
     class Walk;
     enum class LastLink { kept, followed };
 
-    std::shared_ptr<Node> make(const QByteArray &path, FileType type);
-    std::shared_ptr<Node> find(const Url &url, LastLink lastLink) const;
-    std::optional<QByteArray> contentOf(const Url &url) const;
+    /// Makes the item, or gives the one that is there other values.
+    Url put(const QByteArray &path, Node item);
+    NodePointer find(const Url &url, LastLink lastLink) const;
+    NodePointer node(const QByteArray &path) const { return find(url(path), LastLink::kept); }
+    static NodePointer child(const Node &folder, const QByteArray &name);
 
-    std::shared_ptr<Node> m_root;
+    NodePointer m_root = std::make_shared<Node>(Node{.values = {FileType::directory, {}, {}}});
     std::optional<VolumeValues> m_volume;
 };
