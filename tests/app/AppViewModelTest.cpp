@@ -2,14 +2,9 @@
 
 #include <QMetaProperty>
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
 namespace {
 
-class AppViewModelTest : public AppFixture
-{
-};
+using AppViewModelTest = AppFixture;
 
 /// Which properties announced a change, each once, in the order of their declaration.
 class Changes
@@ -59,14 +54,9 @@ TEST_F(AppViewModelTest, startsInPolishOnTheDashboardWithNothingFound)
 
 TEST_F(AppViewModelTest, everyPublishedFieldHasASignalOfItsOwn)
 {
-    QSet<QByteArray> signalNames;
     const auto *const meta = app.metaObject();
-    for (int i = 0; i < 22; ++i) {
-        const auto property = meta->property(meta->propertyOffset() + i);
-        EXPECT_EQ(property.notifySignal().name(), QByteArray(property.name()) + "Changed");
-        signalNames.insert(property.notifySignal().name());
-    }
-    EXPECT_EQ(signalNames.size(), 22);
+    for (int i = meta->propertyOffset(); i < meta->propertyOffset() + 22; ++i)
+        EXPECT_EQ(meta->property(i).notifySignal().name(), QByteArray(meta->property(i).name()) + "Changed");
 }
 
 TEST_F(AppViewModelTest, announcesWhatChangedAndNothingElse)
@@ -82,8 +72,7 @@ TEST_F(AppViewModelTest, announcesWhatChangedAndNothingElse)
     EXPECT_THAT(changes.take(), ElementsAre("dashboardSnapshot"));
 
     largeCache("org.big");
-    app.scanCleaner();
-    settle();
+    waitFor(scans.scanCleaner());
     changes.take();
     app.cleanerItemModel()->setSelected(0, true);
     EXPECT_THAT(changes.take(), testing::Contains("cleanerItems"));
@@ -108,32 +97,20 @@ TEST_F(AppViewModelTest, commonSequenceGoesBusyBeforeTheTextAndIdleAfterTheResul
     EXPECT_FALSE(app.progress());
 }
 
-TEST_F(AppViewModelTest, storedTextsStayInTheLanguageInWhichTheyWereStored)
-{
-    app.requestDeletion(ScanScope::cleaner);
-    app.setLanguage(AppLanguage::english);
-    EXPECT_EQ(app.statusMessage(), QStringLiteral("Najpierw zaznacz elementy."));
-    app.requestDeletion(ScanScope::cleaner);
-    EXPECT_EQ(app.statusMessage(), QStringLiteral("Select items first."));
-}
-
 TEST_F(AppViewModelTest, buttonsAreEnabledByWhatTheirOperationsNeed)
 {
-    for (const auto &query : {QString(), QStringLiteral(" \t\u00a0")}) {
-        app.setApplicationQuery(query);
-        EXPECT_FALSE(app.canScanByName());
-    }
+    app.setApplicationQuery(" \t\u00a0");
+    EXPECT_FALSE(app.canScanByName());
     // The two screens trim differently: a line break counts as a name here and as nothing there.
-    app.setApplicationQuery(QStringLiteral(" \n"));
-    app.setLeftoverQuery(QStringLiteral(" \n"));
+    app.setApplicationQuery(" \n");
+    app.setLeftoverQuery(" \n");
     EXPECT_TRUE(app.canScanByName());
     EXPECT_FALSE(app.canSearchLeftovers());
-    app.setLeftoverQuery(QStringLiteral("x"));
+    app.setLeftoverQuery("x");
     EXPECT_TRUE(app.canSearchLeftovers());
 
     EXPECT_FALSE(app.canScanMedia());
-    app.chooseMediaFolder();
-    chooser.answer(disk.folder("/Volumes/Disk"));
+    chooseMedia(disk.folder("/Volumes/Disk"));
     EXPECT_TRUE(app.canScanMedia());
     EXPECT_FALSE(app.canScanTextFiles());
     for (const auto category : allCases<MediaCategory>())
@@ -157,10 +134,8 @@ TEST_F(AppViewModelTest, buttonsAreEnabledByWhatTheirOperationsNeed)
 TEST_F(AppViewModelTest, selectingTheSameApplicationAgainKeepsWhatWasFound)
 {
     const auto application = notes();
-    app.loadApplications(false);
-    settle();
-    app.scan(application);
-    settle();
+    waitFor(scans.loadApplications(false));
+    waitFor(scans.scan(application));
     ASSERT_FALSE(app.associatedItems().isEmpty());
     const auto found = app.associatedItems();
 
@@ -172,8 +147,7 @@ TEST_F(AppViewModelTest, selectingTheSameApplicationAgainKeepsWhatWasFound)
     EXPECT_EQ(app.associatedItems(), found);
     EXPECT_EQ(app.selectedApplicationRow(), 0);
 
-    app.loadApplications(true);
-    settle();
+    waitFor(scans.loadApplications(true));
     EXPECT_EQ(app.associatedItems(), found);
 
     app.selectApplication({});
@@ -188,7 +162,7 @@ TEST_F(AppViewModelTest, scanInFlightDoesNotTouchAStateThatIsGone)
     auto second = std::make_unique<AppViewModel>(platform);
     disk.hold();
     app.scanCleaner();
-    second->setApplicationQuery(QStringLiteral("Notes"));
+    second->setApplicationQuery("Notes");
     second->scanApplicationByName();
     disk.release();
     second.reset();
@@ -196,25 +170,11 @@ TEST_F(AppViewModelTest, scanInFlightDoesNotTouchAStateThatIsGone)
     QTest::qWait(10);
 }
 
-TEST_F(AppViewModelTest, refreshingTheDashboardLeavesBusyFlagAndStatusAlone)
-{
-    facts.physicalMemoryValue = 16;
-    app.requestDeletion(ScanScope::cleaner);
-    const auto status = app.statusMessage();
-    app.refreshDashboard();
-    ASSERT_TRUE(app.dashboardSnapshot());
-    EXPECT_EQ(app.dashboardSnapshot()->memory.totalBytes, 16u);
-    EXPECT_FALSE(app.dashboardSnapshot()->battery);
-    EXPECT_EQ(app.statusMessage(), status);
-}
-
 TEST_F(AppViewModelTest, revealsTheFileOfARowEvenWhileAScanRuns)
 {
     const auto film = disk.file("/Volumes/Disk/film.mov");
-    app.chooseMediaFolder();
-    chooser.answer(Url("/Volumes/Disk"));
-    app.scanMedia();
-    settle();
+    chooseMedia(Url("/Volumes/Disk"));
+    waitFor(scans.scanMedia());
     disk.hold();
     app.scanCleaner();
     app.revealMediaFile(0);

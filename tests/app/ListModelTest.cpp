@@ -82,7 +82,7 @@ TEST_F(ListModelTest, viewsKeepTheirPlaceWhenSomeRowsGo)
     EXPECT_EQ(removals.count(), 2);
     EXPECT_EQ(resets.count(), 0);
     EXPECT_EQ(place.row(), 30);
-    EXPECT_EQ(place.data(ListModelBase::nameRole), QStringLiteral("50"));
+    EXPECT_EQ(place.data(ListModelBase::nameRole), "50");
 
     // Every second of many thousand rows: no view should be told of each.
     model.replace(items(20'000));
@@ -97,11 +97,11 @@ TEST_F(ListModelTest, rowsShowTheirFileAndKeepItsBytesInTheUri)
 {
     model.replace(
         {{Url("/Users/me/Library/Caches/a b\xff"), ScanItemKind::cache, ScanConfidence::exact, 12'000, true}});
-    EXPECT_EQ(at(0, ListModelBase::nameRole), QStringLiteral("a b\ufffd"));
-    EXPECT_EQ(at(0, ListModelBase::uriRole), QStringLiteral("file:///Users/me/Library/Caches/a%20b%FF"));
-    EXPECT_EQ(at(0, ListModelBase::sizeTextRole), QStringLiteral("12 KB"));
-    EXPECT_EQ(at(0, ListModelBase::symbolRole), QStringLiteral("archivebox"));
-    EXPECT_EQ(at(0, ListModelBase::tintRole), QStringLiteral("teal"));
+    EXPECT_EQ(at(0, ListModelBase::nameRole), "a b\ufffd");
+    EXPECT_EQ(at(0, ListModelBase::uriRole), "file:///Users/me/Library/Caches/a%20b%FF");
+    EXPECT_EQ(at(0, ListModelBase::sizeTextRole), "12 KB");
+    EXPECT_EQ(at(0, ListModelBase::symbolRole), "archivebox");
+    EXPECT_EQ(at(0, ListModelBase::tintRole), "teal");
     EXPECT_EQ(at(0, ListModelBase::isSelectedRole), true);
     EXPECT_FALSE(at(0, ListModelBase::isSystemApplicationRole).isValid());
 }

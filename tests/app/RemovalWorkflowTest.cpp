@@ -1,13 +1,10 @@
 #include "AppFixture.h"
 
-#include <QCoro/QCoroTask>
-
-using testing::ElementsAre;
-using testing::IsEmpty;
+using testing::FieldsAre;
 
 namespace {
 
-const QString unconfirmed = QStringLiteral("Finder nie potwierdził przeniesienia elementu do Kosza.");
+const QString unconfirmed = "Finder nie potwierdził przeniesienia elementu do Kosza.";
 
 class RemovalWorkflowTest : public AppFixture
 {
@@ -15,9 +12,11 @@ protected:
     RemovalWorkflowTest() { app.setLanguage(AppLanguage::english); }
 
     /// The Trash refuses the item; without a text, it just does not confirm.
-    void refuse(const Url &url, const std::optional<QString> &error = std::nullopt)
+    void refuse(const Url &url, const QString &error = {})
     {
-        workspace.reactTo(url, {.moves = false, .confirms = false, .error = error});
+        workspace.reactTo(
+            url,
+            {.moves = false, .confirms = false, .error = error.isEmpty() ? std::nullopt : std::optional(error)});
     }
 
     /// Puts `count` leftovers on the disk and searches for them; all are selected.
@@ -25,7 +24,7 @@ protected:
     {
         for (int i = 0; i < count; ++i)
             disk.file("~/Library/Caches/org.gone.app" + QByteArray::number(i), 1000);
-        QCoro::waitFor(app.scans().scanLeftovers());
+        waitFor(scans.scanLeftovers());
         selectAll(*app.leftoverItemModel());
     }
 
@@ -33,7 +32,7 @@ protected:
     {
         for (int i = 0; i < count; ++i)
             largeCache("cache" + QByteArray::number(i));
-        QCoro::waitFor(app.scans().scanCleaner());
+        waitFor(scans.scanCleaner());
         selectAll(*app.cleanerItemModel());
     }
 
@@ -48,8 +47,16 @@ protected:
         app.requestDeletion(scope);
         const auto request = app.pendingDeletion();
         ASSERT_TRUE(request);
-        QCoro::waitFor(app.removal().confirmDeletion(*request));
+        waitFor(app.removal().confirmDeletion(*request));
         EXPECT_FALSE(app.isProcessing());
+    }
+
+    void expectNotice(const char *status, const char *title, const QString &beginning = {})
+    {
+        EXPECT_EQ(app.statusMessage(), status);
+        ASSERT_TRUE(app.userNotice());
+        EXPECT_EQ(app.userNotice()->title, title);
+        EXPECT_TRUE(app.userNotice()->message.startsWith(beginning)) << qPrintable(app.userNotice()->message);
     }
 };
 
@@ -59,7 +66,7 @@ TEST_F(RemovalWorkflowTest, requestHoldsTheSelectedItemsInTheOrderOfTheirList)
 {
     app.requestDeletion(ScanScope::leftovers);
     EXPECT_FALSE(app.pendingDeletion());
-    EXPECT_EQ(app.statusMessage(), QStringLiteral("Select items first."));
+    EXPECT_EQ(app.statusMessage(), "Select items first.");
 
     findLeftovers(3);
     app.leftoverItemModel()->setSelected(1, false);
@@ -88,42 +95,36 @@ TEST_F(RemovalWorkflowTest, movedItemsLeaveTheirListAndNoOther)
     remove(ScanScope::leftovers);
     EXPECT_THAT(app.leftoverItems(), IsEmpty());
     EXPECT_EQ(app.cleanerItems(), caches);
-    ASSERT_TRUE(app.lastReport());
-    EXPECT_EQ(app.lastReport()->deletedCount, 3);
-    EXPECT_EQ(app.lastReport()->failedCount, 0);
-    EXPECT_EQ(app.lastReport()->bytesFreed, 2'002'000);
-    EXPECT_EQ(app.statusMessage(), QStringLiteral("Moved to Trash: 3 items (2 MB)."));
+    EXPECT_THAT(*app.lastReport(), FieldsAre(3, 0, 2'002'000, IsEmpty()));
+    EXPECT_EQ(app.statusMessage(), "Moved to Trash: 3 items (2 MB).");
     EXPECT_FALSE(app.userNotice());
 }
 
 TEST_F(RemovalWorkflowTest, uninstallingForgetsTheApplicationAndScansTheCatalogAgain)
 {
     const auto application = notes();
-    QCoro::waitFor(app.scans().loadApplications(false));
-    QCoro::waitFor(app.scans().scan(application));
+    waitFor(scans.loadApplications(false));
+    waitFor(scans.scan(application));
     remove(ScanScope::uninstaller);
     EXPECT_THAT(workspace.recycled, ElementsAre(Url("/Users/me/Library/Caches/org.notes"), application.url));
     EXPECT_FALSE(app.selectedApplication());
     EXPECT_THAT(app.applications(), IsEmpty());
-    EXPECT_EQ(app.statusMessage(), QStringLiteral("Moved to Trash: 2 items (9 KB)."));
+    EXPECT_EQ(app.statusMessage(), "Moved to Trash: 2 items (9 KB).");
 }
 
 TEST_F(RemovalWorkflowTest, whatTheTrashRefusedStaysListedAndSelected)
 {
     const auto application = notes();
     refuse(application.url);
-    QCoro::waitFor(app.scans().scan(application));
+    waitFor(scans.scan(application));
     remove(ScanScope::uninstaller);
 
     EXPECT_THAT(namesOf(app.associatedItems()), ElementsAre("Notes.app"));
     EXPECT_TRUE(app.associatedItems().first().isSelected);
     EXPECT_EQ(app.selectedApplication(), application);
-    EXPECT_EQ(app.lastReport()->failures.size(), 1);
-    EXPECT_EQ(app.lastReport()->failures.first().errorDescription, unconfirmed);
-    EXPECT_EQ(helper.bundleIdentifier, QStringLiteral("org.notes"));
-    EXPECT_EQ(app.statusMessage(), QStringLiteral("Uninstall completed. Additional leftovers scan recommended."));
-    ASSERT_TRUE(app.userNotice());
-    EXPECT_EQ(app.userNotice()->title, QStringLiteral("Uninstall completed with notes"));
+    EXPECT_EQ(app.lastReport()->failures.at(0).errorDescription, unconfirmed);
+    EXPECT_EQ(helper.bundleIdentifier, "org.notes");
+    expectNotice("Uninstall completed. Additional leftovers scan recommended.", "Uninstall completed with notes");
     app.dismissNotice();
     EXPECT_FALSE(app.userNotice());
 }
@@ -132,30 +133,25 @@ TEST_F(RemovalWorkflowTest, leftoversRefusedByTheTrashAreCountedInTheNotice)
 {
     findLeftovers(5);
     refuse(app.leftoverItems().at(1).url);
-    refuse(app.leftoverItems().at(3).url, QStringLiteral("no .Trash here"));
+    refuse(app.leftoverItems().at(3).url, "no .Trash here");
     remove(ScanScope::leftovers);
-    EXPECT_EQ(app.statusMessage(), QStringLiteral("Leftovers cleanup completed with notes."));
-    ASSERT_TRUE(app.userNotice());
-    EXPECT_TRUE(app.userNotice()->message.startsWith(
-        u"Moved to Trash: 3 items. macOS did not allow 2 items to be moved automatically."));
+    expectNotice("Leftovers cleanup completed with notes.", "Leftovers cleanup completed with notes",
+                 "Moved to Trash: 3 items. macOS did not allow 2 items to be moved automatically.");
     EXPECT_THAT(helper.requests, IsEmpty());
 }
 
 TEST_F(RemovalWorkflowTest, otherFailuresAreListedUpToFive)
 {
     findLeftovers(8);
-    const auto leftovers = app.leftoverItems();
-    for (int i = 1; i < 8; ++i)
-        refuse(leftovers.at(i).url, i == 7 ? QStringLiteral("KOSZ") : QStringLiteral("refused"));
-    remove(ScanScope::leftovers);
-    EXPECT_EQ(app.statusMessage(), QStringLiteral("Moved: 1, failures: 7."));
-    ASSERT_TRUE(app.userNotice());
-    EXPECT_EQ(app.userNotice()->title, QStringLiteral("Some items could not be moved"));
     QStringList lines;
-    for (int i = 1; i <= 5; ++i)
-        lines.append(leftovers.at(i).url.displayName() + QStringLiteral(": refused"));
-    EXPECT_EQ(app.userNotice()->message, lines.join(QChar(u'\n')));
-    EXPECT_EQ(app.lastReport()->failures.size(), 7);
+    for (int i = 1; i < 8; ++i) {
+        const auto &url = app.leftoverItems().at(i).url;
+        refuse(url, i == 7 ? "KOSZ" : "refused");
+        lines.append(url.displayName() + ": refused");
+    }
+    remove(ScanScope::leftovers);
+    expectNotice("Moved: 1, failures: 7.", "Some items could not be moved");
+    EXPECT_EQ(app.userNotice()->message, lines.first(5).join(u'\n'));
 }
 
 TEST_F(RemovalWorkflowTest, cachesRefusedByTheTrashAreAnOrdinaryFailure)
@@ -163,9 +159,8 @@ TEST_F(RemovalWorkflowTest, cachesRefusedByTheTrashAreAnOrdinaryFailure)
     findCaches(2);
     refuse(app.cleanerItems().at(0).url);
     remove(ScanScope::cleaner);
-    EXPECT_EQ(app.statusMessage(), QStringLiteral("Moved: 1, failures: 1."));
-    EXPECT_EQ(app.userNotice()->message,
-              QStringLiteral("%1: %2").arg(app.cleanerItems().first().url.displayName(), unconfirmed));
+    expectNotice("Moved: 1, failures: 1.", "Some items could not be moved",
+                 app.cleanerItems().first().url.displayName() + ": " + unconfirmed);
 }
 
 TEST_F(RemovalWorkflowTest, confirmingWhileAnotherWorkflowRunsMovesNothing)
@@ -188,7 +183,7 @@ TEST_F(RemovalWorkflowTest, listThatChangesDuringARemovalIsPrunedAsItIsThen)
     app.cleanerItemModel()->setSelected(2, false);
     app.requestDeletion(ScanScope::cleaner);
     app.confirmDeletion(*app.pendingDeletion());
-    EXPECT_EQ(app.statusMessage(), QStringLiteral("Move to Trash"));
+    EXPECT_EQ(app.statusMessage(), "Move to Trash");
     // While it runs: ticks change, and a scan ends at its busy check.
     app.cleanerItemModel()->setSelected(0, false);
     app.cleanerItemModel()->setSelected(2, true);

@@ -1,10 +1,5 @@
 #include "AppFixture.h"
 
-#include <QCoro/QCoroTask>
-
-using testing::ElementsAre;
-using testing::IsEmpty;
-
 namespace {
 
 class ScanWorkflowsTest : public AppFixture
@@ -15,26 +10,21 @@ protected:
     void searchApplication(const QString &query)
     {
         app.setApplicationQuery(query);
-        QCoro::waitFor(app.scans().scanApplicationByName());
+        waitFor(scans.scanApplicationByName());
     }
-    void drop(const Url &url) { QCoro::waitFor(app.scans().handleDroppedApplication(url)); }
-    void chooseMedia(const Url &folder)
-    {
-        app.chooseMediaFolder();
-        chooser.answer(folder);
-    }
+    void drop(const Url &url) { waitFor(scans.handleDroppedApplication(url)); }
 };
 
 } // namespace
 
 TEST_F(ScanWorkflowsTest, catalogIsScannedOnceUnlessForced)
 {
-    disk.application("/Applications/B.app", {.identifier = QStringLiteral("b.b.b")});
-    QCoro::waitFor(app.scans().loadApplications(false));
-    disk.application("/Applications/A.app", {.identifier = QStringLiteral("a.a.a")});
-    QCoro::waitFor(app.scans().loadApplications(false));
+    disk.application("/Applications/B.app", {.identifier = "b.b.b"});
+    waitFor(scans.loadApplications(false));
+    disk.application("/Applications/A.app", {.identifier = "a.a.a"});
+    waitFor(scans.loadApplications(false));
     EXPECT_THAT(namesOf(app.applications()), ElementsAre("B.app"));
-    QCoro::waitFor(app.scans().loadApplications(true));
+    waitFor(scans.loadApplications(true));
     EXPECT_THAT(namesOf(app.applications()), ElementsAre("A.app", "B.app"));
     EXPECT_FALSE(app.selectedApplication());
     EXPECT_EQ(app.statusMessage(), QString());
@@ -43,44 +33,42 @@ TEST_F(ScanWorkflowsTest, catalogIsScannedOnceUnlessForced)
 TEST_F(ScanWorkflowsTest, nameLeadsToTheFilesOfItsApplication)
 {
     const auto application = notes();
-    searchApplication(QStringLiteral("  notes\n"));
+    searchApplication("  notes\n");
     EXPECT_EQ(app.selectedApplication(), application);
     EXPECT_THAT(namesOf(app.associatedItems()), ElementsAre("org.notes", "Notes.app"));
-    EXPECT_EQ(app.applicationQuery(), QStringLiteral("  notes\n"));
+    EXPECT_EQ(app.applicationQuery(), "  notes\n");
     EXPECT_EQ(app.statusMessage(), QString());
 
     // An unknown name empties the list and keeps the selection; a blank one changes nothing at all.
-    searchApplication(QStringLiteral("Note"));
+    searchApplication("Note");
     EXPECT_THAT(app.associatedItems(), IsEmpty());
     EXPECT_EQ(app.selectedApplication(), application);
-    EXPECT_EQ(app.statusMessage(), QStringLiteral("No application with that name was found."));
-    searchApplication(QStringLiteral(" \u2028 "));
-    EXPECT_EQ(app.statusMessage(), QStringLiteral("No application with that name was found."));
+    EXPECT_EQ(app.statusMessage(), "No application with that name was found.");
+    searchApplication(" \u2028 ");
+    EXPECT_EQ(app.statusMessage(), "No application with that name was found.");
 }
 
 TEST_F(ScanWorkflowsTest, applicationWithoutFilesSaysSo)
 {
-    const auto application =
-        disk.application("/System/Applications/Chess.app", {.identifier = QStringLiteral("c.h.s")});
-    QCoro::waitFor(app.scans().scan(application));
+    const auto application = disk.application("/System/Applications/Chess.app", {.identifier = "c.h.s"});
+    waitFor(scans.scan(application));
     EXPECT_THAT(app.associatedItems(), IsEmpty());
-    EXPECT_EQ(app.statusMessage(), QStringLiteral("No safely associated items were found."));
+    EXPECT_EQ(app.statusMessage(), "No safely associated items were found.");
 }
 
 TEST_F(ScanWorkflowsTest, droppedBundleIsScannedWithoutJoiningTheCatalog)
 {
     disk.file("~/Library/Caches/org.draw", 100);
-    disk.application("/Volumes/Disk/Draw.APP", {.identifier = QStringLiteral("org.draw"), .size = 300});
+    disk.application("/Volumes/Disk/Draw.APP", {.identifier = "org.draw", .size = 300});
     drop(Url("/Volumes/./Disk/Draw.APP"));
     ASSERT_TRUE(app.selectedApplication());
-    EXPECT_EQ(*app.selectedApplication(), (InstalledApplication{QStringLiteral("Draw"), QStringLiteral("org.draw"),
-                                                                Url("/Volumes/Disk/Draw.APP"), 300, false}));
-    EXPECT_EQ(app.applicationQuery(), QStringLiteral("Draw"));
+    EXPECT_EQ(*app.selectedApplication(),
+              (InstalledApplication{"Draw", "org.draw", Url("/Volumes/Disk/Draw.APP"), 300, false}));
+    EXPECT_EQ(app.applicationQuery(), "Draw");
     EXPECT_THAT(namesOf(app.associatedItems()), ElementsAre("Draw.APP", "org.draw"));
     EXPECT_THAT(app.applications(), IsEmpty());
 
-    const auto system = disk.application("/System/Applications/Mail.app",
-                                         {.identifier = QStringLiteral("m.a.l"), .name = QStringLiteral("Post")});
+    const auto system = disk.application("/System/Applications/Mail.app", {.identifier = "m.a.l", .name = "Post"});
     drop(system.url);
     EXPECT_EQ(*app.selectedApplication(), system);
     EXPECT_EQ(workspace.grants, 2);
@@ -90,16 +78,15 @@ TEST_F(ScanWorkflowsTest, droppedBundleIsScannedWithoutJoiningTheCatalog)
 TEST_F(ScanWorkflowsTest, whatIsNotABundleWithAnIdentifierIsRefused)
 {
     const auto application = notes();
-    const QList<Url> refused{
-        disk.file("/Users/me/plain.txt"), disk.folder("/Users/me/Empty.app"),
-        disk.application("/Users/me/Nameless.app", {.identifier = QString()}).url,
-        disk.application("/Users/me/NoExtension", {.identifier = QStringLiteral("n.n.n")}).url};
+    const QList<Url> refused{disk.file("/Users/me/plain.txt"), disk.folder("/Users/me/Empty.app"),
+                             disk.application("/Users/me/Nameless.app", {.identifier = QString()}).url,
+                             disk.application("/Users/me/NoExtension", {.identifier = "n.n.n"}).url};
     for (const auto &url : refused) {
-        QCoro::waitFor(app.scans().scan(application));
+        waitFor(scans.scan(application));
         drop(url);
         EXPECT_FALSE(app.selectedApplication());
         EXPECT_THAT(app.associatedItems(), IsEmpty());
-        EXPECT_EQ(app.statusMessage(), QStringLiteral("The dropped item is not a valid .app application."));
+        EXPECT_EQ(app.statusMessage(), "The dropped item is not a valid .app application.");
     }
     EXPECT_EQ(workspace.openGrants, 0);
 }
@@ -108,15 +95,15 @@ TEST_F(ScanWorkflowsTest, leftoversLeaveOutWhatTheCatalogKnows)
 {
     notes();
     disk.file("~/Library/Caches/org.gone.app", 10);
-    QCoro::waitFor(app.scans().scanLeftovers());
+    waitFor(scans.scanLeftovers());
     EXPECT_THAT(namesOf(app.leftoverItems()), ElementsAre("org.gone.app"));
     EXPECT_EQ(app.leftoverItemModel()->selectedCount(), 0);
     EXPECT_THAT(namesOf(app.applications()), ElementsAre("Notes.app"));
     EXPECT_EQ(app.statusMessage(), QString());
 
     disk.remove("~/Library/Caches/org.gone.app");
-    QCoro::waitFor(app.scans().scanLeftovers());
-    EXPECT_EQ(app.statusMessage(), QStringLiteral("No items matching the safety criteria were found."));
+    waitFor(scans.scanLeftovers());
+    EXPECT_EQ(app.statusMessage(), "No items matching the safety criteria were found.");
 }
 
 TEST_F(ScanWorkflowsTest, searchAnswersWithItsCountOrWhyThereIsNothing)
@@ -124,17 +111,15 @@ TEST_F(ScanWorkflowsTest, searchAnswersWithItsCountOrWhyThereIsNothing)
     disk.file("~/Library/Logs/some.name");
     const auto search = [this](const QString &query) {
         app.setLeftoverQuery(query);
-        QCoro::waitFor(app.scans().searchLeftovers());
+        waitFor(scans.searchLeftovers());
         return app.statusMessage();
     };
-    EXPECT_TRUE(search(QStringLiteral(" Some.Name ")).startsWith(u"Found: 1. "));
+    EXPECT_TRUE(search(" Some.Name ").startsWith(u"Found: 1. "));
     EXPECT_THAT(namesOf(app.leftoverItems()), ElementsAre("some.name"));
-    EXPECT_EQ(search(QStringLiteral("some")),
-              QStringLiteral("No item with that name was found in the supported user library folders."));
+    EXPECT_EQ(search("some"), "No item with that name was found in the supported user library folders.");
 
-    search(QStringLiteral("some.name"));
-    EXPECT_EQ(search(QStringLiteral("a/b")),
-              QStringLiteral("Enter a valid file or folder name without path separators."));
+    search("some.name");
+    EXPECT_EQ(search("a/b"), "Enter a valid file or folder name without path separators.");
     EXPECT_THAT(app.leftoverItems(), IsEmpty());
 }
 
@@ -142,7 +127,7 @@ TEST_F(ScanWorkflowsTest, cacheScanTakesItemsOfOneMebibyteAtLowPriority)
 {
     disk.file("~/Library/Caches/exact", 1'048'576);
     disk.file("~/Library/Caches/short", 1'048'575);
-    QCoro::waitFor(app.scans().scanCleaner());
+    waitFor(scans.scanCleaner());
     EXPECT_THAT(namesOf(app.cleanerItems()), ElementsAre("exact"));
     EXPECT_EQ(priority.timesUtility, 1);
     EXPECT_EQ(priority.timesUserInitiated, 0);
@@ -153,11 +138,11 @@ TEST_F(ScanWorkflowsTest, folderIsAskedForBeforeTheCategories)
     for (const auto category : allCases<MediaCategory>())
         app.toggleMediaCategory(category);
     app.scanMedia();
-    EXPECT_EQ(app.statusMessage(), QStringLiteral("Choose a folder or disk first."));
+    EXPECT_EQ(app.statusMessage(), "Choose a folder or disk first.");
     chooseMedia(disk.folder("/Volumes/Disk"));
     EXPECT_EQ(app.statusMessage(), QString());
     app.scanMedia();
-    EXPECT_EQ(app.statusMessage(), QStringLiteral("Select at least one file category."));
+    EXPECT_EQ(app.statusMessage(), "Select at least one file category.");
     EXPECT_FALSE(app.isProcessing());
 }
 
@@ -168,36 +153,35 @@ TEST_F(ScanWorkflowsTest, finderFindsTheChosenCategoriesAndKeepsThemUntilTheNext
     disk.file("/Volumes/Disk/page.pdf", 30);
     app.toggleMediaCategory(MediaCategory::audio);
     chooseMedia(Url("/Volumes/Disk"));
-    EXPECT_EQ(chooser.title, QStringLiteral("Choose Folder or Disk"));
-    EXPECT_EQ(chooser.prompt, QStringLiteral("Choose"));
-    QCoro::waitFor(app.scans().scanMedia());
+    EXPECT_EQ(chooser.title, "Choose Folder or Disk");
+    EXPECT_EQ(chooser.prompt, "Choose");
+    waitFor(scans.scanMedia());
     EXPECT_THAT(namesOf(app.mediaFiles()), ElementsAre("film.mov"));
-    EXPECT_EQ(app.statusMessage(), QStringLiteral("Files found: 1."));
+    EXPECT_EQ(app.statusMessage(), "Files found: 1.");
 
     app.toggleMediaCategory(MediaCategory::video);
-    app.chooseMediaFolder();
-    chooser.answer(std::nullopt);
+    chooseMedia(std::nullopt);
     EXPECT_EQ(app.mediaFiles().size(), 1);
     EXPECT_EQ(app.selectedMediaFolder(), Url("/Volumes/Disk"));
 
+    chooser.folder = Url("/Volumes/Disk");
     app.chooseTextFolder();
-    chooser.answer(Url("/Volumes/Disk"));
-    QCoro::waitFor(app.scans().scanTextFiles());
+    waitFor(scans.scanTextFiles());
     EXPECT_THAT(namesOf(app.textFiles()), ElementsAre("page.pdf"));
 
     chooseMedia(disk.folder("/Volumes/Other"));
     EXPECT_THAT(app.mediaFiles(), IsEmpty());
     EXPECT_EQ(app.textFiles().size(), 1);
-    QCoro::waitFor(app.scans().scanMedia());
-    EXPECT_EQ(app.statusMessage(), QStringLiteral("No files of the selected types were found."));
+    waitFor(scans.scanMedia());
+    EXPECT_EQ(app.statusMessage(), "No files of the selected types were found.");
 }
 
 TEST_F(ScanWorkflowsTest, whileOneRunsAnotherStillDoesWhatComesBeforeItsBusyCheck)
 {
     const auto application = notes();
     largeCache("org.gone.app");
-    QCoro::waitFor(app.scans().scan(application));
-    QCoro::waitFor(app.scans().scanLeftovers());
+    waitFor(scans.scan(application));
+    waitFor(scans.scanLeftovers());
     chooseMedia(Url("/Users/me"));
     const auto found = app.associatedItems();
     ASSERT_FALSE(app.leftoverItems().isEmpty());
@@ -210,17 +194,17 @@ TEST_F(ScanWorkflowsTest, whileOneRunsAnotherStillDoesWhatComesBeforeItsBusyChec
     EXPECT_EQ(app.associatedItems(), found);
     app.scanLeftovers();
     EXPECT_THAT(app.leftoverItems(), IsEmpty());
-    app.setLeftoverQuery(QStringLiteral("some.name"));
+    app.setLeftoverQuery("some.name");
     app.searchLeftovers();
     const auto other = disk.bundles.mainBundleUrl();
-    app.scan({QStringLiteral("Other"), QStringLiteral("o.t.h"), other, 0, false});
+    app.scan({"Other", "o.t.h", other, 0, false});
     EXPECT_EQ(app.selectedApplication()->url, other);
     EXPECT_THAT(app.associatedItems(), IsEmpty());
     app.scanMedia();
-    EXPECT_EQ(app.statusMessage(), QStringLiteral("Scanning…"));
-    app.setLeftoverQuery(QStringLiteral(".."));
+    EXPECT_EQ(app.statusMessage(), "Scanning…");
+    app.setLeftoverQuery("..");
     app.searchLeftovers();
-    EXPECT_EQ(app.statusMessage(), QStringLiteral("Enter a valid file or folder name without path separators."));
+    EXPECT_EQ(app.statusMessage(), "Enter a valid file or folder name without path separators.");
 
     settle();
     EXPECT_THAT(namesOf(app.cleanerItems()), ElementsAre("org.gone.app"));

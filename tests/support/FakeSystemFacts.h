@@ -12,7 +12,7 @@ public:
     QString operatingSystemVersion() const override { return operatingSystemVersionValue; }
     std::optional<QString> processorBrand() const override { return processorBrandValue; }
     quint64 physicalMemory() const override { return physicalMemoryValue; }
-    double uptime() const override { return uptimeValue; }
+    double uptime() const override { return ++timesRead, uptimeValue; }
     std::optional<PowerSourceDescription> powerSource() const override { return powerSourceValue; }
     std::optional<BatteryRegistryEntry> batteryRegistryEntry() const override { return registryEntryValue; }
     double timeRemainingEstimate() const override { return timeRemainingValue; }
@@ -31,4 +31,6 @@ public:
     double timeRemainingValue = -1;
     quint64 pageSizeValue = 0;
     std::optional<VirtualMemoryStatistics> pagesValue;
+    /// How often the whole was read.
+    mutable int timesRead = 0;
 };

@@ -30,6 +30,12 @@ public:
     QList<Url> recycled;
     qsizetype mostAtOnce = 0;
     QList<Url> revealed;
+    /// The bundles' pictures, and whose were read.
+    QHash<Url, QByteArray> pictures;
+    mutable QList<Url> picturesRead;
+    /// How often access to a location was granted, and how often it was not given back.
+    int grants = 0;
+    int openGrants = 0;
 
     QFuture<RecycleAnswer> recycle(const Url &item) override
     {
@@ -44,9 +50,17 @@ public:
         return promise->future();
     }
     void reveal(const Url &item) override { revealed.append(item); }
-    QByteArray iconData(const Url &) const override { return {}; }
-    bool startAccessing(const Url &) override { return false; }
-    void stopAccessing(const Url &) override { }
+    QByteArray iconData(const Url &bundle) const override
+    {
+        picturesRead.append(bundle);
+        return pictures.value(bundle);
+    }
+    bool startAccessing(const Url &) override
+    {
+        ++openGrants;
+        return ++grants;
+    }
+    void stopAccessing(const Url &) override { --openGrants; }
 
 private:
     RecycleAnswer answerFor(const Url &item)

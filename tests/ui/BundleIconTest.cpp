@@ -14,6 +14,8 @@
 
 #include <gmock/gmock.h>
 
+using testing::ElementsAre;
+
 namespace {
 
 QByteArray png(int side, const QColor &color)
@@ -50,36 +52,6 @@ QColor middleOf(const QImage &image)
 {
     return image.pixelColor(image.width() / 2, image.height() / 2);
 }
-
-/// Pictures that a test can change, how often they were read, and whose was last.
-class PictureWorkspace : public FakeWorkspace
-{
-public:
-    using FakeWorkspace::FakeWorkspace;
-    QByteArray iconData(const Url &bundle) const override
-    {
-        ++timesRead;
-        lastRead = bundle;
-        return pictures.value(bundle);
-    }
-    QHash<Url, QByteArray> pictures;
-    mutable int timesRead = 0;
-    mutable Url lastRead;
-};
-
-/// A disk whose bundles were all changed at `modificationTime`.
-class DatedFileSystem : public InMemoryFileSystem
-{
-public:
-    std::optional<ResourceValues> resourceValues(const Url &url) const override
-    {
-        auto values = InMemoryFileSystem::resourceValues(url);
-        if (values)
-            values->modificationTime = modificationTime;
-        return values;
-    }
-    std::optional<qint64> modificationTime = 1;
-};
 
 TEST(BundleIcons, theSmallestPictureThatNeedsNoEnlargingIsTaken)
 {
@@ -128,9 +100,9 @@ TEST(BundleIcons, hostileFilesGiveNoPictureAndTakeNoTimeOrMemory)
 
 TEST(BundleIcons, aBundleWithoutPictureGetsALetterOnATileOfItsOwn)
 {
-    const auto tile = BundleIcon::drawn(QStringLiteral("Żuraw"), 68);
-    EXPECT_EQ(tile, BundleIcon::drawn(QStringLiteral("Żuraw"), 68));
-    EXPECT_NE(tile, BundleIcon::drawn(QStringLiteral("Notes"), 68));
+    const auto tile = BundleIcon::drawn("Żuraw", 68);
+    EXPECT_EQ(tile, BundleIcon::drawn("Żuraw", 68));
+    EXPECT_NE(tile, BundleIcon::drawn("Notes", 68));
     EXPECT_EQ(tile.pixelColor(34, 4).alpha(), 255);
     EXPECT_EQ(tile.pixelColor(0, 0).alpha(), 0);
     auto white = 0;
@@ -142,27 +114,28 @@ TEST(BundleIcons, aBundleWithoutPictureGetsALetterOnATileOfItsOwn)
 
 TEST(BundleIcons, areKeptUntilTheBundleChanges)
 {
-    DatedFileSystem disk;
-    PictureWorkspace workspace(disk);
+    InMemoryFileSystem disk;
+    FakeWorkspace workspace(disk);
     const auto bundle = disk.folder("/Applications/Notes.app");
+    disk.touch("/Applications/Notes.app", 1);
     workspace.pictures.insert(bundle, png(64, Qt::red));
     BundleIconProvider provider(workspace, disk);
 
     EXPECT_EQ(middleOf(provider.icon(bundle, 34)), QColor(Qt::red));
     workspace.pictures.insert(bundle, png(64, Qt::blue));
     EXPECT_EQ(middleOf(provider.icon(bundle, 34)), QColor(Qt::red));
-    EXPECT_EQ(workspace.timesRead, 1);
-    disk.modificationTime = 2;
+    EXPECT_THAT(workspace.picturesRead, ElementsAre(bundle));
+    disk.touch("/Applications/Notes.app", 2);
     EXPECT_EQ(middleOf(provider.icon(bundle, 34)), QColor(Qt::blue));
 }
 
 TEST(BundleIcons, reachTheWindowWhateverBytesThePathHolds)
 {
-    DatedFileSystem disk;
-    PictureWorkspace workspace(disk);
+    InMemoryFileSystem disk;
+    FakeWorkspace workspace(disk);
     QQmlEngine engine;
-    engine.addImageProvider(QStringLiteral("bundles"), new BundleIconProvider(workspace, disk));
-    engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    engine.addImageProvider("bundles", new BundleIconProvider(workspace, disk));
+    engine.addImportPath("qrc:/qt/qml");
     QQmlComponent component(&engine);
     component.setData("import Tarnvale\nBundleIcon { }", {});
 
@@ -171,12 +144,12 @@ TEST(BundleIcons, reachTheWindowWhateverBytesThePathHolds)
         const auto bundle = disk.folder("/Applications/" + name + ".app");
         workspace.pictures = {{bundle, png(64, Qt::red)}};
         const std::unique_ptr<QObject> object(
-            component.createWithInitialProperties({{QStringLiteral("uri"), QString::fromLatin1(bundle.toUri())}}));
+            component.createWithInitialProperties({{"uri", QString::fromLatin1(bundle.toUri())}}));
         auto *image = qobject_cast<QQuickItem *>(object.get());
         ASSERT_TRUE(image) << qPrintable(component.errorString());
         // 1 is Image.Ready.
         EXPECT_TRUE(QTest::qWaitFor([image] { return image->property("status").toInt() == 1; }));
-        EXPECT_EQ(workspace.lastRead, bundle);
+        EXPECT_EQ(workspace.picturesRead.last(), bundle);
     }
 }
 

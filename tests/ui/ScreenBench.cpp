@@ -32,20 +32,26 @@ QList<QQuickItem *> visibleItems(QQuickItem *item)
     return items;
 }
 
+QList<QQuickItem *> textItems(QQuickItem *item)
+{
+    auto items = visibleItems(item);
+    items.removeIf([](QQuickItem *any) { return !any->inherits("QQuickText"); });
+    return items;
+}
+
 /// Empty for what assistive technology is not told of.
 QString accessibleName(QQuickItem *item)
 {
-    if (QQmlProperty(item, QStringLiteral("Accessible.ignored"), qmlContext(item)).read().toBool())
+    if (QQmlProperty(item, "Accessible.ignored", qmlContext(item)).read().toBool())
         return {};
     auto *interface = QAccessible::queryAccessibleInterface(item);
     return interface ? interface->text(QAccessible::Name) : QString();
 }
 
-std::unique_ptr<QMimeData> mimeData(const QVariantMap &data)
+std::unique_ptr<QMimeData> mimeData(const QString &type, const QString &data)
 {
     auto mime = std::make_unique<QMimeData>();
-    for (auto entry = data.constBegin(); entry != data.constEnd(); ++entry)
-        mime->setData(entry.key(), QByteArray::fromPercentEncoding(entry->toString().toLatin1(), '^'));
+    mime->setData(type, QByteArray::fromPercentEncoding(data.toLatin1(), '^'));
     return mime;
 }
 
@@ -84,10 +90,23 @@ void ScreenBench::renew()
     // The screens let go of the old state before it goes.
     const auto oldState = std::move(m_viewModel);
     const auto oldComputer = std::move(m_computer);
-    m_computer = std::make_unique<Computer>();
+    m_computer = std::make_unique<FakeComputer>();
     m_viewModel = std::make_unique<AppViewModel>(m_computer->platform);
     QQmlEngine::setObjectOwnership(m_viewModel.get(), QQmlEngine::CppOwnership);
     Q_EMIT renewed();
+}
+
+void ScreenBench::becomeLaptop(const QString &name, const QString &batteryHealth)
+{
+    auto &facts = m_computer->facts;
+    m_computer->disk.setVolume(VolumeValues{name, 1000, std::nullopt, 250});
+    facts.localizedHostNameValue = facts.modelValue = facts.processorBrandValue = name;
+    facts.physicalMemoryValue = 1000;
+    facts.pageSizeValue = 1;
+    facts.pagesValue = VirtualMemoryStatistics{100, 0, 300, 200, 20};
+    facts.powerSourceValue = PowerSourceDescription{4080, 5000, "AC Power", true};
+    facts.registryEntryValue = BatteryRegistryEntry{213, 5550, batteryHealth, std::nullopt};
+    facts.timeRemainingValue = -2;
 }
 
 void ScreenBench::installApplication(const QString &path, const QString &identifier)
@@ -113,8 +132,7 @@ void ScreenBench::refuse(const QString &path, const QString &reason)
 
 void ScreenBench::setChosenFolder(const QString &path)
 {
-    m_computer->chooser.folder =
-        path.isEmpty() ? std::nullopt : std::optional(m_computer->disk.url(path.toUtf8()));
+    m_computer->chooser.folder = m_computer->disk.url(path.toUtf8());
 }
 
 QQuickItem *ScreenBench::control(QQuickItem *item, const QString &name)
@@ -142,26 +160,39 @@ QStringList ScreenBench::namelessControls(QQuickItem *item)
     return types;
 }
 
+QStringList ScreenBench::texts(QQuickItem *item)
+{
+    QStringList texts;
+    for (auto *text : textItems(item))
+        texts.append(text->property("text").toString());
+    return texts;
+}
+
 QStringList ScreenBench::clippedTexts(QQuickItem *item)
 {
     QStringList texts;
-    for (auto *text : visibleItems(item)) {
-        const auto format = text->property("textFormat");
-        if (!format.isValid() || !text->inherits("QQuickText"))
-            continue;
+    for (auto *text : textItems(item)) {
         // Names and paths are shortened on purpose; words of ours are not.
         const bool isShortened = text->property("truncated").toBool();
         const bool isWords = !text->property("text").toString().contains(QLatin1Char('/'));
         if ((isShortened && isWords) || text->property("contentWidth").toReal() > text->width() + 1
-            || format.toInt() != Qt::PlainText)
+            || text->property("textFormat").toInt() != Qt::PlainText)
             texts.append(text->property("text").toString());
     }
     return texts;
 }
 
-bool ScreenBench::hover(QQuickItem *item, const QVariantMap &data)
+double ScreenBench::rightEdge(QQuickItem *item)
 {
-    return enter(item, *mimeData(data));
+    double edge = 0;
+    for (auto *text : textItems(item))
+        edge = std::max(edge, text->mapToItem(item, {text->width(), 0}).x());
+    return edge;
+}
+
+bool ScreenBench::hover(QQuickItem *item, const QString &type, const QString &data)
+{
+    return enter(item, *mimeData(type, data));
 }
 
 void ScreenBench::leave(QQuickItem *item)
@@ -170,9 +201,9 @@ void ScreenBench::leave(QQuickItem *item)
     QCoreApplication::sendEvent(item->window(), &event);
 }
 
-bool ScreenBench::drop(QQuickItem *item, const QVariantMap &data)
+bool ScreenBench::drop(QQuickItem *item, const QString &type, const QString &data)
 {
-    const auto mime = mimeData(data);
+    const auto mime = mimeData(type, data);
     if (!enter(item, *mime)) {
         leave(item);
         return false;

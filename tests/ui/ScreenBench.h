@@ -1,21 +1,10 @@
 #pragma once
 
 #include "AppViewModel.h"
-#include "BackgroundPriority.h"
-#include "FakeApplicationRegistry.h"
-#include "FakeHelperService.h"
-#include "FakeSystemFacts.h"
-#include "FakeWorkspace.h"
-#include "FolderChooser.h"
-#include "Platform.h"
-#include "TestDisk.h"
+#include "FakeComputer.h"
 
 #include <QQuickItem>
 #include <QStringList>
-
-#include <memory>
-
-class QMimeData;
 
 /// What the tests of the screens work with: the real state object on a disk in memory, and hands that find a
 /// control by the name that assistive technology is told, and drop things.
@@ -26,6 +15,8 @@ class ScreenBench : public QObject
     /// What was given to the Trash, in order.
     Q_PROPERTY(QStringList recycled READ recycled)
     Q_PROPERTY(QStringList revealed READ revealed)
+    /// How often the computer was read for the dashboard.
+    Q_PROPERTY(int readings READ readings)
 
 public:
     ScreenBench();
@@ -33,16 +24,19 @@ public:
     AppViewModel *viewModel() { return m_viewModel.get(); }
     QStringList recycled() const;
     QStringList revealed() const;
+    int readings() const { return m_computer->facts.timesRead; }
 
-    /// An empty disk and a state object as at the program's start.
+    /// An empty disk of a computer that tells nothing, and a state object as at the program's start.
     Q_INVOKABLE void renew();
+    /// The computer is a laptop whose parts all go by one name.
+    Q_INVOKABLE void becomeLaptop(const QString &name, const QString &batteryHealth);
     Q_INVOKABLE void installApplication(const QString &path, const QString &identifier);
     /// The name of the bundle ends in a byte that need not be text.
     Q_INVOKABLE void installApplicationWithByte(const QString &path, int byte, const QString &identifier);
     Q_INVOKABLE void addFile(const QString &path, int size = 4096);
     /// The Trash refuses the item, for this reason.
     Q_INVOKABLE void refuse(const QString &path, const QString &reason);
-    /// The folder that the next choice of a folder answers; none when empty.
+    /// The folder that the next choice of a folder answers.
     Q_INVOKABLE void setChosenFolder(const QString &path);
 
     /// The visible control of this accessible name in the window of `item`, or else the text; null when there is
@@ -51,44 +45,23 @@ public:
     /// Accessible names are the first thing that is forgotten: the type of every control below `item` that the
     /// keyboard reaches and that has none.
     Q_INVOKABLE static QStringList namelessControls(QQuickItem *item);
-    /// The texts below `item` that do not fit into their place, or would be taken for markup.
+    /// The texts that are shown below `item`, as pieces of text are: neither buttons nor fields.
+    Q_INVOKABLE static QStringList texts(QQuickItem *item);
+    /// Those of them that do not fit into their place, or would be taken for markup.
     Q_INVOKABLE static QStringList clippedTexts(QQuickItem *item);
+    /// Where the text that reaches farthest ends.
+    Q_INVOKABLE static double rightEdge(QQuickItem *item);
 
-    /// Drags `data`, by MIME type, over the middle of `item`, and drops it when it is taken there. Whether it was.
-    Q_INVOKABLE static bool drop(QQuickItem *item, const QVariantMap &data);
+    /// Drags `data` of a MIME type over the middle of `item`, and drops it when it is taken there. Whether it was.
+    Q_INVOKABLE static bool drop(QQuickItem *item, const QString &type, const QString &data);
     /// Only hovers; `leave` ends it.
-    Q_INVOKABLE static bool hover(QQuickItem *item, const QVariantMap &data);
+    Q_INVOKABLE static bool hover(QQuickItem *item, const QString &type, const QString &data);
     Q_INVOKABLE static void leave(QQuickItem *item);
 
 Q_SIGNALS:
     void renewed();
 
 private:
-    struct Chooser : FolderChooser
-    {
-        std::optional<Url> folder;
-        QFuture<std::optional<Url>> chooseFolder(const QString &, const QString &) override
-        {
-            return QtFuture::makeReadyFuture(folder);
-        }
-    };
-    struct Priority : BackgroundPriority
-    {
-        void apply(TaskPriority) const override { }
-    };
-    struct Computer
-    {
-        TestDisk disk;
-        FakeApplicationRegistry registry;
-        FakeSystemFacts facts;
-        Priority priority;
-        FakeWorkspace workspace{disk};
-        FakeHelperService helper;
-        Chooser chooser;
-        const Platform platform{disk,     disk.bundles, disk.signatures, registry, facts,
-                                priority, workspace,    helper,          chooser};
-    };
-
-    std::unique_ptr<Computer> m_computer;
+    std::unique_ptr<FakeComputer> m_computer;
     std::unique_ptr<AppViewModel> m_viewModel;
 };

@@ -18,11 +18,11 @@ public Q_SLOTS:
     void qmlEngineAvailable(QQmlEngine *engine)
     {
         qml_register_types_Tarnvale();
-        engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
-        engine->addImageProvider(QStringLiteral("bundles"), new NoPictures);
-        engine->addImageProvider(QStringLiteral("shadows"), new ShadowProvider);
-        engine->addImageProvider(QStringLiteral("symbols"), new SymbolProvider);
-        engine->rootContext()->setContextProperty(QStringLiteral("bench"), &m_bench);
+        engine->addImportPath("qrc:/qt/qml");
+        engine->addImageProvider("bundles", new NoPictures);
+        engine->addImageProvider("shadows", new ShadowProvider);
+        engine->addImageProvider("symbols", new SymbolProvider);
+        engine->rootContext()->setContextProperty("bench", &m_bench);
     }
 
 private:

@@ -17,36 +17,31 @@ namespace {
 
 constexpr auto side = 96;
 
-/// Where the drawing has ink that can be seen.
-QRect inkOf(const QImage &image)
+/// What can be seen of a drawing.
+struct Ink
 {
-    QRect ink;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (qAlpha(image.pixel(x, y)) > 32)
-                ink |= QRect(x, y, 1, 1);
+    explicit Ink(const QImage &image)
+    {
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const auto alpha = qAlpha(image.pixel(x, y));
+                amount += alpha;
+                if (alpha > 32)
+                    place |= QRect(x, y, 1, 1);
+            }
         }
     }
-    return ink;
-}
-
-double amountOfInk(const QImage &image)
-{
-    auto sum = 0.0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x)
-            sum += qAlpha(image.pixel(x, y)) / 255.0;
-    }
-    return sum;
-}
+    QRect place;
+    int amount = 0;
+};
 
 /// Every symbol that a screen or a table names.
 QSet<QString> namedSymbols()
 {
     QSet<QString> names;
     static const QRegularExpression literal(
-        QStringLiteral("(?<!\\.)\\b(?:systemImage|gaugeImage|name): [^\\n\"(]*\"([a-z0-9.]+)\""));
-    QDirIterator files(QStringLiteral(":/qt/qml/Tarnvale"), {QStringLiteral("*.qml")});
+        "(?<!\\.)\\b(?:systemImage|gaugeImage|name): [^\\n\"(]*\"([a-z0-9.]+)\"");
+    QDirIterator files(":/qt/qml/Tarnvale", {"*.qml"});
     while (files.hasNext()) {
         QFile file(files.next());
         EXPECT_TRUE(file.open(QFile::ReadOnly));
@@ -56,12 +51,13 @@ QSet<QString> namedSymbols()
     }
     for (const auto section : allCases<SidebarSelection>())
         names.insert(sidebarSymbol(section).toString());
-    for (const auto kind : allCases<ScanItemKind>())
-        names.insert(symbolTile(kind).symbol.toString());
-    for (const auto category : allCases<MediaCategory>())
-        names.insert(symbolTile(category).symbol.toString());
-    for (const auto category : allCases<TextFileCategory>())
-        names.insert(symbolTile(category).symbol.toString());
+    const auto insertTiles = [&names](const auto &cases) {
+        for (const auto value : cases)
+            names.insert(symbolTile(value).symbol.toString());
+    };
+    insertTiles(allCases<ScanItemKind>());
+    insertTiles(allCases<MediaCategory>());
+    insertTiles(allCases<TextFileCategory>());
     return names;
 }
 
@@ -76,17 +72,16 @@ TEST(Symbols, areOneFamilyInSizePlaceAndWeight)
 {
     for (const auto &name : SymbolProvider::names()) {
         SCOPED_TRACE(qPrintable(name));
-        const auto heavy = SymbolProvider::draw(name, side, QFont::DemiBold, Qt::red);
-        const auto ink = inkOf(heavy);
+        const Ink heavy(SymbolProvider::draw(name, side, QFont::DemiBold, Qt::red));
         // Nothing is cut off at the edge, nothing is small, nothing hangs to one side: 24 units are 96 pixels.
-        EXPECT_TRUE(QRect(2, 2, side - 4, side - 4).contains(ink));
-        EXPECT_GE(std::max(ink.width(), ink.height()), 58);
-        EXPECT_LE(std::abs(ink.center().x() - side / 2), 6);
-        EXPECT_LE(std::abs(ink.center().y() - side / 2), 6);
+        EXPECT_TRUE(QRect(2, 2, side - 4, side - 4).contains(heavy.place));
+        EXPECT_GE(std::max(heavy.place.width(), heavy.place.height()), 58);
+        EXPECT_LE(std::abs(heavy.place.center().x() - side / 2), 6);
+        EXPECT_LE(std::abs(heavy.place.center().y() - side / 2), 6);
 
-        const auto light = amountOfInk(SymbolProvider::draw(name, side, QFont::Normal, Qt::red));
+        const Ink light(SymbolProvider::draw(name, side, QFont::Normal, Qt::red));
         if (!name.endsWith(u".fill")) {
-            EXPECT_GT(amountOfInk(heavy), light * 1.1) << "the drawing does not follow the weight of the text";
+            EXPECT_GT(heavy.amount, light.amount * 1.1) << "the drawing does not follow the weight of the text";
         }
     }
 }
@@ -95,11 +90,11 @@ TEST(Symbols, takeTheColourAndTheSizeOfTheRequest)
 {
     SymbolProvider provider;
     QSize size;
-    const auto image = provider.requestImage(QStringLiteral("lock.fill/600/80ff0000"), &size, {40, 40});
+    const auto image = provider.requestImage("lock.fill/600/80ff0000", &size, {40, 40});
     EXPECT_EQ(size, QSize(40, 40));
     EXPECT_EQ(image.pixelColor(20, 27), QColor(255, 0, 0, 128));
     EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0);
-    EXPECT_TRUE(provider.requestImage(QStringLiteral("no.such.symbol/400/000000"), &size, {40, 40}).isNull());
+    EXPECT_TRUE(provider.requestImage("no.such.symbol/400/000000", &size, {40, 40}).isNull());
 }
 
 TEST(Shadows, areDeepInsideFadeOutwardsAndStretchInTheMiddle)

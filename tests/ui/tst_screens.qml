@@ -36,6 +36,7 @@ Item {
 
         function init() {
             window.active = false;
+            root.width = 980;
             bench.renew();
             window.active = true;
             app.language = Tarnvale.AppLanguage.english;
@@ -54,6 +55,12 @@ Item {
 
         function settle() {
             tryVerify(() => !app.isProcessing);
+        }
+
+        /// Those of the texts that are not shown.
+        function missing(texts) {
+            const shown = bench.texts(root);
+            return texts.filter(text => !shown.includes(text));
         }
 
         function installNotes() {
@@ -94,13 +101,55 @@ Item {
         function test_everyControlHasANameAndEveryTextFits() {
             findNotes();
             findCaches();
-            for (const language of [Tarnvale.AppLanguage.polish, Tarnvale.AppLanguage.english]) {
-                app.language = language;
-                for (let section = 0; section < 7; ++section) {
-                    go(section);
-                    compare(bench.namelessControls(root), [], "screen " + section);
-                    compare(bench.clippedTexts(root), [], "screen " + section);
+            bench.becomeLaptop("Ala's", "Good");
+            for (const width of [1240, 1600, 980]) {
+                root.width = width;
+                for (const language of [Tarnvale.AppLanguage.polish, Tarnvale.AppLanguage.english]) {
+                    app.language = language;
+                    for (let section = 0; section < 7; ++section) {
+                        go(section);
+                        compare(bench.namelessControls(root), [], "screen " + section);
+                        compare(bench.clippedTexts(root), [], "screen " + section);
+                    }
                 }
+            }
+        }
+
+        function test_theDashboardFollowsTheLanguageWithoutANewReading() {
+            bench.becomeLaptop("Ala's", "Good");
+            press("Refresh");
+            const readings = bench.readings;
+            compare(missing(["Dashboard", "Ala's", "Power adapter connected", "Yes", "Good", "Compressed memory"]), []);
+            app.language = Tarnvale.AppLanguage.polish;
+            compare(missing(["Panel sterowania", "Ala's", "81%", "75%", "52%", "Zasilacz podłączony", "Tak", "90%", "Dobry", "213", "4080 / 5000 mAh", "5550 mAh", "Pamięć skompresowana"]), []);
+            verify(!bench.texts(root).includes("Good"));
+            compare(bench.readings, readings);
+        }
+
+        function test_theDashboardIsReadWheneverItIsShownAndWhenAsked() {
+            compare(missing(["Unknown Mac", "Unknown CPU", "Macintosh HD", "0%", "No battery detected"]), []);
+            compare(bench.texts(root).filter(text => text === "Not available").length, 7);
+            const readings = bench.readings;
+            go(Tarnvale.SidebarSelection.dashboard);
+            compare(bench.readings, readings, "it was shown already");
+            go(Tarnvale.SidebarSelection.leftovers);
+            bench.becomeLaptop("Ala's", "Good");
+            go(Tarnvale.SidebarSelection.dashboard);
+            compare(bench.readings, readings + 1);
+            compare(missing(["Ala's", "Charge"]), []);
+            press("Refresh");
+            compare(bench.readings, readings + 2);
+        }
+
+        function test_longNamesOnTheDashboardEndInsideTheirCards() {
+            const name = "Dział księgowości i kadr ".repeat(30);
+            bench.becomeLaptop(name, name);
+            press("Refresh");
+            for (const width of [980, 1600]) {
+                root.width = width;
+                waitForRendering(root);
+                compare(bench.clippedTexts(root).length, 5);
+                verify(bench.rightEdge(root) <= width - 24);
             }
         }
 
@@ -174,24 +223,16 @@ Item {
             compare(app.cleanerItems.count, 2);
         }
 
-        function test_everythingButItsButtonMeansCancel_data() {
-            return [{
-                    "tag": "Return",
-                    "key": Qt.Key_Return
-                }, {
-                    "tag": "Escape",
-                    "key": Qt.Key_Escape
-                }];
-        }
-
-        function test_everythingButItsButtonMeansCancel(data) {
+        function test_everythingButItsButtonMeansCancel() {
             findCaches();
             app.cleanerItems.setSelected(1, true);
-            press("Move Selected to Trash");
-            tryVerify(() => bench.control(root, "Cancel")?.activeFocus);
-            keyClick(data.key);
-            tryCompare(app, "pendingDeletion", undefined);
-            tryVerify(() => !bench.control(root, "Cancel"));
+            for (const key of [Qt.Key_Return, Qt.Key_Escape]) {
+                press("Move Selected to Trash");
+                tryVerify(() => bench.control(root, "Cancel")?.activeFocus);
+                keyClick(key);
+                tryCompare(app, "pendingDeletion", undefined);
+                tryVerify(() => !bench.control(root, "Cancel"));
+            }
             compare(bench.recycled, []);
             compare(app.cleanerItems.selectedCount, 1);
         }
@@ -230,61 +271,40 @@ Item {
             tryVerify(() => bar("No items matching the safety criteria were found."));
         }
 
-        function test_aDropTakesTheFirstFile_data() {
-            // A percent sign is written ^25 here, and a byte ^xx.
-            return [{
-                    "tag": "list",
-                    "data": {
-                        "text/uri-list": "# comment^0D^0Ahttps://example.org/^0D^0Afile:///Applications/Notes.app^0D^0Afile:///Applications/Other.app^0D^0A"
-                    },
-                    "name": "Notes"
-                }, {
-                    "tag": "text that is a URI",
-                    "data": {
-                        "text/plain": "file:///Applications/No^2520tes.app"
-                    },
-                    "name": "No tes"
-                }, {
-                    "tag": "bytes that are not UTF-8",
-                    "data": {
-                        "text/uri-list": "file:///Applications/No^25ff.app^0D^0A"
-                    },
-                    "name": "No\ufffd"
-                }];
-        }
-
-        function test_aDropTakesTheFirstFile(data) {
+        // A percent sign is written ^25 here, and a byte ^xx.
+        function test_aDropTakesTheFirstFile() {
             bench.installApplication("/Applications/Notes.app", "org.notes");
             bench.installApplication("/Applications/No tes.app", "org.spaced");
             bench.installApplicationWithByte("/Applications/No", 0xff, "org.bytes");
             go(Tarnvale.SidebarSelection.uninstaller);
             const zone = bench.control(root, "Drag an application here");
-            verify(bench.hover(zone, data.data));
-            verify(zone.isTargeted);
-            bench.leave(zone);
-            verify(!zone.isTargeted);
-            verify(bench.drop(zone, data.data));
-            verify(!zone.isTargeted);
-            compare(app.applicationQuery, "", "the drop is answered before anything is done with it");
-            tryCompare(app, "applicationQuery", data.name);
-            settle();
+            const folder = "file:///Applications/";
+            const list = ["text/uri-list", "# comment^0D^0Ahttps://example.org/^0D^0A" + folder + "Notes.app^0D^0A" + folder + "Other.app^0D^0A", "Notes"];
+            const textThatIsAUri = ["text/plain", folder + "No^2520tes.app", "No tes"];
+            const bytesThatAreNoText = ["text/uri-list", folder + "No^25ff.app^0D^0A", "No\ufffd"];
+            for (const [type, data, name] of [list, textThatIsAUri, bytesThatAreNoText]) {
+                verify(bench.hover(zone, type, data));
+                verify(zone.isTargeted);
+                bench.leave(zone);
+                verify(!zone.isTargeted);
+                const query = app.applicationQuery;
+                verify(bench.drop(zone, type, data));
+                verify(!zone.isTargeted);
+                compare(app.applicationQuery, query, "the drop is answered before anything is done with it");
+                tryCompare(app, "applicationQuery", name);
+                settle();
+            }
         }
 
         function test_aDropOfSomethingElse() {
             go(Tarnvale.SidebarSelection.uninstaller);
             const zone = bench.control(root, "Drag an application here");
-            verify(!bench.drop(zone, {
-                        "text/plain": "just words"
-                    }));
-            verify(!bench.drop(zone, {
-                        "text/uri-list": "https://example.org/Notes.app^0D^0A"
-                    }));
+            verify(!bench.drop(zone, "text/plain", "just words"));
+            verify(!bench.drop(zone, "text/uri-list", "https://example.org/Notes.app^0D^0A"));
             wait(20);
             compare(app.statusMessage, "");
             bench.addFile("~/letter.txt");
-            verify(bench.drop(zone, {
-                        "text/uri-list": "file:///Users/me/letter.txt^0D^0A"
-                    }));
+            verify(bench.drop(zone, "text/uri-list", "file:///Users/me/letter.txt^0D^0A"));
             tryCompare(app, "statusMessage", "The dropped item is not a valid .app application.");
         }
 
