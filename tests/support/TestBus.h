@@ -19,13 +19,11 @@ public:
     explicit TestBus(const QString &socket = {}) : m_socket(socket.isEmpty() ? m_folder.filePath("bus") : socket)
     {
         QDir(m_folder.path()).mkdir("services");
-        write(
-            "bus.conf",
-            QStringLiteral(
-                "<busconfig><type>session</type><listen>%1</listen><servicedir>%2/services</servicedir>"
-                "<policy context=\"default\"><allow user=\"*\"/><allow send_destination=\"*\"/><allow own=\"*\"/>"
-                "<allow receive_sender=\"*\"/></policy></busconfig>")
-                .arg(address(), m_folder.path()));
+        const QString form =
+            "<busconfig><type>session</type><listen>%1</listen><servicedir>%2/services</servicedir>"
+            "<policy context=\"default\"><allow user=\"*\"/><allow send_destination=\"*\"/>"
+            "<allow own=\"*\"/><allow receive_sender=\"*\"/></policy></busconfig>";
+        write("bus.conf", form.arg(address(), m_folder.path()));
         m_daemon.start("dbus-daemon",
                        {"--config-file=" + m_folder.filePath("bus.conf"), "--nofork", "--print-address"});
         EXPECT_TRUE(m_daemon.waitForReadyRead()) << "dbus-daemon does not start";
@@ -37,12 +35,12 @@ public:
     /// Lets the bus start `command` when `name` is called.
     void addService(const QString &name, const QString &command)
     {
-        write("services/" + name + ".service",
-              QStringLiteral("[D-BUS Service]\nName=%1\nExec=%2\n").arg(name, command));
+        write("services/" + name + ".service", QString("[D-BUS Service]\nName=%1\nExec=%2\n").arg(name, command));
     }
 
-    /// The bus stays as it is, but does not answer.
+    /// The bus stays as it is, but does not answer until it is thawed.
     void freeze() { ::kill(static_cast<pid_t>(m_daemon.processId()), SIGSTOP); }
+    void thaw() { ::kill(static_cast<pid_t>(m_daemon.processId()), SIGCONT); }
 
     void kill()
     {

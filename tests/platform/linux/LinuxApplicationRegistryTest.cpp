@@ -40,18 +40,6 @@ TEST_F(LinuxApplicationRegistryTest, applicationsAreKnownTwoFoldersDeep)
     EXPECT_TRUE(pathOf("com.apple.mail"));
 }
 
-TEST_F(LinuxApplicationRegistryTest, whatAnApplicationContainsIsKnownWithIt)
-{
-    disk.application("/Applications/Notes.app", {.identifier = "org.notes"});
-    disk.application("/Applications/Notes.app/Contents/Library/LoginItems/Starter.app",
-                     {.identifier = "org.notes.starter"});
-    disk.application("/Applications/Notes.app/Contents/PlugIns/Share.appex", {.identifier = "org.notes.share"});
-    disk.application("/Applications/Notes.app/Contents/XPCServices/Sync.xpc", {.identifier = "org.notes.sync"});
-
-    for (const auto *identifier : {"org.notes.starter", "org.notes.share", "org.notes.sync"})
-        EXPECT_TRUE(pathOf(identifier)) << identifier;
-}
-
 TEST_F(LinuxApplicationRegistryTest, desktopEntriesAreKnownByTheirIds)
 {
     qputenv("XDG_DATA_HOME", "/Users/me/data");

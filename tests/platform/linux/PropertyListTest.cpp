@@ -53,14 +53,12 @@ QByteArray encoded(const QByteArray &utf8, QStringConverter::Encoding encoding, 
 QByteArray converted(const QByteArray &data, const QString &form)
 {
     const QTemporaryDir folder;
-    QFile input(folder.filePath(QStringLiteral("in")));
-    QFile output(folder.filePath(QStringLiteral("out")));
+    QFile input(folder.filePath("in"));
+    QFile output(folder.filePath("out"));
     EXPECT_TRUE(input.open(QFile::WriteOnly));
     input.write(data);
     input.close();
-    const QStringList arguments{QStringLiteral("-i"), input.fileName(),     QStringLiteral("-o"),
-                                output.fileName(),    QStringLiteral("-f"), form};
-    EXPECT_EQ(QProcess::execute(QStringLiteral("plistutil"), arguments), 0);
+    EXPECT_EQ(QProcess::execute("plistutil", {"-i", input.fileName(), "-o", output.fileName(), "-f", form}), 0);
     EXPECT_TRUE(output.open(QFile::ReadOnly));
     return output.readAll();
 }
@@ -91,8 +89,8 @@ QByteArray repeated(const char *text, int count)
 TEST(PropertyListTest, xmlValuesOfEveryType)
 {
     const auto values = strings(everyType);
-    EXPECT_EQ(values.value("text"), QStringLiteral("A & B ł<c>"));
-    EXPECT_EQ(values.value("Zażółć"), QStringLiteral("🙂 gęślą"));
+    EXPECT_EQ(values.value("text"), "A & B ł<c>");
+    EXPECT_EQ(values.value("Zażółć"), "🙂 gęślą");
     EXPECT_EQ(values.value("empty"), QString());
     EXPECT_EQ(values.value("long"), QVariant(qint64(9223372036854775807)));
     EXPECT_EQ(values.value("negative"), QVariant(qint64(-5)));
@@ -108,10 +106,10 @@ TEST(PropertyListTest, xmlValuesOfEveryType)
 TEST(PropertyListTest, xmlAndBinaryFormsAgreeWithPlistutil)
 {
     const auto values = read(everyType);
-    const auto asBinary = converted(everyType, QStringLiteral("bin"));
+    const auto asBinary = converted(everyType, "bin");
     ASSERT_TRUE(asBinary.startsWith("bplist00"));
     EXPECT_EQ(read(asBinary), values);
-    EXPECT_EQ(read(converted(asBinary, QStringLiteral("xml"))), values);
+    EXPECT_EQ(read(converted(asBinary, "xml")), values);
 }
 
 TEST(PropertyListTest, textInEveryEncodingIsRead)
@@ -119,8 +117,8 @@ TEST(PropertyListTest, textInEveryEncodingIsRead)
     const QByteArray xml = "<?xml version=\"1.0\" encoding=\"UTF-16\"?><plist><string>Żółw</string></plist>";
     for (const auto encoding : {QStringConverter::Utf8, QStringConverter::Utf16LE, QStringConverter::Utf16BE}) {
         for (const auto mark : {QStringConverter::Flag::Default, QStringConverter::Flag::WriteBom}) {
-            EXPECT_EQ(read(encoded(xml, encoding, mark)), QStringLiteral("Żółw"));
-            EXPECT_EQ(strings(encoded("a = \"Żółw\";", encoding, mark)).value("a"), QStringLiteral("Żółw"));
+            EXPECT_EQ(read(encoded(xml, encoding, mark)), "Żółw");
+            EXPECT_EQ(strings(encoded("a = \"Żółw\";", encoding, mark)).value("a"), "Żółw");
         }
     }
     EXPECT_FALSE(readPropertyList("a = \"\xff\";"));
@@ -140,46 +138,35 @@ TEST(PropertyListTest, stringsFilesLeaveTheBracesOut)
 {
     EXPECT_EQ(strings("/* Name; */ // x\n\"CFBundleName\" = \"Żółw\";\nshort;\na=b /*c*/;// end"),
               QVariantMap({{"CFBundleName", "Żółw"}, {"short", "short"}, {"a", "b"}}));
-    EXPECT_EQ(strings(R"(k = "\"\\\n\t\U0142\u\251\101\'";)").value("k"), QStringLiteral("\"\\\n\tłu’A'"));
+    EXPECT_EQ(strings(R"(k = "\"\\\n\t\U0142\u\251\101\'";)").value("k"), "\"\\\n\tłu’A'");
     EXPECT_EQ(strings("k = \"http://a/*b*/\"; l = http://a;"),
               QVariantMap({{"k", "http://a/*b*/"}, {"l", "http://a"}}));
     EXPECT_EQ(strings(" // nothing\n"), QVariantMap());
     EXPECT_EQ(strings("a = 1; a = 2;").value("a"), "2");
 }
 
-TEST(PropertyListTest, damagedListsAreAbsent)
+class DamagedPropertyList : public testing::TestWithParam<const char *>
 {
-    for (const auto *damaged : {"",
-                                "<",
-                                "<plist>",
-                                "<plist/>",
-                                "<dict><key>a</key></dict>",
-                                "<plist><string>a</plist>",
-                                "<plist><string>a</string><string>b</string></plist>",
-                                "<array><string>a</string>",
-                                "<dict><string>a</string></dict>",
-                                "<integer>x</integer>",
-                                "<integer>--1</integer>",
-                                "<integer>99999999999999999999</integer>",
-                                "<date>today</date>",
-                                "<what/>",
-                                "<string><b/></string>",
-                                "{ a = b }",
-                                "{ a = ; }",
-                                "{ a = b;",
-                                "( a",
-                                "( a b )",
-                                "\"a",
-                                "a = b",
-                                "<0>",
-                                "<0g>",
-                                "a = \"\\",
-                                "bplist00",
-                                "{}}",
-                                "a;;"})
-        EXPECT_FALSE(readPropertyList(damaged)) << damaged;
+};
 
-    const auto whole = converted(everyType, QStringLiteral("bin"));
+TEST_P(DamagedPropertyList, isAbsent)
+{
+    EXPECT_FALSE(readPropertyList(GetParam()));
+}
+
+INSTANTIATE_TEST_SUITE_P(PropertyListTest, DamagedPropertyList,
+                         testing::Values("", "<", "<plist>", "<plist/>", "<what/>", "<plist><string>a</plist>",
+                                         "<array><string>a</string>", "<dict><key>a</key></dict>",
+                                         "<dict><string>a</string></dict>", "<string><b/></string>",
+                                         "<plist><string>a</string><string>b</string></plist>",
+                                         "<integer>x</integer>", "<integer>--1</integer>",
+                                         "<integer>99999999999999999999</integer>", "<date>today</date>",
+                                         "{ a = b }", "{ a = ; }", "{ a = b;", "( a", "( a b )", "\"a", "a = b",
+                                         "<0>", "<0g>", "a = \"\\", "{}}", "a;;", "bplist00"));
+
+TEST(PropertyListTest, listsThatAreCutShortAreAbsent)
+{
+    const auto whole = converted(everyType, "bin");
     for (qsizetype size = 7; size < whole.size(); ++size)
         EXPECT_FALSE(readPropertyList(whole.first(size))) << size;
 }
@@ -191,7 +178,7 @@ TEST(PropertyListTest, binaryObjectsOfRareTypes)
               QVariant(quint64(18446744073709551615u)));
     EXPECT_EQ(root("\x13\xff\xff\xff\xff\xff\xff\xff\xfe"), QVariant(qint64(-2)));
     EXPECT_EQ(root(QByteArray("\x22\x3f\x80\0\0", 5)), QVariant(1.0));
-    EXPECT_EQ(root("\x72ł"), QStringLiteral("ł"));
+    EXPECT_EQ(root("\x72ł"), "ł");
     EXPECT_EQ(root("\x81\x01\x02"), QVariantMap({{"CF$UID", qint64(258)}}));
     EXPECT_EQ(read(binary({"\xc1\x01", "\x51"
                                        "a"})),
@@ -210,16 +197,11 @@ TEST(PropertyListTest, hostileBinaryListsAreAbsent)
         {"\x5f\x13\x00\x00\x00\x01\x00\x00\x00\x00"}, // 4 GB of text
         {QByteArray("\x4f\x13\xff\xff\xff\xff\xff\xff\xff\xff", 10)},
         {QByteArray("\xaf\x13\x40\x00\x00\x00\x00\x00\x00\x00", 10)}, // too many to count their bytes
-        {"\x15"},
-        {"\x24"},
-        {"\x33\x7f\xf8\0\0\0\0\0\0"},
-        {"\x98"},
-        {"\xe0"},
-        {"\x5f\x51"},
-        {"\x0f"},
     };
     for (const auto &objects : hostile)
         EXPECT_FALSE(readPropertyList(binary(objects))) << objects.first().toHex().constData();
+    for (const auto *alone : {"\x15", "\x24", "\x33\x7f\xf8\0\0\0\0\0\0", "\x98", "\xe0", "\x5f\x51", "\x0f"})
+        EXPECT_FALSE(readPropertyList(binary({alone}))) << QByteArray(alone).toHex().constData();
 
     // Ten levels of lists of twenty: 20^10 texts in 400 bytes.
     QList<QByteArray> levels;

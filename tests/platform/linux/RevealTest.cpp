@@ -1,3 +1,4 @@
+#include "TestBus.h"
 #include "TrashSandbox.h"
 
 #include <QDBusConnection>
@@ -5,7 +6,6 @@
 #include <QDBusVirtualObject>
 #include <QTest>
 
-#include <csignal>
 #include <filesystem>
 #include <gtest/gtest.h>
 
@@ -31,24 +31,15 @@ class RevealTest : public testing::Test
 {
 protected:
     TrashSandbox sandbox;
-    QProcess bus;
+    TestBus bus;
     QProcess session;
-    QString address;
     Url item = sandbox.file("items/\xff %.mp4");
 
-    RevealTest()
-    {
-        sandbox.start(bus, "dbus-daemon", {"--session", "--nofork", "--print-address"});
-        EXPECT_TRUE(bus.waitForReadyRead());
-        address = QString::fromLatin1(bus.readLine().trimmed());
-        sandbox.environment.insert("DBUS_SESSION_BUS_ADDRESS", address);
-    }
+    RevealTest() { sandbox.environment.insert("DBUS_SESSION_BUS_ADDRESS", bus.address()); }
     ~RevealTest() override
     {
-        for (auto *process : {&session, &bus}) {
-            process->kill();
-            process->waitForFinished();
-        }
+        session.kill();
+        session.waitForFinished();
     }
 
     /// Has the item revealed; shows that the program goes on at once.
@@ -67,14 +58,14 @@ protected:
 TEST_F(RevealTest, fileManagerSelectsTheItemEvenWhenTheBusIsSlow)
 {
     FakeFileManager fileManager;
-    auto connection = QDBusConnection::connectToBus(address, "file-manager");
+    auto connection = QDBusConnection::connectToBus(bus.address(), "file-manager");
     ASSERT_TRUE(connection.registerVirtualObject("/org/freedesktop/FileManager1", &fileManager));
     ASSERT_TRUE(connection.registerService("org.freedesktop.FileManager1"));
 
-    kill(static_cast<pid_t>(bus.processId()), SIGSTOP);
+    bus.freeze();
     reveal();
     EXPECT_TRUE(fileManager.shown.isEmpty());
-    kill(static_cast<pid_t>(bus.processId()), SIGCONT);
+    bus.thaw();
     EXPECT_TRUE(QTest::qWaitFor([&] { return !fileManager.shown.isEmpty(); }, 20'000));
     EXPECT_EQ(fileManager.shown, QStringList(QString::fromLatin1(item.toUri())));
     QDBusConnection::disconnectFromBus("file-manager");

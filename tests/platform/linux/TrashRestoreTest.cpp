@@ -37,11 +37,12 @@ protected:
         return bundle;
     }
 
-    Url danglingLink() const
+    QList<Url> files(const QByteArrayList &names) const
     {
-        const auto link = sandbox.url("items/dangling");
-        fs::create_symlink("nowhere", link.path().toStdString());
-        return link;
+        QList<Url> urls;
+        for (const auto &name : names)
+            urls.append(sandbox.file("items/" + name));
+        return urls;
     }
 
     /// Moves all of them and shows that each is where the answer says, and nowhere else.
@@ -79,13 +80,9 @@ protected:
 
 TEST_F(TrashRestoreTest, itemsComeBackByteForByte)
 {
-    const QList<Url> items{application(),
-                           danglingLink(),
-                           sandbox.file("items/100%25"),
-                           sandbox.file("items/%2F"),
-                           sandbox.file("items/it's a \"quote\""),
-                           sandbox.file("items/a;b=#?"),
-                           sandbox.file("items/" + QByteArray(238, 'n'))};
+    auto items = files({"100%25", "%2F", "it's a \"quote\"", "a;b=#?", QByteArray(238, 'n')});
+    items << application() << sandbox.url("items/dangling");
+    fs::create_symlink("nowhere", items.last().path().toStdString());
     const auto before = sandbox.snapshot("items");
     moveAll(items);
     restoreWithTrashCli(items.size());
@@ -97,8 +94,7 @@ TEST_F(TrashRestoreTest, itemsComeBackByteForByte)
 
 TEST_F(TrashRestoreTest, namesOfAnyBytesComeBack)
 {
-    const QList<Url> texts{sandbox.file("items/new\nline"), sandbox.file("items/\x01\x7f"),
-                           sandbox.file("items/Zażółć.app"), sandbox.file("items/a\\b")};
+    const auto texts = files({"new\nline", "\x01\x7f", "Zażółć.app", "a\\b"});
     const QList<Url> bytes{sandbox.file("items/\xff\xfe.app/x").parent(), sandbox.file("items/\xff")};
     const auto before = sandbox.snapshot("items");
     moveAll(texts);
