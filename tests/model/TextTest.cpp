@@ -27,7 +27,7 @@ TEST(TextTest, everySectionAndCategoryHasAText)
 
 TEST(TextTest, bothLanguagesCarryTheSamePlaceholders)
 {
-    const QRegularExpression placeholder(QStringLiteral("%."));
+    const QRegularExpression placeholder("%.");
     const auto placeholders = [&](const QString &text) {
         QStringList found;
         for (auto matches = placeholder.globalMatch(text); matches.hasNext();)
@@ -46,8 +46,8 @@ TEST(TextTest, bothLanguagesCarryTheSamePlaceholders)
 TEST(TextTest, argumentsFillPlaceholdersInOrderAndAreNotReadAgain)
 {
     const auto message = localizedText(u"confirm_message", AppLanguage::english);
-    EXPECT_EQ(filledText(message, 3, QStringLiteral("12 KB")),
+    EXPECT_EQ(filledText(message, 3, "12 KB"),
               u"This will move 3 items (12 KB) to Trash. They can be restored from Trash.");
     EXPECT_EQ(filledText(localizedText(u"delete_partial", AppLanguage::english), 5, 2), u"Moved: 5, failures: 2.");
-    EXPECT_EQ(filledText(QStringLiteral("%@ and %d"), QStringLiteral("%d"), 7), u"%d and 7");
+    EXPECT_EQ(filledText("%@ and %d", "%d", 7), u"%d and 7");
 }

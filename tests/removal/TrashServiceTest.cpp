@@ -92,7 +92,7 @@ TEST_F(TrashServiceTest, checkDecidesInItsOrderWhatIsHandedToTheTrash)
 
     using Error = TrashServiceError;
     EXPECT_EQ(service.validate(missing), (Error{Error::missingItem, {}}));
-    EXPECT_EQ(Error({Error::missingItem, {}}).description(), QStringLiteral("Element już nie istnieje."));
+    EXPECT_EQ(Error({Error::missingItem, {}}).description(), "Element już nie istnieje.");
     EXPECT_EQ(service.validate(Url("/System/gone")), (Error{Error::missingItem, {}}));
 }
 
