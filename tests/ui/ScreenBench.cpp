@@ -13,14 +13,6 @@
 
 namespace {
 
-QStringList pathsOf(const QList<Url> &urls)
-{
-    QStringList paths;
-    for (const auto &url : urls)
-        paths.append(url.displayPath());
-    return paths;
-}
-
 /// Every visible item below `item`, and itself, outermost first.
 QList<QQuickItem *> visibleItems(QQuickItem *item)
 {
@@ -70,19 +62,12 @@ bool enter(QQuickItem *item, const QMimeData &mime)
 
 } // namespace
 
-ScreenBench::ScreenBench()
+QStringList ScreenBench::pathsOf(const QList<Url> &urls)
 {
-    renew();
-}
-
-QStringList ScreenBench::recycled() const
-{
-    return pathsOf(m_computer->workspace.recycled);
-}
-
-QStringList ScreenBench::revealed() const
-{
-    return pathsOf(m_computer->workspace.revealed);
+    QStringList paths;
+    for (const auto &url : urls)
+        paths.append(url.displayPath());
+    return paths;
 }
 
 void ScreenBench::renew()
@@ -107,32 +92,6 @@ void ScreenBench::becomeLaptop(const QString &name, const QString &batteryHealth
     facts.powerSourceValue = PowerSourceDescription{4080, 5000, "AC Power", true};
     facts.registryEntryValue = BatteryRegistryEntry{213, 5550, batteryHealth, std::nullopt};
     facts.timeRemainingValue = -2;
-}
-
-void ScreenBench::installApplication(const QString &path, const QString &identifier)
-{
-    m_computer->disk.application(path.toUtf8(), {.identifier = identifier});
-}
-
-void ScreenBench::installApplicationWithByte(const QString &path, int byte, const QString &identifier)
-{
-    m_computer->disk.application(path.toUtf8() + static_cast<char>(byte) + ".app", {.identifier = identifier});
-}
-
-void ScreenBench::addFile(const QString &path, int size)
-{
-    m_computer->disk.file(path.toUtf8(), size);
-}
-
-void ScreenBench::refuse(const QString &path, const QString &reason)
-{
-    m_computer->workspace.reactTo(m_computer->disk.url(path.toUtf8()),
-                                  {.moves = false, .confirms = false, .error = reason});
-}
-
-void ScreenBench::setChosenFolder(const QString &path)
-{
-    m_computer->chooser.folder = m_computer->disk.url(path.toUtf8());
 }
 
 QQuickItem *ScreenBench::control(QQuickItem *item, const QString &name)

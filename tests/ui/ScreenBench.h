@@ -19,25 +19,34 @@ class ScreenBench : public QObject
     Q_PROPERTY(int readings READ readings)
 
 public:
-    ScreenBench();
+    ScreenBench() { renew(); }
 
     AppViewModel *viewModel() { return m_viewModel.get(); }
-    QStringList recycled() const;
-    QStringList revealed() const;
+    QStringList recycled() const { return pathsOf(m_computer->workspace.recycled); }
+    QStringList revealed() const { return pathsOf(m_computer->workspace.revealed); }
     int readings() const { return m_computer->facts.timesRead; }
 
     /// An empty disk of a computer that tells nothing, and a state object as at the program's start.
     Q_INVOKABLE void renew();
     /// The computer is a laptop whose parts all go by one name.
     Q_INVOKABLE void becomeLaptop(const QString &name, const QString &batteryHealth);
-    Q_INVOKABLE void installApplication(const QString &path, const QString &identifier);
+    Q_INVOKABLE void installApplication(const QString &path, const QString &identifier)
+    {
+        m_computer->disk.application(path.toUtf8(), {.identifier = identifier});
+    }
     /// The name of the bundle ends in a byte that need not be text.
-    Q_INVOKABLE void installApplicationWithByte(const QString &path, int byte, const QString &identifier);
-    Q_INVOKABLE void addFile(const QString &path, int size = 4096);
+    Q_INVOKABLE void installApplicationWithByte(const QString &path, int byte, const QString &identifier)
+    {
+        m_computer->disk.application(path.toUtf8() + static_cast<char>(byte) + ".app", {.identifier = identifier});
+    }
+    Q_INVOKABLE void addFile(const QString &path, int size = 4096) { m_computer->disk.file(path.toUtf8(), size); }
     /// The Trash refuses the item, for this reason.
-    Q_INVOKABLE void refuse(const QString &path, const QString &reason);
+    Q_INVOKABLE void refuse(const QString &path, const QString &reason)
+    {
+        m_computer->workspace.reactTo(locate(path), {.moves = false, .confirms = false, .error = reason});
+    }
     /// The folder that the next choice of a folder answers.
-    Q_INVOKABLE void setChosenFolder(const QString &path);
+    Q_INVOKABLE void setChosenFolder(const QString &path) { m_computer->chooser.folder = locate(path); }
 
     /// The visible control of this accessible name in the window of `item`, or else the text; null when there is
     /// none.
@@ -62,6 +71,9 @@ Q_SIGNALS:
     void renewed();
 
 private:
+    static QStringList pathsOf(const QList<Url> &urls);
+    Url locate(const QString &path) const { return m_computer->disk.url(path.toUtf8()); }
+
     std::unique_ptr<FakeComputer> m_computer;
     std::unique_ptr<AppViewModel> m_viewModel;
 };

@@ -43,9 +43,9 @@ Item {
         }
 
         function press(name) {
-            const item = bench.control(root, name);
-            verify(item, "no control named " + name);
-            mouseClick(item);
+            // A list makes its rows after it was filled.
+            tryVerify(() => bench.control(root, name), 5000, "no control named " + name);
+            mouseClick(bench.control(root, name));
         }
 
         function go(section) {
