@@ -68,8 +68,10 @@ TEST_F(AppViewModelTest, announcesWhatChangedAndNothingElse)
     EXPECT_THAT(changes.take(), IsEmpty());
     app.setSidebarSelection(SidebarSelection::cleaner);
     EXPECT_THAT(changes.take(), ElementsAre("sidebarSelection"));
+    facts.physicalMemoryValue = 16;
     app.refreshDashboard();
     EXPECT_THAT(changes.take(), ElementsAre("dashboardSnapshot"));
+    EXPECT_EQ(app.dashboardSnapshot()->memory.totalBytes, 16u);
 
     largeCache("org.big");
     waitFor(scans.scanCleaner());

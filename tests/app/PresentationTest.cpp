@@ -26,7 +26,7 @@ QStringList valuesOf(const QList<LabelledValue> &rows)
     return values;
 }
 
-BatteryInfo battery(const QString &power, const QString &condition)
+BatteryInfo battery(const QString &power, const std::optional<QString> &condition)
 {
     BatteryInfo info{};
     info.powerSource = info.timeRemaining = power;
@@ -105,7 +105,7 @@ TEST(DashboardPresentation, capacityNeedsBothOfItsValues)
                 ElementsAre("Battery", "2 h 3 min", "Yes", "91%", "Good", "12", "Not available", "5000 mAh"));
     half.maxCapacity = 4500;
     EXPECT_EQ(batteryValues(half).at(6), "4000 / 4500 mAh");
-    EXPECT_EQ(batteryValues(battery("Unknown", "")).count("Not available"), 7);
+    EXPECT_EQ(batteryValues(battery("Unknown", {})).count("Not available"), 7);
 }
 
 TEST(DashboardPresentation, sharesOfNothingAndOfUnknownAreEmpty)

@@ -14,17 +14,6 @@ TEST(TextTest, keysAreExactAndUnknownOnesAreShown)
               localizedText(u"media_finder", AppLanguage::english));
 }
 
-TEST(TextTest, everySectionAndCategoryHasAText)
-{
-    const auto has = [](const QString &key) { return localizedText(key, AppLanguage::english) != key; };
-    for (const auto section : allCases<SidebarSelection>())
-        EXPECT_TRUE(has(rawValue(section))) << qPrintable(rawValue(section));
-    for (const auto category : allCases<MediaCategory>())
-        EXPECT_TRUE(has("media_" + rawValue(category)));
-    for (const auto category : allCases<TextFileCategory>())
-        EXPECT_TRUE(has("text_" + rawValue(category)));
-}
-
 TEST(TextTest, bothLanguagesCarryTheSamePlaceholders)
 {
     const QRegularExpression placeholder("%.");
