@@ -61,6 +61,7 @@ TEST(LinuxHelperService, repliesReportOnWhatWasSentAndOnNothingElse)
             EXPECT_EQ(answer.messages, messages) << command << request;
         }
         EXPECT_EQ(helper.service.status(), 1);
+        EXPECT_EQ(helper.service.registerService(), std::nullopt);
     }
 }
 
