@@ -39,8 +39,7 @@ public:
     TestDisplay()
     {
         m_server.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
-        m_server.start(QStringLiteral("Xvfb"),
-                       QString(QStringLiteral("-displayfd 1 -screen 0 1280x800x24 -nolisten tcp")).split(u' '));
+        m_server.start("Xvfb", QString("-displayfd 1 -screen 0 1280x800x24 -nolisten tcp").split(u' '));
         while (!m_server.canReadLine() && m_server.waitForReadyRead(patience)) { }
         m_name = ':' + m_server.readLine().trimmed();
     }
@@ -109,7 +108,7 @@ protected:
 
     void TearDown() override
     {
-        xdotool(QStringLiteral("mouseup 1"));
+        xdotool("mouseup 1");
         m_source.terminate();
         EXPECT_TRUE(Robot::waitUntil([&] { return m_source.state() == QProcess::NotRunning; }, patience));
         m_stop.request_stop();
@@ -125,9 +124,8 @@ protected:
     std::string drag(const QString &type, const QByteArray &content, bool isTargeted)
     {
         m_source.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_source.start(QStringLiteral(DRAG_SOURCE),
-                       {type, QString::fromUtf8(content), QString::number(sourceCorner.x()),
-                        QString::number(sourceCorner.y())});
+        m_source.start(DRAG_SOURCE, {type, QString::fromUtf8(content), QString::number(sourceCorner.x()),
+                                     QString::number(sourceCorner.y())});
         QByteArray told;
         const auto tells = [&](const char *line) {
             return Robot::waitUntil(
@@ -139,7 +137,7 @@ protected:
         };
         EXPECT_TRUE(tells("ready"));
         movePointer(sourceCorner + QPoint(100, 100));
-        xdotool(QStringLiteral("mousedown 1"));
+        xdotool("mousedown 1");
         movePointer(sourceCorner + QPoint(80, 110));
         movePointer(sourceCorner + QPoint(60, 120));
 
@@ -152,21 +150,18 @@ protected:
         EXPECT_TRUE(Robot::waitUntil([&] { return m_zone->isTargeted() == isTargeted; }, patience));
         // The other program is told that the drop is taken, as a copy, or hears of no action at all.
         EXPECT_TRUE(!isTargeted || tells("over 1"));
-        xdotool(QStringLiteral("mouseup 1"));
+        xdotool("mouseup 1");
         EXPECT_TRUE(tells("dropped"));
         return told.toStdString();
     }
 
 private:
-    static void movePointer(QPoint place)
-    {
-        xdotool(QStringLiteral("mousemove %1 %2").arg(place.x()).arg(place.y()));
-    }
+    static void movePointer(QPoint place) { xdotool(QString("mousemove %1 %2").arg(place.x()).arg(place.y())); }
 
     static void xdotool(const QString &command)
     {
         QProcess process;
-        process.start(QStringLiteral("xdotool"), command.split(u' '));
+        process.start("xdotool", command.split(u' '));
         EXPECT_TRUE(Robot::waitUntil([&] { return process.state() == QProcess::NotRunning; }, patience));
         EXPECT_EQ(process.exitCode(), 0) << qPrintable(command);
     }
@@ -185,22 +180,20 @@ private:
 
 TEST_F(RealDrag, theFirstOfTwoDroppedBundlesIsScannedAndNoneIsMovedAway)
 {
-    const auto told = drag(QStringLiteral("text/uri-list"),
-                           uriOnDisk(QStringLiteral("/Applications/Lumen.app")) + "\r\n"
-                               + uriOnDisk(QStringLiteral("/Applications/Fjord.app")) + "\r\n",
-                           true);
+    const auto told =
+        drag("text/uri-list",
+             uriOnDisk("/Applications/Lumen.app") + "\r\n" + uriOnDisk("/Applications/Fjord.app") + "\r\n", true);
     EXPECT_THAT(told, HasSubstr("dropped 1"));
     ASSERT_TRUE(Robot::waitUntil([&] { return !state().associatedItems().isEmpty(); }, patience));
     ASSERT_TRUE(state().selectedApplication());
-    EXPECT_EQ(state().selectedApplication()->bundleIdentifier, QStringLiteral("org.lumen.editor"));
-    EXPECT_EQ(state().applicationQuery(), QStringLiteral("Lumen"));
+    EXPECT_EQ(state().selectedApplication()->bundleIdentifier, "org.lumen.editor");
+    EXPECT_EQ(state().applicationQuery(), "Lumen");
     EXPECT_GT(state().associatedItems().size(), 5);
 }
 
 TEST_F(RealDrag, aDroppedDocumentIsRefusedInWords)
 {
-    drag(QStringLiteral("text/uri-list"), uriOnDisk(QStringLiteral("/Users/ada/Documents/notatki.txt")) + "\r\n",
-         true);
+    drag("text/uri-list", uriOnDisk("/Users/ada/Documents/notatki.txt") + "\r\n", true);
     const auto refusal = localizedText(u"drop_invalid_app", state().language());
     EXPECT_TRUE(Robot::waitUntil([&] { return state().statusMessage() == refusal; }, patience));
     EXPECT_FALSE(state().selectedApplication());
@@ -209,7 +202,7 @@ TEST_F(RealDrag, aDroppedDocumentIsRefusedInWords)
 TEST_F(RealDrag, draggedTextThatIsNoLocationIsNotTaken)
 {
     const auto before = state().statusMessage();
-    const auto told = drag(QStringLiteral("text/plain"), "Lumen", false);
+    const auto told = drag("text/plain", "Lumen", false);
     EXPECT_THAT(told, HasSubstr("dropped 0"));
     EXPECT_THAT(told, Not(HasSubstr("over 1")));
     EXPECT_EQ(state().statusMessage(), before);
@@ -226,9 +219,9 @@ int main(int argc, char **argv)
         return 1;
     }
     // Not where temporary files go, which may be memory: the disk's files occupy what they say.
-    const QTemporaryDir folder(QDir::current().filePath(QStringLiteral("real-drag-XXXXXX")));
+    const QTemporaryDir folder(QDir::current().filePath("real-drag-XXXXXX"));
     // A space and a letter outside of ASCII: what is dragged has to be encoded.
-    const SampleDisk sampleDisk(folder.filePath(QStringLiteral("dysk próbny")));
+    const SampleDisk sampleDisk(folder.filePath("dysk próbny"));
     disk = &sampleDisk;
     qputenv("DISPLAY", display.name());
     qputenv("HOME", QFile::encodeName(sampleDisk.homePath()));
