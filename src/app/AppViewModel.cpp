@@ -3,8 +3,11 @@
 #include "Platform.h"
 #include "RemovalWorkflow.h"
 #include "ScanWorkflows.h"
+#include "SystemFacts.h"
 #include "SystemInfoService.h"
 #include "Workspace.h"
+
+#include <QFutureWatcher>
 
 #include <algorithm>
 #include <concepts>
@@ -73,6 +76,7 @@ AppViewModel::AppViewModel(const Platform &platform, QObject *parent)
 {
     connectLists();
     connectDerivedProperties();
+    awaitBattery(platform.systemFacts.firstPowerReading());
 }
 
 AppViewModel::~AppViewModel() = default;
@@ -98,6 +102,19 @@ void AppViewModel::connectDerivedProperties()
         connect(this, source, this, &AppViewModel::enablingChanged);
     for (const auto source : {&AppViewModel::applicationsChanged, &AppViewModel::selectedApplicationChanged})
         connect(this, source, this, &AppViewModel::selectedApplicationRowChanged);
+}
+
+void AppViewModel::awaitBattery(const QFuture<void> &firstReading)
+{
+    if (firstReading.isFinished())
+        return;
+    auto *watcher = new QFutureWatcher<void>(this);
+    connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher] {
+        watcher->deleteLater();
+        if (m_dashboardSnapshot && !m_dashboardSnapshot->battery)
+            refreshDashboard();
+    });
+    watcher->setFuture(firstReading);
 }
 
 // The fields

@@ -9,6 +9,7 @@
 #include "Text.h"
 #include "UserNotice.h"
 
+#include <QFuture>
 #include <QObject>
 #include <QSet>
 #include <QVariant>
@@ -166,7 +167,8 @@ public Q_SLOTS:
     void cancelDeletion();
     /// The user closed the notice.
     void dismissNotice();
-    /// Takes a new reading of the computer; short enough for the main thread.
+    /// Takes a new reading of the computer; short enough for the main thread. One that came before the battery was
+    /// known is taken again once it is.
     void refreshDashboard();
     /// Shows a found file in the desktop's file manager.
     void revealMediaFile(int row);
@@ -216,6 +218,7 @@ private:
 
     void connectLists();
     void connectDerivedProperties();
+    void awaitBattery(const QFuture<void> &firstReading);
     template <typename File> void reveal(const ListModel<File> &files, int row);
     bool canDelete(const ListModelBase &items) const { return canScan() && items.selectedCount() > 0; }
 

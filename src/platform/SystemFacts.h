@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFuture>
 #include <QString>
 #include <QVariantMap>
 
@@ -59,6 +60,9 @@ public:
     /// Seconds since the system was started; 0 when not known.
     virtual double uptime() const = 0;
 
+    /// Finished when the power sources have been read for the first time. Before, there may be none in the answers
+    /// below only because their firmware is slow; one that hangs never finishes.
+    virtual QFuture<void> firstPowerReading() const = 0;
     /// The computer's first power source; absent when it has none. The reading that this takes is what the two calls
     /// below answer from, so a snapshot asks this first.
     virtual std::optional<PowerSourceDescription> powerSource() const = 0;

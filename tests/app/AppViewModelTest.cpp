@@ -172,6 +172,19 @@ TEST_F(AppViewModelTest, scanInFlightDoesNotTouchAStateThatIsGone)
     QTest::qWait(10);
 }
 
+TEST_F(AppViewModelTest, aBatteryThatIsReadLateIsShownByItself)
+{
+    QPromise<void> reading;
+    reading.start();
+    facts.firstPowerReadingValue = reading.future();
+    AppViewModel late(platform);
+    late.refreshDashboard();
+    EXPECT_FALSE(late.dashboardSnapshot()->battery);
+    facts.powerSourceValue.emplace();
+    reading.finish();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return late.dashboardSnapshot()->battery.has_value(); }));
+}
+
 TEST_F(AppViewModelTest, revealsTheFileOfARowEvenWhileAScanRuns)
 {
     const auto film = disk.file("/Volumes/Disk/film.mov");

@@ -13,6 +13,7 @@ public:
     std::optional<QString> processorBrand() const override { return processorBrandValue; }
     quint64 physicalMemory() const override { return physicalMemoryValue; }
     double uptime() const override { return ++timesRead, uptimeValue; }
+    QFuture<void> firstPowerReading() const override { return firstPowerReadingValue; }
     std::optional<PowerSourceDescription> powerSource() const override { return powerSourceValue; }
     std::optional<BatteryRegistryEntry> batteryRegistryEntry() const override { return registryEntryValue; }
     double timeRemainingEstimate() const override { return timeRemainingValue; }
@@ -26,6 +27,7 @@ public:
     std::optional<QString> processorBrandValue;
     quint64 physicalMemoryValue = 0;
     double uptimeValue = 0;
+    QFuture<void> firstPowerReadingValue = QtFuture::makeReadyFuture();
     std::optional<PowerSourceDescription> powerSourceValue;
     std::optional<BatteryRegistryEntry> registryEntryValue;
     double timeRemainingValue = -1;

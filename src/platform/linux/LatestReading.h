@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QFuture>
+#include <QPromise>
+
 #include <chrono>
 #include <condition_variable>
 #include <functional>
@@ -21,6 +24,7 @@ public:
     LatestReading(std::function<Reading()> read, std::chrono::milliseconds patience)
         : m_patience(patience), m_state(std::make_shared<State>())
     {
+        m_state->first.start();
         std::thread(&LatestReading::readWhenAsked, m_state, std::move(read)).detach();
     }
 
@@ -33,6 +37,9 @@ public:
 
     LatestReading(const LatestReading &) = delete;
     LatestReading &operator=(const LatestReading &) = delete;
+
+    /// Finished when `take` has an answer from then on.
+    QFuture<void> first() const { return m_state->first.future(); }
 
     /// A reading that ends after this call began or, when there is none in time, the last that did; absent when
     /// none ever did. Any thread.
@@ -56,6 +63,7 @@ private:
         std::condition_variable asked;
         std::condition_variable answered;
         std::optional<Reading> latest;
+        QPromise<void> first;
         unsigned readCount = 0;
         bool isWanted = true;
         bool isSlow = false;
@@ -81,6 +89,8 @@ private:
             state->latest = std::move(reading);
             ++state->readCount;
             state->answered.notify_all();
+            if (state->readCount == 1)
+                state->first.finish();
         }
     }
 

@@ -54,6 +54,7 @@ public:
     quint64 physicalMemory() const override;
     double uptime() const override;
 
+    QFuture<void> firstPowerReading() const override { return m_powerReadings.first(); }
     std::optional<PowerSourceDescription> powerSource() const override;
     std::optional<BatteryRegistryEntry> batteryRegistryEntry() const override;
     double timeRemainingEstimate() const override;

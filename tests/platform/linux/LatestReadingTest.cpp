@@ -52,8 +52,9 @@ TEST(LatestReading, nothingIsKnownBeforeTheFirstReadingEnds)
         },
         1ms);
     EXPECT_EQ(readings.take(), std::nullopt);
+    EXPECT_FALSE(readings.first().isFinished());
     release->set_value();
-    while (!readings.take()) { }
+    readings.first().waitForFinished();
     EXPECT_THAT(readings.take(), Optional(7));
 }
 
