@@ -14,6 +14,13 @@ using Identity = LinuxDirectoryWalk::Identity;
 constexpr size_t mostOpenFolders = 32;
 constexpr size_t listingSize = 32 * 1024;
 
+const char *nameOf(const dirent64 &listed)
+{
+    // Not by the member's own type: some file systems have names that are longer than it is.
+    return reinterpret_cast<const char *>(&listed) + offsetof(dirent64, d_name);
+}
+
+/// Absent where the file system does not say.
 std::optional<FileType> typeOf(const dirent64 &listed)
 {
     if (listed.d_type == DT_UNKNOWN)
@@ -68,9 +75,11 @@ bool LinuxDirectoryWalk::next()
 
 Url LinuxDirectoryWalk::url() const
 {
-    QByteArray path;
-    path.reserve(m_path.size() + 1 + m_name.size());
-    path.append(m_path).append('/').append(m_name);
+    // Made for every result: no step that looks at the array's capacity again.
+    QByteArray path(m_path.size() + 1 + m_name.size(), Qt::Uninitialized);
+    auto *const separator = std::ranges::copy(m_path, path.data()).out;
+    *separator = '/';
+    std::ranges::copy(m_name, separator + 1);
     return Url(std::move(path));
 }
 
@@ -104,8 +113,7 @@ bool LinuxDirectoryWalk::readListing(Folder &folder)
 /// Makes `listed` the element at which the walk stands; false when it is none.
 bool LinuxDirectoryWalk::describe(const dirent64 &listed)
 {
-    // Not by the member's own type: some file systems have names that are longer than it is.
-    const auto *name = reinterpret_cast<const char *>(&listed) + offsetof(dirent64, d_name);
+    const auto *name = nameOf(listed);
     if (*name == '.')
         return false;
     auto type = typeOf(listed);
@@ -124,12 +132,28 @@ bool LinuxDirectoryWalk::describe(const dirent64 &listed)
 
 void LinuxDirectoryWalk::enterCurrent()
 {
+    // Not at the first level: there it is the enumerated folder that would be the bundle, and that one is entered.
+    const bool mayBelongToABundle = level() > 1 && m_name == bundleContents;
     makeRoom();
     auto descriptor = openFolder(folder().descriptor, m_name.data(), O_RDONLY);
     if (!descriptor.isOpen())
         return;
     m_path.append('/').append(m_name);
     push(std::move(descriptor));
+    if (mayBelongToABundle && readListing(folder()) && lists(folder(), bundleInformation))
+        leave();
+}
+
+/// Whether `name` is among the entries of `folder` that have been read and not been passed.
+bool LinuxDirectoryWalk::lists(const Folder &folder, QByteArrayView name)
+{
+    for (auto offset = folder.next; offset < folder.end;) {
+        const auto *listed = reinterpret_cast<const dirent64 *>(folder.listing.data() + offset);
+        if (nameOf(*listed) == name)
+            return true;
+        offset += listed->d_reclen;
+    }
+    return false;
 }
 
 void LinuxDirectoryWalk::push(FileDescriptor descriptor)

@@ -54,6 +54,7 @@ private:
 
     const dirent64 *nextListed();
     bool readListing(Folder &folder);
+    static bool lists(const Folder &folder, QByteArrayView name);
     bool describe(const dirent64 &listed);
 
     void enterCurrent();

@@ -2,6 +2,7 @@
 #include "LinuxFileSystem.h"
 #include "TemporaryDisk.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <functional>
 #include <gmock/gmock.h>
@@ -15,6 +16,27 @@ using testing::IsEmpty;
 using testing::Not;
 using testing::SizeIs;
 using testing::UnorderedElementsAre;
+
+namespace {
+
+/// While this is set, listings do not say what an entry is, as those of some file systems never do.
+bool typesAreHidden = false;
+
+} // namespace
+
+// The linker puts these in the place of the C library's function.
+extern "C" ssize_t __real_getdents64(int folder, void *listing, size_t size);
+extern "C" ssize_t __wrap_getdents64(int folder, void *listing, size_t size)
+{
+    const auto length = __real_getdents64(folder, listing, size);
+    auto *entry = static_cast<char *>(listing);
+    for (const auto *const end = entry + length; typesAreHidden && length > 0 && entry < end;) {
+        auto *listed = reinterpret_cast<dirent64 *>(entry);
+        listed->d_type = DT_UNKNOWN;
+        entry += listed->d_reclen;
+    }
+    return length;
+}
 
 namespace {
 
@@ -101,13 +123,6 @@ TEST_F(LinuxDirectoryWalkTest, listsWhatIsShownAndEntersNeitherPackagesNorLinks)
     disk.link("/top/dangling", "nowhere");
     mkfifo(disk.host("/top/pipe").c_str(), 0644);
 
-    std::map<QByteArray, std::pair<FileType, int>> seen;
-    const auto paths = walk(Url("/top"), [&](auto &entry) {
-        EXPECT_TRUE(entry.level() == 1 || seen.contains(entry.url().parent().path())) << "parents come first";
-        seen[entry.url().path()] = {entry.type(), entry.level()};
-        EXPECT_EQ(entry.name(), entry.url().lastPathComponent());
-        EXPECT_EQ(entry.resourceValues()->type, entry.type());
-    });
     const std::map<QByteArray, std::pair<FileType, int>> expected{
         {"/top/file", {FileType::regular, 1}},
         {"/top/Nested.APP", {FileType::directory, 1}},
@@ -121,8 +136,19 @@ TEST_F(LinuxDirectoryWalkTest, listsWhatIsShownAndEntersNeitherPackagesNorLinks)
         {"/top/dangling", {FileType::symbolicLink, 1}},
         {"/top/pipe", {FileType::other, 1}},
     };
-    EXPECT_EQ(seen, expected);
-    EXPECT_THAT(paths, SizeIs(expected.size()));
+    for (const bool areHidden : {false, true}) {
+        typesAreHidden = areHidden;
+        std::map<QByteArray, std::pair<FileType, int>> seen;
+        const auto paths = walk(Url("/top"), [&](auto &entry) {
+            EXPECT_TRUE(entry.level() == 1 || seen.contains(entry.url().parent().path())) << "parents come first";
+            seen[entry.url().path()] = {entry.type(), entry.level()};
+            EXPECT_EQ(entry.name(), entry.url().lastPathComponent());
+            EXPECT_EQ(entry.resourceValues()->type, entry.type());
+        });
+        typesAreHidden = false;
+        EXPECT_EQ(seen, expected);
+        EXPECT_THAT(paths, SizeIs(expected.size()));
+    }
 }
 
 TEST_F(LinuxDirectoryWalkTest, theFolderItselfMayBeAPackageALinkOrTheRoot)
@@ -134,6 +160,23 @@ TEST_F(LinuxDirectoryWalkTest, theFolderItselfMayBeAPackageALinkOrTheRoot)
     EXPECT_THAT(walk(Url("/")), UnorderedElementsAre("/Some.app", "/link"));
     for (const char *nothing : {"/Some.app/Contents/file", "/missing", ""})
         EXPECT_THAT(walk(Url(nothing)), IsEmpty());
+}
+
+TEST_F(LinuxDirectoryWalkTest, aBundleThatOnlyItsContentsShowIsKnownWithoutAnExtraCall)
+{
+    disk.file("/top/Effects.plug/Contents/Info.plist");
+    disk.file("/top/Effects.plug/Contents/Resources/picture.png");
+    disk.file("/top/book/Contents/picture.png");
+    disk.file("/top/source/Info.plist");
+    disk.file("/top/source/picture.png");
+    for (const char *package : {"Look.qlgenerator", "Letter.rtfd", "Trips.PhotosLibrary", "Old.mpkg"})
+        disk.file(QByteArray("/packages/") + package + "/picture.png");
+    EXPECT_THAT(walk(Url("/packages")), SizeIs(4));
+    EXPECT_THAT(walk(Url("/top")),
+                UnorderedElementsAre("/top/Effects.plug", "/top/Effects.plug/Contents", "/top/book",
+                                     "/top/book/Contents", "/top/book/Contents/picture.png", "/top/source",
+                                     "/top/source/Info.plist", "/top/source/picture.png"));
+    EXPECT_THAT(walk(Url("/top/Effects.plug")), Contains("/top/Effects.plug/Contents/Resources/picture.png"));
 }
 
 TEST_F(LinuxDirectoryWalkTest, skippingAnElementLeavesItsSiblings)
