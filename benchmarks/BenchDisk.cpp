@@ -1,5 +1,7 @@
 #include "BenchDisk.h"
 
+#include "IconPainter.h"
+
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
@@ -19,15 +21,29 @@ void makeFile(const fs::path &path, off_t size)
     close(file);
 }
 
+void writeInformation(const fs::path &contents, int number, const std::string &name)
+{
+    std::ofstream(contents / "Info.plist")
+        << R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict><key>CFBundleIdentifier</key>)"
+        << "<string>com.example.tool" << number << "</string><key>CFBundleName</key><string>" << name
+        << "</string><key>CFBundleExecutable</key><string>main</string><key>CFBundleIconFile</key>"
+        << "<string>icon</string></dict></plist>";
+}
+
 } // namespace
 
 BenchDisk::BenchDisk(const QByteArray &folder)
-    : m_tree(folder + "/tree"), m_applications(folder + "/applications"), m_crowd(folder + "/crowd")
+    : m_tree(folder + "/tree"), m_applications(folder + "/applications"), m_crowd(folder + "/crowd"),
+      m_gallery(folder + "/gallery")
+{
+}
+
+void BenchDisk::make() const
 {
     // A name is given when all is there, so that what was broken off is made anew.
     for (const auto &[root, make] :
          {std::pair(&m_tree, &BenchDisk::makeTree), std::pair(&m_applications, &BenchDisk::makeApplications),
-          std::pair(&m_crowd, &BenchDisk::makeCrowd)}) {
+          std::pair(&m_crowd, &BenchDisk::makeCrowd), std::pair(&m_gallery, &BenchDisk::makeGallery)}) {
         const fs::path done = root->prefix().toStdString() + ".done";
         if (fs::exists(done))
             continue;
@@ -60,10 +76,7 @@ void BenchDisk::makeApplications() const
         makeFile(contents / "MacOS/main", 4096);
         for (int file = 0; file < 10; ++file)
             makeFile(contents / "Resources" / (std::to_string(file) + ".png"), 4096);
-        std::ofstream(contents / "Info.plist")
-            << R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict><key>CFBundleIdentifier</key>)"
-            << "<string>com.example.tool" << i << "</string><key>CFBundleName</key><string>" << name
-            << "</string><key>CFBundleExecutable</key><string>main</string></dict></plist>";
+        writeInformation(contents, i, name);
     }
 }
 
@@ -73,6 +86,21 @@ void BenchDisk::makeCrowd() const
     fs::create_directories(caches);
     for (int file = 0; file < crowdCount; ++file)
         makeFile(caches / ("entry " + std::to_string(file) + ".jpg"), 0);
+}
+
+void BenchDisk::makeGallery() const
+{
+    for (int i = 0; i < galleryCount; ++i) {
+        const auto letter = static_cast<char>('A' + i % 26);
+        const auto name = letter + std::string("rtist ") + std::to_string(i);
+        const fs::path contents =
+            m_gallery.hostPath(Url("/Applications")).toStdString() + '/' + name + ".app/Contents";
+        fs::create_directories(contents / "Resources");
+        writeInformation(contents, i, name);
+        const auto color = QColor::fromHsv(i * 7 % 360, 160, 220);
+        const auto icon = paintedIcns(color, QString(QLatin1Char(letter)));
+        std::ofstream(contents / "Resources/icon.icns", std::ios::binary).write(icon.data(), icon.size());
+    }
 }
 
 void BenchDisk::restoreLargeCaches() const

@@ -2,23 +2,29 @@
 
 #include "DiskRoot.h"
 
-/// Three disks in a folder, made when they are not there yet.
+/// Four disks in a folder.
 ///
 /// The first one's user has 150,000 files in 50 caches: per cache 10 × 10 folders of 30 files, a tenth of them
 /// media, four tenths documents. The second one has 200 applications of 12 files and, made anew each time, 200
-/// large caches. The third one's user has a million empty files in one folder.
+/// large caches. The third one's user has a million empty files in one folder. The fourth one has 500 applications with
+/// an icon of their own each.
 class BenchDisk
 {
 public:
     static constexpr int fileCount = 150'000;
     static constexpr int itemCount = 200;
     static constexpr int crowdCount = 1'000'000;
+    static constexpr int galleryCount = 500;
 
     explicit BenchDisk(const QByteArray &folder);
+
+    /// Makes what is not there yet. Needs a QGuiApplication.
+    void make() const;
 
     const DiskRoot &tree() const { return m_tree; }
     const DiskRoot &applications() const { return m_applications; }
     const DiskRoot &crowd() const { return m_crowd; }
+    const DiskRoot &gallery() const { return m_gallery; }
     static Url home() { return Url("/Users/me"); }
     static Url caches() { return Url("/Users/me/Library/Caches"); }
     /// The host path of the caches with the 150,000 files.
@@ -31,8 +37,10 @@ private:
     void makeTree() const;
     void makeApplications() const;
     void makeCrowd() const;
+    void makeGallery() const;
 
     DiskRoot m_tree;
     DiskRoot m_applications;
     DiskRoot m_crowd;
+    DiskRoot m_gallery;
 };
