@@ -159,11 +159,15 @@ QImage BundleIcon::drawn(const QString &name, int side)
     auto icon = transparentSquare(side);
     QPainter painter(&icon);
     painter.setRenderHint(QPainter::Antialiasing);
+    // The margin that icons are drawn with, so that none is larger than its neighbours.
+    const auto margin = side / 16;
+    const auto tile = side - 2 * margin;
+    painter.translate(margin, margin);
     const auto &tint = tintOf(name);
-    QLinearGradient gradient(0, 0, 0, side);
+    QLinearGradient gradient(0, 0, 0, tile);
     gradient.setColorAt(0, QColor(tint.top));
     gradient.setColorAt(1, QColor(tint.bottom));
-    painter.fillPath(roundedSquare(side), gradient);
-    drawInitial(painter, initialOf(name), side);
+    painter.fillPath(roundedSquare(tile), gradient);
+    drawInitial(painter, initialOf(name), tile);
     return icon;
 }
