@@ -143,6 +143,7 @@ TEST_F(ForeignItems, goToTheHelperWithTheApplicationsIdentifier)
 
     click(QAccessible::Button, text(u"ok"));
     EXPECT_EQ(state.associatedItems().size(), found - ticked + 2);
+    EXPECT_TRUE(Robot::waitUntil([&] { return !robot.sees(QAccessible::CheckBox, "org.lumen.editor"); }, 5'000));
     for (const auto *stayed : {"group.org.lumen.shared", "org.lumen.editor.binarycookies", "Lumen"})
         EXPECT_TRUE(robot.sees(QAccessible::CheckBox, stayed)) << stayed;
 }

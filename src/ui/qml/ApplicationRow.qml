@@ -24,6 +24,9 @@ Item {
     Accessible.selectable: true
     Accessible.selected: selected
     Accessible.onPressAction: chosen()
+    // Kept for another row meanwhile: not drawn, but assistive technology would still tell of it.
+    ListView.onPooled: visible = false
+    ListView.onReused: visible = true
 
     ContinuousRectangle {
         anchors {

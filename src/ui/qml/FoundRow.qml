@@ -26,6 +26,9 @@ Item {
     Accessible.role: Accessible.ListItem
     Accessible.name: name
     Accessible.description: path + ", " + sizeText
+    // Kept for another row meanwhile: not drawn, but assistive technology would still tell of it.
+    ListView.onPooled: visible = false
+    ListView.onReused: visible = true
 
     ContinuousRectangle {
         anchors {
