@@ -40,7 +40,7 @@ Item {
         id: notice
 
         onRejected: alerts.viewModel.dismissNotice()
-        onClosed: Qt.callLater(alerts.present)
+        onClosed: Qt.callLater(alerts.present) // qmllint disable
     }
 
     DeletionConfirmation {
@@ -48,6 +48,6 @@ Item {
 
         onAccepted: alerts.viewModel.confirmDeletion(request)
         onRejected: alerts.viewModel.cancelDeletion()
-        onClosed: Qt.callLater(alerts.present)
+        onClosed: Qt.callLater(alerts.present) // qmllint disable
     }
 }

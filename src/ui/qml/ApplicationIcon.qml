@@ -6,7 +6,10 @@ Image {
 
     width: size
     height: size
-    sourceSize: Qt.size(size, size)
+    sourceSize {
+        width: size
+        height: size
+    }
     source: "qrc:/qt/qml/Tarnvale/icon.svg"
     Accessible.ignored: true
 }

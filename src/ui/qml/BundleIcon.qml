@@ -9,7 +9,10 @@ Image {
 
     width: size
     height: size
-    sourceSize: Qt.size(size, size)
+    sourceSize {
+        width: size
+        height: size
+    }
     source: uri === "" ? "" : "image://bundles/" + encodeURIComponent(uri)
     asynchronous: true
     // The provider keeps pictures itself, for as long as the bundle does not change.

@@ -118,7 +118,7 @@ FocusScope {
                 bottomMargin: Theme.medium
             }
             width: 142
-            segments: Presentation.languages.map(choice => choice.label)
+            segments: Array.from(Presentation.languages, choice => choice.label)
             current: sidebar.viewModel.language
             name: segments.join(", ")
             onChosen: index => sidebar.viewModel.language = Presentation.languages[index].language

@@ -17,7 +17,10 @@ Image {
 
     width: side
     height: side
-    sourceSize: Qt.size(side, side)
+    sourceSize {
+        width: side
+        height: side
+    }
     source: name === "" ? "" : "image://symbols/%1/%2/%3".arg(name).arg(weight).arg(String(color).slice(1))
     Accessible.ignored: true
 }

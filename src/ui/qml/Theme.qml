@@ -48,17 +48,7 @@ QtObject {
     readonly property real alertShadowOpacity: dark ? 0.5 : 0.22
     readonly property real plateShadowOpacity: dark ? 0.4 : 0.14
 
-    /// The system's colours by name, each readable on a card.
-    readonly property QtObject tints: QtObject {
-        readonly property color blue: theme.dark ? "#4d9dff" : "#0a66e4"
-        readonly property color green: theme.dark ? "#3ccf6a" : "#1f8a3d"
-        readonly property color teal: theme.dark ? "#45c6d8" : "#0b7f92"
-        readonly property color indigo: theme.dark ? "#8583f5" : "#5350d4"
-        readonly property color purple: theme.dark ? "#c586f2" : "#9440c4"
-        readonly property color gray: theme.dark ? "#a3a3ab" : "#6b6b73"
-        readonly property color orange: theme.dark ? "#ff9f2e" : "#c65d00"
-        readonly property color cyan: theme.dark ? "#5ac3f5" : "#0676ad"
-        readonly property color red: theme.dark ? "#ff6961" : "#cf2a22"
+    readonly property Tints tints: Tints {
     }
 
     // Gauges
@@ -135,6 +125,19 @@ QtObject {
     /// Milliseconds that a change of state takes.
     readonly property int briefly: 120
 
+    /// The system's colours by name, each readable on a card.
+    component Tints: QtObject {
+        readonly property color blue: theme.dark ? "#4d9dff" : "#0a66e4"
+        readonly property color green: theme.dark ? "#3ccf6a" : "#1f8a3d"
+        readonly property color teal: theme.dark ? "#45c6d8" : "#0b7f92"
+        readonly property color indigo: theme.dark ? "#8583f5" : "#5350d4"
+        readonly property color purple: theme.dark ? "#c586f2" : "#9440c4"
+        readonly property color gray: theme.dark ? "#a3a3ab" : "#6b6b73"
+        readonly property color orange: theme.dark ? "#ff9f2e" : "#c65d00"
+        readonly property color cyan: theme.dark ? "#5ac3f5" : "#0676ad"
+        readonly property color red: theme.dark ? "#ff6961" : "#cf2a22"
+    }
+
     /// The colours of a gauge at its top and at its bottom, and of the symbol beside its title.
     component GaugeShades: QtObject {
         property color top
@@ -153,7 +156,7 @@ QtObject {
 
     function textStyle(size: real, weight: int): font {
         return Qt.font({
-                "family": Qt.application.font.family,
+                "family": Application.font.family,
                 "pointSize": size * pointsPerPixel,
                 "weight": weight
             });

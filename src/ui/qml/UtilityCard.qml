@@ -3,6 +3,8 @@ import Tarnvale
 
 /// The decoration of a content block, and the room around it.
 Item {
+    id: card
+
     default property alias content: inside.data
     property real padding: Theme.large
 
@@ -29,7 +31,7 @@ Item {
 
         anchors {
             fill: parent
-            margins: parent.padding
+            margins: card.padding
         }
     }
 }
