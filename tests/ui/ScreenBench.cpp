@@ -144,8 +144,10 @@ QStringList ScreenBench::clippedTexts(QQuickItem *item)
 double ScreenBench::rightEdge(QQuickItem *item)
 {
     double edge = 0;
-    for (auto *text : textItems(item))
-        edge = std::max(edge, text->mapToItem(item, {text->width(), 0}).x());
+    for (auto *text : textItems(item)) {
+        const auto width = std::max(text->width(), text->property("contentWidth").toReal());
+        edge = std::max(edge, text->mapToItem(item, {width, 0}).x());
+    }
     return edge;
 }
 
