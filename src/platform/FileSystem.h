@@ -71,7 +71,11 @@ public:
         using difference_type = std::ptrdiff_t;
 
         explicit Iterator(DirectoryWalk *walk) : m_walk(walk) { }
-        DirectoryEntry &operator*() const { return *m_walk; }
+        DirectoryEntry &operator*() const
+        {
+            Q_ASSERT(m_walk);
+            return *m_walk;
+        }
         Iterator &operator++()
         {
             if (!m_walk->next())

@@ -32,7 +32,7 @@ constexpr IcnsPicture icnsPictures[] = {
 
 int sideOfPicture(const QByteArray &type)
 {
-    const auto picture = std::ranges::find(icnsPictures, type, [](const IcnsPicture &each) { return each.type; });
+    const auto *picture = std::ranges::find(icnsPictures, type, [](const IcnsPicture &each) { return each.type; });
     return picture == std::end(icnsPictures) ? 0 : picture->side;
 }
 
@@ -108,7 +108,7 @@ const Tint &tintOf(const QString &name)
 // The first character that a person sees as one, from a letter or digit on; empty when there is none.
 QString initialOf(const QString &name)
 {
-    const auto start = std::ranges::find_if(name, [](QChar each) { return each.isLetterOrNumber(); });
+    const auto *start = std::ranges::find_if(name, [](QChar each) { return each.isLetterOrNumber(); });
     const QString rest(start, name.end() - start);
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, rest);
     finder.toNextBoundary();

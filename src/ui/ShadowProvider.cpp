@@ -44,7 +44,7 @@ ShadowProvider::ShadowProvider() : QQuickImageProvider(Image) { }
 
 QImage ShadowProvider::requestImage(const QString &id, QSize *size, const QSize &)
 {
-    const auto image = draw(id.section(u'/', 0, 0).toInt(), id.section(u'/', 1, 1).toInt());
+    auto image = draw(id.section(u'/', 0, 0).toInt(), id.section(u'/', 1, 1).toInt());
     *size = image.size();
     return image;
 }

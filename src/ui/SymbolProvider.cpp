@@ -44,7 +44,7 @@ QImage SymbolProvider::requestImage(const QString &id, QSize *size, const QSize 
     if (parts.size() != 3)
         return {};
     const auto side = std::max(requestedSize.width(), requestedSize.height());
-    const auto image = draw(parts[0], side > 0 ? side : 24, parts[1].toInt(), QColor(u'#' + parts[2]));
+    auto image = draw(parts[0], side > 0 ? side : 24, parts[1].toInt(), QColor(u'#' + parts[2]));
     *size = image.size();
     return image;
 }

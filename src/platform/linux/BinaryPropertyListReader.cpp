@@ -245,7 +245,7 @@ std::optional<QVariant> BinaryPropertyListReader::list(QByteArrayView references
         auto element = object(reference(references, i), depth + 1);
         if (!element)
             return std::nullopt;
-        list.append(std::move(*element));
+        list.append(*element);
     }
     return list;
 }
@@ -262,7 +262,7 @@ std::optional<QVariant> BinaryPropertyListReader::dictionary(QByteArrayView refe
         auto element = object(reference(references, count + i), depth + 1);
         if (!element)
             return std::nullopt;
-        dictionary.insert(key->toString(), std::move(*element));
+        dictionary.insert(key->toString(), *element);
     }
     return dictionary;
 }

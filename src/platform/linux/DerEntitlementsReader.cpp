@@ -97,7 +97,7 @@ std::optional<QVariant> DerEntitlementsReader::list(QByteArrayView elements, int
         auto read = element ? value(*element, depth + 1) : std::nullopt;
         if (!read)
             return std::nullopt;
-        list.append(std::move(*read));
+        list.append(*read);
     }
     return list;
 }
@@ -117,7 +117,7 @@ std::optional<QVariant> DerEntitlementsReader::dictionary(QByteArrayView pairs, 
         auto read = value(*element, depth + 1);
         if (!read)
             return std::nullopt;
-        dictionary.insert(QString::fromUtf8(key->content), std::move(*read));
+        dictionary.insert(QString::fromUtf8(key->content), *read);
     }
     return dictionary;
 }

@@ -61,7 +61,7 @@ QFuture<std::optional<Url>> LinuxFolderChooser::chooseFolder(const QString &titl
 
     m_promise = {};
     m_promise.start();
-    const auto future = m_promise.future();
+    auto future = m_promise.future();
     m_step = Step::asking;
     m_bus = openSessionBus(m_busAddress);
     if (m_bus.isConnected())

@@ -8,7 +8,7 @@ namespace {
 /// Where the user's session bus listens; empty when none runs. The bus library left alone would start one.
 QString sessionBusAddress()
 {
-    const auto address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
+    auto address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
     if (!address.isEmpty())
         return address;
     const auto runtimeFolder = qEnvironmentVariable("XDG_RUNTIME_DIR");

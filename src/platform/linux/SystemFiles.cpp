@@ -71,7 +71,7 @@ std::optional<QString> SystemFiles::line(const QByteArray &path) const
     if (!content)
         return std::nullopt;
     constexpr auto isEnd = [](char byte) { return byte == '\n' || byte == '\0'; };
-    const auto end = std::find_if(content->begin(), content->end(), isEnd);
+    const auto *end = std::find_if(content->begin(), content->end(), isEnd);
     const auto text = QString::fromUtf8(content->first(end - content->begin())).trimmed();
     return text.isEmpty() ? std::nullopt : std::optional(text);
 }

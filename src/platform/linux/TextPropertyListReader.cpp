@@ -87,7 +87,7 @@ std::optional<QVariant> TextPropertyListReader::list(int depth)
         auto element = value(depth + 1);
         if (!element)
             return std::nullopt;
-        list.append(std::move(*element));
+        list.append(*element);
         if (!take(u','))
             break;
     }
@@ -105,7 +105,7 @@ std::optional<QVariant> TextPropertyListReader::pairs(QChar closing, int depth)
         auto element = take(u'=') ? value(depth + 1) : std::optional(QVariant(*key));
         if (!element || !take(u';'))
             return std::nullopt;
-        dictionary.insert(*key, std::move(*element));
+        dictionary.insert(*key, *element);
     }
     return dictionary;
 }

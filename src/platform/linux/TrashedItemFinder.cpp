@@ -80,7 +80,7 @@ std::optional<TrashedItem> TrashedItemFinder::find() const
     if (!m_realFolder || m_inode == 0)
         return std::nullopt;
     for (const auto &trash : trashes()) {
-        if (const auto item = findIn(trash))
+        if (auto item = findIn(trash))
             return item;
     }
     return std::nullopt;

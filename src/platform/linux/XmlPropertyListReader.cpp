@@ -43,12 +43,12 @@ std::optional<QVariant> date(QString &&text)
 std::optional<QVariant> bytes(QString &&text)
 {
     // In place: they may be most of a large file.
-    return QVariant(std::move(QByteArray::fromBase64Encoding(std::move(text).toLatin1()).decoded));
+    return QVariant(QByteArray::fromBase64Encoding(std::move(text).toLatin1()).decoded);
 }
 
 std::optional<QVariant> string(QString &&text)
 {
-    return QVariant(std::move(text));
+    return QVariant(text);
 }
 
 struct Scalar
@@ -123,7 +123,7 @@ std::optional<QVariant> XmlPropertyListReader::list(int depth)
         auto element = value(depth + 1);
         if (!element)
             return std::nullopt;
-        list.append(std::move(*element));
+        list.append(*element);
     }
     return m_xml.hasError() ? std::nullopt : std::optional(QVariant(list));
 }
@@ -140,7 +140,7 @@ std::optional<QVariant> XmlPropertyListReader::dictionary(int depth)
         auto element = value(depth + 1);
         if (!element)
             return std::nullopt;
-        dictionary.insert(key, std::move(*element));
+        dictionary.insert(key, *element);
     }
     return m_xml.hasError() ? std::nullopt : std::optional(QVariant(dictionary));
 }
