@@ -67,10 +67,17 @@ TEST_F(ScanWorkflowsTest, droppedBundleIsScannedWithoutJoiningTheCatalog)
     EXPECT_THAT(namesOf(app.associatedItems()), ElementsAre("Draw.APP", "org.draw"));
     EXPECT_THAT(app.applications(), IsEmpty());
 
+    // A link stands for itself: what it leads to is not removed with it.
+    const auto link = disk.link("/Applications/Link.app", "/Volumes/Disk/Draw.APP");
+    disk.bundles.add(link, {{"CFBundleIdentifier", "org.draw"}});
+    drop(link);
+    EXPECT_EQ(app.selectedApplication(), (InstalledApplication{"Link", "org.draw", link, 1, false}));
+    EXPECT_THAT(namesOf(app.associatedItems()), ElementsAre("org.draw", "Link.app"));
+
     const auto system = disk.application("/System/Applications/Mail.app", {.identifier = "m.a.l", .name = "Post"});
     drop(system.url);
     EXPECT_EQ(*app.selectedApplication(), system);
-    EXPECT_EQ(workspace.grants, 2);
+    EXPECT_EQ(workspace.grants, 3);
     EXPECT_EQ(workspace.openGrants, 0);
 }
 

@@ -52,12 +52,13 @@ QPoint middleOf(QQuickItem *item)
     return item->mapToScene(item->boundingRect().center()).toPoint();
 }
 
-bool enter(QQuickItem *item, const QMimeData &mime)
+/// What a file manager is answered that means to move: told anything but a copy, it takes the original away.
+template <typename Event> Qt::DropAction answerTo(QQuickItem *item, const QMimeData &mime)
 {
-    QDragEnterEvent event(middleOf(item), Qt::CopyAction | Qt::MoveAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    Event event(middleOf(item), Qt::CopyAction | Qt::MoveAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    event.setDropAction(Qt::MoveAction);
     QCoreApplication::sendEvent(item->window(), &event);
-    // A drag that would move is answered with a copy, or the file manager takes the original away.
-    return event.isAccepted() && event.dropAction() == Qt::CopyAction;
+    return event.isAccepted() ? event.dropAction() : Qt::IgnoreAction;
 }
 
 } // namespace
@@ -153,7 +154,10 @@ double ScreenBench::rightEdge(QQuickItem *item)
 
 bool ScreenBench::hover(QQuickItem *item, const QString &type, const QString &data)
 {
-    return enter(item, *mimeData(type, data));
+    const auto mime = mimeData(type, data);
+    // The window passes on whether the drag may enter, and only of what follows, as what.
+    return answerTo<QDragEnterEvent>(item, *mime) != Qt::IgnoreAction
+           && answerTo<QDragMoveEvent>(item, *mime) == Qt::CopyAction;
 }
 
 void ScreenBench::leave(QQuickItem *item)
@@ -164,12 +168,8 @@ void ScreenBench::leave(QQuickItem *item)
 
 bool ScreenBench::drop(QQuickItem *item, const QString &type, const QString &data)
 {
-    const auto mime = mimeData(type, data);
-    if (!enter(item, *mime)) {
-        leave(item);
-        return false;
-    }
-    QDropEvent event(middleOf(item), Qt::CopyAction | Qt::MoveAction, mime.get(), Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(item->window(), &event);
-    return event.isAccepted() && event.dropAction() == Qt::CopyAction;
+    if (hover(item, type, data))
+        return answerTo<QDropEvent>(item, *mimeData(type, data)) == Qt::CopyAction;
+    leave(item);
+    return false;
 }

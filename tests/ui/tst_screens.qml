@@ -272,17 +272,18 @@ Item {
         }
 
         // A percent sign is written ^25 here, and a byte ^xx.
-        function test_aDropTakesTheFirstFile() {
+        function test_aDropTakesTheFirstFileAsACopy() {
             bench.installApplication("/Applications/Notes.app", "org.notes");
             bench.installApplication("/Applications/No tes.app", "org.spaced");
             bench.installApplicationWithByte("/Applications/No", 0xff, "org.bytes");
             go(Tarnvale.SidebarSelection.uninstaller);
             const zone = bench.control(root, "Drag an application here");
             const folder = "file:///Applications/";
-            const list = ["text/uri-list", "# comment^0D^0Ahttps://example.org/^0D^0A" + folder + "Notes.app^0D^0A" + folder + "Other.app^0D^0A", "Notes"];
+            const list = ["text/uri-list", "# comment^0D^0Ahttps://example.org/^0D^0A" + folder + "Notes.app^0D^0A" + folder + "No^2520tes.app^0D^0A", "Notes"];
+            const folderOfThisComputer = ["text/uri-list", "file://localhost/Applications/No^2520tes.app/^0D^0A", "No tes"];
             const textThatIsAUri = ["text/plain", folder + "No^2520tes.app", "No tes"];
             const bytesThatAreNoText = ["text/uri-list", folder + "No^25ff.app^0D^0A", "No\ufffd"];
-            for (const [type, data, name] of [list, textThatIsAUri, bytesThatAreNoText]) {
+            for (const [type, data, name] of [list, folderOfThisComputer, bytesThatAreNoText, textThatIsAUri]) {
                 verify(bench.hover(zone, type, data));
                 verify(zone.isTargeted);
                 bench.leave(zone);
