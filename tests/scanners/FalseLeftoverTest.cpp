@@ -61,13 +61,9 @@ private:
     }
 };
 
-TEST_F(FalseLeftoverTest, nothingOfAnInstalledApplicationIsOffered)
-{
-    EXPECT_THAT(leftovers(), IsEmpty());
-}
-
 TEST_F(FalseLeftoverTest, onlyWhatARemovedApplicationLeftIsOffered)
 {
+    EXPECT_THAT(leftovers(), IsEmpty());
     disk.remove("/Applications/App 7.app");
     const auto found = leftovers();
     EXPECT_EQ(found.size(), 5 * 5);

@@ -6,18 +6,6 @@
 
 using testing::ElementsAre;
 
-TEST(JunkScannerTest, thresholdIsExactToTheByte)
-{
-    TestDisk disk;
-    disk.file("~/Library/Caches/just enough", 1'048'576);
-    disk.file("~/Library/Caches/too small", 1'048'575);
-    disk.file("~/Library/Caches/mostly hidden/file", 1'000'000);
-    disk.file("~/Library/Caches/mostly hidden/.file", 5'000'000);
-
-    EXPECT_THAT(pathsOf(JunkScanner(disk).scanCachesAndLogs(1'048'576)),
-                ElementsAre("~/Library/Caches/just enough"));
-}
-
 TEST(JunkScannerTest, everythingButTheSystemsOwnIsOfferedWholeAndUnselected)
 {
     TestDisk disk;
@@ -25,18 +13,17 @@ TEST(JunkScannerTest, everythingButTheSystemsOwnIsOfferedWholeAndUnselected)
     const auto larger = disk.file("~/Library/Logs/larger.log", 20);
     disk.file("~/Library/Caches/tool/a", 4);
     disk.file("~/Library/Caches/tool/deeper/b", 6);
+    disk.file("~/Library/Caches/mostly hidden/file", 3);
+    disk.file("~/Library/Caches/mostly hidden/.file", 5'000'000);
     disk.file("~/Library/Caches/com.applesoft.tool", 5);
     for (const auto *name : {"com.apple.Safari", "COM.Apple.Something", ".hidden"})
         disk.file(QByteArray("~/Library/Caches/") + name, 100);
 
-    EXPECT_THAT(JunkScanner(disk).scanCachesAndLogs(1),
+    EXPECT_THAT(JunkScanner(disk).scanCachesAndLogs(4),
                 ElementsAre(ScanItem{larger, ScanItemKind::log, ScanConfidence::exact, 20, false},
                             ScanItem{disk.url("~/Library/Caches/tool"), ScanItemKind::cache, ScanConfidence::exact,
                                      10, false},
                             ScanItem{log, ScanItemKind::log, ScanConfidence::exact, 10, false},
                             ScanItem{disk.url("~/Library/Caches/com.applesoft.tool"), ScanItemKind::cache,
                                      ScanConfidence::exact, 5, false}));
-
-    disk.remove("~/Library/Logs");
-    EXPECT_EQ(JunkScanner(disk).scanCachesAndLogs(0).size(), 2);
 }
