@@ -7,7 +7,6 @@
 #include "ScanWorkflows.h"
 
 #include <QCoro/QCoroTask>
-#include <QSignalSpy>
 #include <QTest>
 
 #include <gmock/gmock.h>

@@ -2,7 +2,7 @@
 
 #include "ApplicationRegistry.h"
 
-#include <QHash>
+#include <QSet>
 
 #include <atomic>
 
@@ -10,35 +10,25 @@
 class FakeApplicationRegistry : public ApplicationRegistry
 {
 public:
-    void add(const QString &bundleIdentifier, const Url &url = Url("/Applications/Any.app"))
-    {
-        m_applications.insert(bundleIdentifier, url);
-    }
+    void add(const QString &bundleIdentifier) { m_known.identifiers.insert(bundleIdentifier); }
     int timesRead() const { return m_timesRead; }
 
     std::unique_ptr<ApplicationIndex> index() const override
     {
         ++m_timesRead;
-        return std::make_unique<Index>(m_applications);
+        return std::make_unique<Index>(m_known);
     }
 
 private:
-    using Applications = QHash<QString, Url>;
-
-    class Index : public ApplicationIndex
+    struct Index : ApplicationIndex
     {
-    public:
-        explicit Index(const Applications &applications) : m_applications(applications) { }
-        std::optional<Url> urlForApplication(const QString &bundleIdentifier) const override
+        std::optional<Url> urlForApplication(const QString &identifier) const override
         {
-            const auto url = m_applications.constFind(bundleIdentifier);
-            return url == m_applications.constEnd() ? std::nullopt : std::optional(*url);
+            return identifiers.contains(identifier) ? std::optional(Url("/Applications/Any.app")) : std::nullopt;
         }
-
-    private:
-        Applications m_applications;
+        QSet<QString> identifiers;
     };
 
-    Applications m_applications;
+    Index m_known;
     mutable std::atomic<int> m_timesRead = 0;
 };

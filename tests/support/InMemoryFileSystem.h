@@ -69,10 +69,6 @@ public:
     void makeUnreadable(const QByteArray &path) { node(path)->isReadable = false; }
     /// The item is still listed, but gone when it is looked at.
     void makeVanishing(const QByteArray &path) { node(path)->isGone = true; }
-    /// The item is listed twice, as in a folder that changes while it is listed.
-    void makeListedTwice(const QByteArray &path) { node(path)->parent.lock()->children.push_back(node(path)); }
-    /// The item was last changed at `time`.
-    void touch(const QByteArray &path, qint64 time) { node(path)->values.modificationTime = time; }
     void remove(const QByteArray &path);
     void setVolume(const std::optional<VolumeValues> &values) { m_volume = values; }
 

@@ -1,20 +1,11 @@
 #include "BundleIcon.h"
 
-#include "BundleIconProvider.h"
-#include "FakeWorkspace.h"
-
 #include <QBuffer>
 #include <QColor>
 #include <QElapsedTimer>
-#include <QQmlComponent>
-#include <QQmlEngine>
-#include <QQuickItem>
-#include <QTest>
 #include <QtEndian>
 
 #include <gmock/gmock.h>
-
-using testing::ElementsAre;
 
 namespace {
 
@@ -58,15 +49,8 @@ TEST(BundleIcons, theSmallestPictureThatNeedsNoEnlargingIsTaken)
     EXPECT_EQ(middleOf(BundleIcon::decoded(icns(), 32)), QColor(Qt::green));
     EXPECT_EQ(middleOf(BundleIcon::decoded(icns(), 68)), QColor(Qt::red));
     EXPECT_EQ(middleOf(BundleIcon::decoded(icns(), 129)), QColor(Qt::blue));
-    const auto enlarged = BundleIcon::decoded(icns(), 1024);
-    EXPECT_EQ(enlarged.size(), QSize(1024, 1024));
-    EXPECT_EQ(middleOf(enlarged), QColor(Qt::blue));
-    EXPECT_EQ(enlarged.pixelColor(0, 0).alpha(), 0) << "corners are round";
+    EXPECT_EQ(BundleIcon::decoded(icns(), 1024).size(), QSize(1024, 1024));
     EXPECT_EQ(middleOf(BundleIcon::decoded(png(16, Qt::red), 34)), QColor(Qt::red));
-}
-
-TEST(BundleIcons, anUnreadablePictureInTheFileIsPassedOver)
-{
     const auto broken = element("icns", element("ic07", "\x89PNG\r\n\x1a\n" + QByteArray(40, 'x'))
                                             + element("ic09", png(512, Qt::blue)));
     EXPECT_EQ(middleOf(BundleIcon::decoded(broken, 68)), QColor(Qt::blue));
@@ -96,61 +80,6 @@ TEST(BundleIcons, hostileFilesGiveNoPictureAndTakeNoTimeOrMemory)
     for (const auto &file : files)
         EXPECT_TRUE(BundleIcon::decoded(file, 68).isNull()) << file.toHex().constData();
     EXPECT_LT(time.elapsed(), 2000);
-}
-
-TEST(BundleIcons, aBundleWithoutPictureGetsALetterOnATileOfItsOwn)
-{
-    const auto tile = BundleIcon::drawn("Żuraw", 68);
-    EXPECT_EQ(tile, BundleIcon::drawn("Żuraw", 68));
-    EXPECT_NE(tile, BundleIcon::drawn("Notes", 68));
-    EXPECT_EQ(tile.pixelColor(34, 4).alpha(), 255);
-    EXPECT_EQ(tile.pixelColor(0, 0).alpha(), 0);
-    auto white = 0;
-    for (int i = 0; i < 68 * 68; ++i)
-        white += tile.pixel(i % 68, i / 68) == 0xffffffff;
-    EXPECT_GT(white, 100) << "the letter";
-    EXPECT_FALSE(BundleIcon::drawn({}, 1).isNull());
-}
-
-TEST(BundleIcons, areKeptUntilTheBundleChanges)
-{
-    InMemoryFileSystem disk;
-    FakeWorkspace workspace(disk);
-    const auto bundle = disk.folder("/Applications/Notes.app");
-    disk.touch("/Applications/Notes.app", 1);
-    workspace.pictures.insert(bundle, png(64, Qt::red));
-    BundleIconProvider provider(workspace, disk);
-
-    EXPECT_EQ(middleOf(provider.icon(bundle, 34)), QColor(Qt::red));
-    workspace.pictures.insert(bundle, png(64, Qt::blue));
-    EXPECT_EQ(middleOf(provider.icon(bundle, 34)), QColor(Qt::red));
-    EXPECT_THAT(workspace.picturesRead, ElementsAre(bundle));
-    disk.touch("/Applications/Notes.app", 2);
-    EXPECT_EQ(middleOf(provider.icon(bundle, 34)), QColor(Qt::blue));
-}
-
-TEST(BundleIcons, reachTheWindowWhateverBytesThePathHolds)
-{
-    InMemoryFileSystem disk;
-    FakeWorkspace workspace(disk);
-    QQmlEngine engine;
-    engine.addImageProvider("bundles", new BundleIconProvider(workspace, disk));
-    engine.addImportPath("qrc:/qt/qml");
-    QQmlComponent component(&engine);
-    component.setData("import Tarnvale\nBundleIcon { }", {});
-
-    for (const QByteArray name :
-         {"Notes", "100% ?#&+;", "a%2Fb%25", "\xff\xfe\x80", "Żółw e\xcc\x81", "a\nb\"'\\"}) {
-        const auto bundle = disk.folder("/Applications/" + name + ".app");
-        workspace.pictures = {{bundle, png(64, Qt::red)}};
-        const std::unique_ptr<QObject> object(
-            component.createWithInitialProperties({{"uri", QString::fromLatin1(bundle.toUri())}}));
-        auto *image = qobject_cast<QQuickItem *>(object.get());
-        ASSERT_TRUE(image) << qPrintable(component.errorString());
-        // 1 is Image.Ready.
-        EXPECT_TRUE(QTest::qWaitFor([image] { return image->property("status").toInt() == 1; }));
-        EXPECT_EQ(workspace.picturesRead.last(), bundle);
-    }
 }
 
 } // namespace

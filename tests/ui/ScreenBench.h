@@ -30,14 +30,11 @@ public:
     Q_INVOKABLE void renew();
     /// The computer is a laptop whose parts all go by one name.
     Q_INVOKABLE void becomeLaptop(const QString &name, const QString &batteryHealth);
+    /// A byte of the path that is no text is written ^xx.
     Q_INVOKABLE void installApplication(const QString &path, const QString &identifier)
     {
-        m_computer->disk.application(path.toUtf8(), {.identifier = identifier});
-    }
-    /// The name of the bundle ends in a byte that need not be text.
-    Q_INVOKABLE void installApplicationWithByte(const QString &path, int byte, const QString &identifier)
-    {
-        m_computer->disk.application(path.toUtf8() + static_cast<char>(byte) + ".app", {.identifier = identifier});
+        m_computer->disk.application(QByteArray::fromPercentEncoding(path.toUtf8(), '^'),
+                                     {.identifier = identifier});
     }
     Q_INVOKABLE void addFile(const QString &path, int size = 4096) { m_computer->disk.file(path.toUtf8(), size); }
     /// The Trash refuses the item, for this reason.
