@@ -25,8 +25,6 @@
 
 namespace {
 
-using testing::Optional;
-
 constexpr int patience = 20'000;
 
 const SampleDisk *disk = nullptr;
@@ -80,7 +78,7 @@ protected:
     void SetUp() override
     {
         state().setSidebarSelection(SidebarSelection::mediaFinder);
-        ASSERT_TRUE(Robot::waitUntil([this] { return m_app.window().isExposed(); }, patience));
+        ASSERT_TRUE(Robot::waitUntil([this] { return window.isExposed(); }, patience));
     }
 
     void TearDown() override
@@ -124,13 +122,7 @@ protected:
         return item && item->objectName().startsWith("folderDialog") ? item : nullptr;
     }
 
-    bool isDialogOpen()
-    {
-        return Robot::waitUntil([this] { return dialogItem(); }, patience);
-    }
-
     TestBus bus;
-    ChosenAppearance appearance;
 
 private:
     std::stop_source m_stop;
@@ -138,49 +130,33 @@ private:
     FolderDialogChooser m_dialog{[this](const Url &host) { return m_root.urlFor(host.path()); }};
     LinuxFolderChooser m_chooser{m_root, m_dialog, [] { return QString("x11:2a"); }, bus.address()};
     LinuxPlatform m_platform{m_root, disk->home(), m_chooser, m_stop.get_token()};
-    TarnvaleApp m_app{m_platform.services(), appearance, {}};
+    ChosenAppearance m_appearance;
+    TarnvaleApp m_app{m_platform.services(), m_appearance, {}};
 
 protected:
     Robot robot{m_app.window()};
     QQuickWindow &window = m_app.window();
 };
 
-TEST_F(FolderChoice, theDesktopsDialogIsAskedForOneFolderInTheProgramsLanguage)
+TEST_F(FolderChoice, theDesktopsDialogIsAskedForOneFolderOfTheDisk)
 {
     TestPortal portal(bus.address());
-    const std::tuple<AppLanguage, const char *, const char *> words[] = {
-        {AppLanguage::polish, "Wybierz folder lub dysk", "Wybierz"},
-        {AppLanguage::english, "Choose Folder or Disk", "Choose"},
-    };
-    for (const auto &[language, title, prompt] : words) {
-        state().setLanguage(language);
-        // A space, and a name that is not UTF-8.
-        EXPECT_THAT(folderAfter(portal, 0, {uriOnDisk("/Users/ada/Mo" + rawValue(language).toLatin1() + " \xff")}),
-                    Optional(Url("/Users/ada/Mo" + rawValue(language).toLatin1() + " \xff")));
-        const auto asked = portal.asked.last();
-        EXPECT_EQ(asked.at(0), "x11:2a");
-        EXPECT_EQ(asked.at(1), title);
-        EXPECT_EQ(qdbus_cast<QVariantMap>(asked.at(2)),
-                  (QVariantMap{{"accept_label", prompt},
-                               {"current_folder", disk->homePath().toUtf8() + '\0'},
-                               {"directory", true},
-                               {"modal", true},
-                               {"multiple", false}}));
-    }
-    EXPECT_EQ(portal.asked.size(), 2);
-}
+    // A space, and a name that is not UTF-8.
+    const Url folder("/Users/ada/Mo je\xff");
+    EXPECT_EQ(folderAfter(portal, 0, {uriOnDisk(folder.path())}), folder);
+    EXPECT_EQ(portal.asked.last().first(2), (QVariantList{"x11:2a", "Wybierz folder lub dysk"}));
+    EXPECT_EQ(qdbus_cast<QVariantMap>(portal.asked.last().at(2)),
+              (QVariantMap{{"accept_label", "Wybierz"},
+                           {"current_folder", disk->homePath().toUtf8() + '\0'},
+                           {"directory", true},
+                           {"modal", true},
+                           {"multiple", false}}));
 
-TEST_F(FolderChoice, whatIsNotChosenOrNotOnTheDiskChangesNothing)
-{
-    TestPortal portal(bus.address());
-    ASSERT_EQ(folderAfter(portal, 0, {uriOnDisk("/Users/ada")}), Url("/Users/ada"));
-    const auto before = state().statusMessage();
-    EXPECT_EQ(folderAfter(portal, 1), Url("/Users/ada")) << "cancelled";
-    EXPECT_EQ(folderAfter(portal, 2), Url("/Users/ada")) << "ended in another way";
-    EXPECT_EQ(folderAfter(portal, 0), Url("/Users/ada")) << "nothing is chosen";
-    EXPECT_EQ(folderAfter(portal, 0, {"smb://server/films"}), Url("/Users/ada"));
-    EXPECT_EQ(folderAfter(portal, 0, {"file:///elsewhere"}), Url("/Users/ada"));
-    EXPECT_EQ(state().statusMessage(), before);
+    EXPECT_EQ(folderAfter(portal, 1), folder) << "cancelled";
+    EXPECT_EQ(folderAfter(portal, 2), folder) << "ended in another way";
+    EXPECT_EQ(folderAfter(portal, 0), folder) << "nothing is chosen";
+    EXPECT_EQ(folderAfter(portal, 0, {"smb://server/films"}), folder);
+    EXPECT_EQ(folderAfter(portal, 0, {"file:///elsewhere"}), folder);
 }
 
 TEST_F(FolderChoice, aSecondPressOpensNoSecondDialog)
@@ -216,31 +192,22 @@ TEST_F(FolderChoice, withoutAPortalForFoldersQtsOwnDialogIsWorkedByKeyboard)
                                                   portal.opensDialogs = false;
                                               },
                                               [&] { bus.kill(); }};
-    bool isDark = false;
     for (const auto &trouble : troubles) {
         trouble();
-        appearance.setDark(isDark = !isDark);
         pressChoose();
-        ASSERT_TRUE(isDialogOpen());
-        // The dialog's own ground, beside its title.
-        EXPECT_EQ(robot.picture().pixelColor(window.width() / 2 - 200, window.height() / 2 - 172).lightness()
-                      < 128,
-                  isDark);
+        ASSERT_TRUE(Robot::waitUntil([this] { return dialogItem(); }, patience));
         robot.press(Qt::Key_Escape);
-        EXPECT_TRUE(Robot::waitUntil([&] { return !dialogItem(); }, patience));
+        ASSERT_TRUE(Robot::waitUntil([this] { return !dialogItem(); }, patience));
         EXPECT_FALSE(state().selectedMediaFolder());
     }
     pressChoose();
-    ASSERT_TRUE(isDialogOpen());
+    ASSERT_TRUE(Robot::waitUntil([this] { return dialogItem(); }, patience));
     robot.press(Qt::Key_Down);
-    for (const auto *label : {"", "Wybierz", "Anuluj"}) {
-        robot.press(Qt::Key_Tab);
-        EXPECT_EQ(window.activeFocusItem()->property("text").toString(), label);
-    }
-    robot.press(Qt::Key_Backtab);
+    robot.press(Qt::Key_Tab);
+    robot.press(Qt::Key_Tab);
     robot.press(Qt::Key_Space);
     EXPECT_TRUE(Robot::waitUntil([&] { return state().selectedMediaFolder().has_value(); }, patience));
-    EXPECT_EQ(state().selectedMediaFolder()->path(), "/Users/ada/Documents");
+    EXPECT_EQ(state().selectedMediaFolder(), Url("/Users/ada/Documents"));
 }
 
 } // namespace
