@@ -27,7 +27,6 @@ public:
         const QVariantList colorScheme{"org.freedesktop.appearance", "color-scheme"};
         if (request.member() != QLatin1String("Read") || request.arguments() != colorScheme)
             return false;
-        ++readCount;
         const auto inner = QVariant::fromValue(QDBusVariant(scheme));
         return bus.send(request.createReply(QVariant::fromValue(QDBusVariant(inner))));
     }
@@ -41,7 +40,6 @@ public:
     }
 
     QVariant scheme = 0U;
-    int readCount = 0;
 
 private:
     QDBusConnection m_bus;
@@ -82,18 +80,8 @@ TEST_F(LinuxAppearanceTest, followsTheDesktop)
     EXPECT_EQ(changes, 2);
     portal.change("org.freedesktop.appearance", "color-scheme", 1U);
     EXPECT_TRUE(comesTrue([&] { return appearance.isDark(); }));
-}
-
-TEST_F(LinuxAppearanceTest, anAnswerOfAnotherTypeIsLight)
-{
-    FakePortal portal(bus.address());
-    portal.scheme = "dark";
-    const LinuxAppearance appearance(bus.address());
-    EXPECT_TRUE(comesTrue([&] { return portal.readCount == 1; }));
-    portal.change("org.freedesktop.appearance", "color-scheme", 1U);
-    EXPECT_TRUE(comesTrue([&] { return appearance.isDark(); }));
     portal.change("org.freedesktop.appearance", "color-scheme", "dark");
-    EXPECT_TRUE(comesTrue([&] { return !appearance.isDark(); }));
+    EXPECT_TRUE(comesTrue([&] { return !appearance.isDark(); })) << "an answer of another type";
 }
 
 TEST_F(LinuxAppearanceTest, withoutAPortalOrABusItIsLight)
