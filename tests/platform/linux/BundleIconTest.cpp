@@ -25,13 +25,11 @@ QByteArray png(int width, const QByteArray &firstChunk = "IHDR")
     return QByteArray("\x89PNG\r\n\x1a\n") + integer(13) + firstChunk + integer(width) + integer(width);
 }
 
-/// `rest` follows the elements that hold `pictures`.
-QByteArray family(const QList<QByteArray> &pictures, const QByteArray &rest = {})
+QByteArray family(const QList<QByteArray> &pictures)
 {
     QByteArray elements;
     for (const auto &picture : pictures)
         elements += "ic07" + integer(8 + picture.size()) + picture;
-    elements += rest;
     return "icns" + integer(8 + elements.size()) + elements;
 }
 
@@ -57,12 +55,6 @@ TEST(IconFamilyTest, theSmallestSufficientPictureIsChosen)
     const auto old = family({"old pixels"});
     EXPECT_EQ(bestPicture(old), old);
     EXPECT_EQ(bestPicture(family({png(64), png(30'000), png(512, "CgBI")})), png(64));
-    for (const qsizetype claim : {qsizetype(0), qsizetype(0xffffffff)}) {
-        const auto element = "ic09" + integer(claim) + png(256);
-        EXPECT_EQ(bestPicture(family({png(64)}, element)), png(64));
-        EXPECT_EQ(bestPicture(family({"old pixels"}, element)), "");
-        EXPECT_EQ(bestPicture("icns" + integer(claim) + element), "");
-    }
     EXPECT_EQ(bestPicture("no icons"), "");
 }
 
@@ -87,12 +79,4 @@ TEST_F(BundleIconTest, ofAnIconsVariantsTheWidestCounts)
     disk.fileWithContent(resources + "Icon60x60@3x~ipad.png", png(190, "CgBI"));
     disk.fileWithContent(resources + "Other.png", png(512));
     EXPECT_EQ(icon(), png(180));
-}
-
-TEST_F(BundleIconTest, nothingWhereOnlyACatalogHoldsIt)
-{
-    information("{ CFBundleIconFile = AppIcon; CFBundleIconName = AppIcon; }");
-    disk.fileWithContent(resources + "Assets.car", "BOMStore");
-    disk.folder(resources + "AppIcon.icns");
-    EXPECT_EQ(icon(), "");
 }

@@ -2,8 +2,6 @@
 
 #include "InMemoryFileSystem.h"
 
-#include <QCoreApplication>
-
 #include <gtest/gtest.h>
 
 namespace {
@@ -54,18 +52,6 @@ TEST_F(LinuxBundleReaderTest, whatCannotBeReadIsNoBundle)
     }
     disk.folder(path);
     EXPECT_EQ(name(), "no bundle");
-    disk.remove(path);
-    disk.device("/dev/zero");
-    disk.link(path, "/dev/zero");
-    EXPECT_EQ(name(), "no bundle");
-    disk.remove(path);
-    disk.link(path, "Info.plist");
-    EXPECT_EQ(name(), "no bundle");
-    disk.remove(path);
-    disk.link(app + "/Contents/Resources", "..");
-    disk.fileWithContent(path, "{ CFBundleName = Notes; }");
-    EXPECT_EQ(name(), "Notes") << "a link to itself in the bundle";
-    EXPECT_EQ(text("CFBundleIdentifier"), "-");
     EXPECT_FALSE(LinuxBundleReader(disk, {}).open(disk.url(path)));
 }
 
@@ -111,9 +97,4 @@ TEST_F(LinuxBundleReaderTest, theCompiledTableIsATranslation)
     EXPECT_EQ(name({"pt"}), "-") << "a translation that is no text hides the name";
     EXPECT_EQ(name({"sv"}), "Notes");
     EXPECT_EQ(text("CFBundleDisplayName"), "-") << "a display name that is no text";
-}
-
-TEST_F(LinuxBundleReaderTest, ourOwnBundleIsWhereTheProgramIs)
-{
-    EXPECT_EQ(LinuxBundleReader(disk, {}).mainBundleUrl(), Url(QCoreApplication::applicationDirPath().toUtf8()));
 }
