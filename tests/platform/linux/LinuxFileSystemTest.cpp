@@ -1,6 +1,5 @@
 #include "LinuxFileSystem.h"
 
-#include "Packages.h"
 #include "TemporaryDisk.h"
 
 #include <QStorageInfo>
@@ -101,12 +100,4 @@ TEST_F(LinuxFileSystemTest, theVolumeIsDescribedAsTheSystemDoes)
     EXPECT_EQ(volume->name.value_or(QString()), expected.name());
     EXPECT_FALSE(volume->availableCapacityForImportantUsage);
     EXPECT_FALSE(fileSystem.volumeValues(Url("/missing")));
-}
-
-TEST(Packages, areKnownByTheirExtensionWhateverItsCase)
-{
-    for (const char *package : {"Notes.app", "Notes.APP", "a.b.photoslibrary", "Letter.rtfd", "x.xpc"})
-        EXPECT_TRUE(isPackageName(package)) << package;
-    for (const char *folder : {"Kit.framework", "app", ".app", "..app", "Notes.app.old", "Notes.ap", "Notes."})
-        EXPECT_FALSE(isPackageName(folder)) << folder;
 }

