@@ -49,7 +49,7 @@ QCoro::Task<HelperReply> PrivilegedHelperClient::moveItemsToTrash(QList<Url> ite
 
 std::optional<Error> PrivilegedHelperClient::ensureHelperReady()
 {
-    if (const auto error = validateHelperInstallation())
+    if (auto error = validateHelperInstallation())
         return error;
     switch (m_service.status()) {
     case requiresApproval:
@@ -68,7 +68,7 @@ std::optional<Error> PrivilegedHelperClient::ensureHelperReady()
 std::optional<Error> PrivilegedHelperClient::validateHelperInstallation() const
 {
     const auto bundle = m_bundleReader.mainBundleUrl().standardized();
-    if (const auto error = validateApplicationLocation(bundle))
+    if (auto error = validateApplicationLocation(bundle))
         return error;
 
     const auto isFile = [&](const Url &url) { return m_fileSystem.exists(url) && !m_fileSystem.isDirectory(url); };
