@@ -7,6 +7,7 @@
 #include "ScanWorkflows.h"
 
 #include <QCoro/QCoroTask>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <gmock/gmock.h>

@@ -2,6 +2,81 @@
 
 using AppViewModelTest = AppFixture;
 
+TEST_F(AppViewModelTest, commonSequenceGoesBusyBeforeTheTextAndIdleAfterTheResult)
+{
+    QStringList log;
+    QObject::connect(&app, &AppViewModel::isProcessingChanged,
+                     [&] { log << (app.isProcessing() ? "busy" : "idle"); });
+    QObject::connect(&app, &AppViewModel::statusMessageChanged, [&] { log << app.statusMessage(); });
+    QObject::connect(&app, &AppViewModel::cleanerItemsChanged, [&] { log << "items"; });
+    largeCache("org.big");
+
+    app.setLanguage(AppLanguage::english);
+    app.scanCleaner();
+    settle();
+
+    EXPECT_EQ(log, (QStringList{"busy", "Scanning…", "items", "", "idle"}));
+    EXPECT_FALSE(app.progress());
+}
+
+TEST_F(AppViewModelTest, buttonsAreEnabledByWhatTheirOperationsNeed)
+{
+    app.setApplicationQuery(" \t\u00a0");
+    EXPECT_FALSE(app.canScanByName());
+    // The two screens trim differently: a line break counts as a name here and as nothing there.
+    app.setApplicationQuery(" \n");
+    app.setLeftoverQuery(" \n");
+    EXPECT_TRUE(app.canScanByName());
+    EXPECT_FALSE(app.canSearchLeftovers());
+    app.setLeftoverQuery("x");
+    EXPECT_TRUE(app.canSearchLeftovers());
+
+    EXPECT_FALSE(app.canScanMedia());
+    chooseMedia(disk.folder("/Volumes/Disk"));
+    EXPECT_TRUE(app.canScanMedia());
+    EXPECT_FALSE(app.canScanTextFiles());
+    for (const auto category : allCases<MediaCategory>())
+        app.toggleMediaCategory(category);
+    EXPECT_FALSE(app.canScanMedia());
+
+    largeCache("org.big");
+    QSignalSpy enabling(&app, &AppViewModel::enablingChanged);
+    disk.hold();
+    app.scanCleaner();
+    EXPECT_FALSE(app.canScan() || app.canScanByName() || app.canSearchLeftovers());
+    settle();
+    EXPECT_FALSE(app.canDeleteCleanerItems());
+    app.cleanerItemModel()->setSelected(0, true);
+    EXPECT_TRUE(app.canDeleteCleanerItems());
+    EXPECT_GE(enabling.count(), 3);
+    app.scanMedia();
+    EXPECT_TRUE(app.canDeleteCleanerItems());
+}
+
+TEST_F(AppViewModelTest, selectingTheSameApplicationAgainKeepsWhatWasFound)
+{
+    const auto application = notes();
+    waitFor(scans.loadApplications(false));
+    waitFor(scans.scan(application));
+    ASSERT_FALSE(app.associatedItems().isEmpty());
+    const auto found = app.associatedItems();
+
+    // As another spelling of the same path, and as a reset list would do it.
+    auto same = application;
+    same.url = Url("/Applications/./Notes.app");
+    app.selectApplication(same);
+    app.selectApplicationAt(-1);
+    EXPECT_EQ(app.associatedItems(), found);
+    EXPECT_EQ(app.selectedApplicationRow(), 0);
+
+    waitFor(scans.loadApplications(true));
+    EXPECT_EQ(app.associatedItems(), found);
+
+    app.selectApplication({});
+    EXPECT_THAT(app.associatedItems(), IsEmpty());
+    EXPECT_EQ(app.selectedApplicationRow(), -1);
+}
+
 TEST_F(AppViewModelTest, scanInFlightDoesNotTouchAStateThatIsGone)
 {
     largeCache("org.big");

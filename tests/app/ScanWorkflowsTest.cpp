@@ -26,6 +26,8 @@ TEST_F(ScanWorkflowsTest, catalogIsScannedOnceUnlessForced)
     EXPECT_THAT(namesOf(app.applications()), ElementsAre("B.app"));
     waitFor(scans.loadApplications(true));
     EXPECT_THAT(namesOf(app.applications()), ElementsAre("A.app", "B.app"));
+    EXPECT_FALSE(app.selectedApplication());
+    EXPECT_EQ(app.statusMessage(), QString());
 }
 
 TEST_F(ScanWorkflowsTest, nameLeadsToTheFilesOfItsApplication)
@@ -37,11 +39,21 @@ TEST_F(ScanWorkflowsTest, nameLeadsToTheFilesOfItsApplication)
     EXPECT_EQ(app.applicationQuery(), "  notes\n");
     EXPECT_EQ(app.statusMessage(), QString());
 
-    // An unknown name empties the list and keeps the selection.
+    // An unknown name empties the list and keeps the selection; a blank one changes nothing at all.
     searchApplication("Note");
     EXPECT_THAT(app.associatedItems(), IsEmpty());
     EXPECT_EQ(app.selectedApplication(), application);
     EXPECT_EQ(app.statusMessage(), "No application with that name was found.");
+    searchApplication(" \u2028 ");
+    EXPECT_EQ(app.statusMessage(), "No application with that name was found.");
+}
+
+TEST_F(ScanWorkflowsTest, applicationWithoutFilesSaysSo)
+{
+    const auto application = disk.application("/System/Applications/Chess.app", {.identifier = "c.h.s"});
+    waitFor(scans.scan(application));
+    EXPECT_THAT(app.associatedItems(), IsEmpty());
+    EXPECT_EQ(app.statusMessage(), "No safely associated items were found.");
 }
 
 TEST_F(ScanWorkflowsTest, droppedBundleIsScannedWithoutJoiningTheCatalog)
@@ -93,6 +105,28 @@ TEST_F(ScanWorkflowsTest, leftoversLeaveOutWhatTheCatalogKnows)
     EXPECT_THAT(namesOf(app.leftoverItems()), ElementsAre("org.gone.app"));
     EXPECT_EQ(app.leftoverItemModel()->selectedCount(), 0);
     EXPECT_THAT(namesOf(app.applications()), ElementsAre("Notes.app"));
+    EXPECT_EQ(app.statusMessage(), QString());
+
+    disk.remove("~/Library/Caches/org.gone.app");
+    waitFor(scans.scanLeftovers());
+    EXPECT_EQ(app.statusMessage(), "No items matching the safety criteria were found.");
+}
+
+TEST_F(ScanWorkflowsTest, searchAnswersWithItsCountOrWhyThereIsNothing)
+{
+    disk.file("~/Library/Logs/some.name");
+    const auto search = [this](const QString &query) {
+        app.setLeftoverQuery(query);
+        waitFor(scans.searchLeftovers());
+        return app.statusMessage();
+    };
+    EXPECT_TRUE(search(" Some.Name ").startsWith(u"Found: 1. "));
+    EXPECT_THAT(namesOf(app.leftoverItems()), ElementsAre("some.name"));
+    EXPECT_EQ(search("some"), "No item with that name was found in the supported user library folders.");
+
+    search("some.name");
+    EXPECT_EQ(search("a/b"), "Enter a valid file or folder name without path separators.");
+    EXPECT_THAT(app.leftoverItems(), IsEmpty());
 }
 
 TEST_F(ScanWorkflowsTest, cacheScanTakesItemsOfOneMebibyteAtLowPriority)
@@ -107,13 +141,24 @@ TEST_F(ScanWorkflowsTest, cacheScanTakesItemsOfOneMebibyteAtLowPriority)
     EXPECT_EQ(priority.timesUserInitiated, 1);
 }
 
+TEST_F(ScanWorkflowsTest, folderIsAskedForBeforeTheCategories)
+{
+    for (const auto category : allCases<MediaCategory>())
+        app.toggleMediaCategory(category);
+    app.scanMedia();
+    EXPECT_EQ(app.statusMessage(), "Choose a folder or disk first.");
+    chooseMedia(disk.folder("/Volumes/Disk"));
+    EXPECT_EQ(app.statusMessage(), QString());
+    app.scanMedia();
+    EXPECT_EQ(app.statusMessage(), "Select at least one file category.");
+    EXPECT_FALSE(app.isProcessing());
+}
+
 TEST_F(ScanWorkflowsTest, finderFindsTheChosenCategoriesAndKeepsThemUntilTheNextFolder)
 {
     disk.file("/Volumes/Disk/film.mov", 10);
     disk.file("/Volumes/Disk/song.mp3", 20);
     disk.file("/Volumes/Disk/page.pdf", 30);
-    app.scanMedia();
-    EXPECT_EQ(app.statusMessage(), "Choose a folder or disk first.");
     app.toggleMediaCategory(MediaCategory::audio);
     chooseMedia(Url("/Volumes/Disk"));
     waitFor(scans.scanMedia());
@@ -133,6 +178,8 @@ TEST_F(ScanWorkflowsTest, finderFindsTheChosenCategoriesAndKeepsThemUntilTheNext
     chooseMedia(disk.folder("/Volumes/Other"));
     EXPECT_THAT(app.mediaFiles(), IsEmpty());
     EXPECT_EQ(app.textFiles().size(), 1);
+    waitFor(scans.scanMedia());
+    EXPECT_EQ(app.statusMessage(), "No files of the selected types were found.");
 }
 
 TEST_F(ScanWorkflowsTest, whileOneRunsAnotherStillDoesWhatComesBeforeItsBusyCheck)

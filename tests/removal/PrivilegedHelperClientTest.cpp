@@ -46,10 +46,14 @@ TEST_F(PrivilegedHelperClientTest, installationIsCheckedInItsOrder)
 {
     disk.remove(daemonPlist);
     EXPECT_EQ(failure(), notFoundText + "Oczekiwana ścieżka pliku LaunchDaemon: " + daemonPlist);
+    disk.folder(daemonPlist);
+    EXPECT_EQ(failure(), notFoundText + "Oczekiwana ścieżka pliku LaunchDaemon: " + daemonPlist);
     disk.remove(executable);
     disk.file(executable);
     EXPECT_EQ(failure(), notFoundText + "Helper istnieje, ale nie jest plikiem wykonywalnym: " + executable);
     disk.remove(executable);
+    EXPECT_EQ(failure(), notFoundText + "Oczekiwana ścieżka helpera: " + executable);
+    disk.folder(executable);
     EXPECT_EQ(failure(), notFoundText + "Oczekiwana ścieżka helpera: " + executable);
     disk.bundles.setMainBundleUrl(Url("/Users/me/./Downloads/Tarnvale.app/"));
     EXPECT_EQ(failure(), "Helper administratora nie może zostać zarejestrowany z tej lokalizacji. "
@@ -92,8 +96,10 @@ TEST_F(PrivilegedHelperClientTest, statusDecidesBeforeAndAfterRegistration)
         {{2}, {}, approvalText, 0},
         {{7}, {}, connectionText + "Nieznany status SMAppService dla helpera administratora.", 0},
         {{0, 1}, {}, "none", 1},
-        {{3, 2}, {}, approvalText, 1},
+        {{3, 1}, {}, "none", 1},
+        {{0, 2}, {}, approvalText, 1},
         {{0, 0}, {}, unregistered("0"), 1},
+        {{3, 3}, {}, unregistered("3"), 1},
         {{0, 7}, {}, connectionText + "Nieznany status SMAppService po rejestracji helpera: 7.", 1},
         {{0, 1}, "denied", "none", 1},
         {{0, 2}, "denied", approvalText, 1},

@@ -89,6 +89,11 @@ TEST_F(TrashServiceTest, checkDecidesInItsOrderWhatIsHandedToTheTrash)
                 ElementsAre("moved", "moved", "moved", ofTheSystem, "moved", outside, outside, ofTheSystem));
     EXPECT_THAT(workspace.recycled, ElementsAre(cache));
     EXPECT_TRUE(disk.exists(document));
+
+    using Error = TrashServiceError;
+    EXPECT_EQ(service.validate(missing), (Error{Error::missingItem, {}}));
+    EXPECT_EQ(Error({Error::missingItem, {}}).description(), "Element już nie istnieje.");
+    EXPECT_EQ(service.validate(Url("/System/gone")), (Error{Error::missingItem, {}}));
 }
 
 TEST_F(TrashServiceTest, itemsAreMovedOneAfterAnotherUnderTheUrlsAsTheyWereGiven)

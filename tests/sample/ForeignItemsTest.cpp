@@ -1,12 +1,14 @@
-// An uninstall by a user to whom a part of the disk does not belong: what the user may not move goes over
+// An uninstall in the window of a user to whom a part of the disk does not belong: what the user may not move goes over
 // the system bus to a helper that runs as root. Root alone can arrange this.
 
 #include "AppViewModel.h"
+#include "ChosenAppearance.h"
 #include "ChosenFolder.h"
 #include "LinuxPlatform.h"
 #include "PrivilegedHelperClient.h"
 #include "Robot.h"
 #include "SampleDisk.h"
+#include "TarnvaleApp.h"
 #include "TestBus.h"
 
 #include <QGuiApplication>
@@ -32,6 +34,11 @@ constexpr uid_t secondUser = 65534;
 constexpr const char *foreignFolders[] = {"Library/Cookies", "Library/Group Containers", "Library/Logs"};
 
 const SampleDisk *disk = nullptr;
+
+QString text(QStringView key)
+{
+    return localizedText(key, AppLanguage::polish);
+}
 
 fs::path onDisk(const char *path)
 {
@@ -59,27 +66,60 @@ private:
     const BundleReader &m_bundles;
 };
 
-TEST(ForeignItems, goToTheHelperWithTheApplicationsIdentifier)
+/// The program in its window, on the sample disk.
+class ForeignItems : public testing::Test
+{
+protected:
+    ~ForeignItems() override
+    {
+        m_stop.request_stop();
+        state.waitForBackground();
+    }
+
+    void click(QAccessible::Role role, const QString &name)
+    {
+        EXPECT_TRUE(robot.click(role, name)) << qPrintable(name);
+    }
+
+    void waitUntilIdle()
+    {
+        EXPECT_TRUE(Robot::waitUntil([&] { return !state.isProcessing(); }));
+    }
+
+private:
+    std::stop_source m_stop;
+    ChosenFolder m_folder;
+    ChosenAppearance m_appearance;
+    LinuxPlatform m_linux{DiskRoot(disk->folder().toUtf8()), disk->home(), m_folder, m_stop.get_token()};
+    InstalledProgram m_bundles{m_linux.services().bundleReader};
+    const Platform &m_own = m_linux.services();
+    TarnvaleApp m_app{{m_own.fileSystem, m_bundles, m_own.codeSignature, m_own.applicationRegistry,
+                       m_own.systemFacts, m_own.backgroundPriority, m_own.workspace, m_own.helperService,
+                       m_own.folderChooser},
+                      m_appearance,
+                      {}};
+
+protected:
+    AppViewModel &state = m_app.viewModel();
+    Robot robot{m_app.window()};
+};
+
+TEST_F(ForeignItems, goToTheHelperWithTheApplicationsIdentifier)
 {
     ASSERT_EQ(geteuid(), secondUser);
-    std::stop_source stop;
-    ChosenFolder folder;
-    const LinuxPlatform computer(DiskRoot(disk->folder().toUtf8()), disk->home(), folder, stop.get_token());
-    const auto &own = computer.services();
-    const InstalledProgram bundles(own.bundleReader);
-    const Platform platform{own.fileSystem,          bundles,           own.codeSignature,
-                            own.applicationRegistry, own.systemFacts,   own.backgroundPriority,
-                            own.workspace,           own.helperService, own.folderChooser};
-    AppViewModel state(platform);
-    state.setApplicationQuery("Lumen");
-    state.scanApplicationByName();
-    ASSERT_TRUE(Robot::waitUntil([&] { return !state.associatedItems().isEmpty() && !state.isProcessing(); }));
+    click(QAccessible::Button, text(u"uninstaller"));
+    click(QAccessible::EditableText, text(u"search_placeholder"));
+    robot.type("Lumen");
+    robot.press(Qt::Key_Return);
+    EXPECT_TRUE(Robot::waitUntil([&] { return !state.associatedItems().isEmpty(); }));
+    waitUntilIdle();
+    const auto found = state.associatedItems().size();
     const auto ticked = state.associatedItemModel()->selectedCount();
-    const auto unticked = state.associatedItems().size() - ticked;
 
-    state.requestDeletion(ScanScope::uninstaller);
-    state.confirmDeletion(*state.pendingDeletion());
-    ASSERT_TRUE(Robot::waitUntil([&] { return state.userNotice() && !state.isProcessing(); }));
+    click(QAccessible::Button, text(u"delete_selected"));
+    click(QAccessible::Button, text(u"move_to_trash"));
+    ASSERT_TRUE(Robot::waitUntil([&] { return state.userNotice().has_value(); }));
+    waitUntilIdle();
 
     // What is the user's own.
     EXPECT_FALSE(fs::exists(onDisk("/Applications/Lumen.app")));
@@ -91,12 +131,21 @@ TEST(ForeignItems, goToTheHelperWithTheApplicationsIdentifier)
                 AllOf(Contains("Lumen"), Not(Contains("org.lumen.editor"))));
     EXPECT_TRUE(fs::exists(onDisk("/Users/ada/Library/Group Containers/group.org.lumen.shared/library.db")));
     EXPECT_TRUE(fs::exists(onDisk("/Users/ada/Library/Cookies/org.lumen.editor.binarycookies")));
-    EXPECT_EQ(state.userNotice()->message,
+
+    const auto &notice = *state.userNotice();
+    EXPECT_EQ(notice.title, text(u"deletion_failed_title"));
+    EXPECT_EQ(notice.message,
               "group.org.lumen.shared: Other programs share it.\n"
               "org.lumen.editor.binarycookies: “org.lumen.editor.binarycookies” couldn't be moved to the Trash "
               "because you don't have permission to do that.");
     EXPECT_EQ(state.statusMessage(), QStringLiteral("Przeniesiono: %1, błędy: 2.").arg(ticked - 2));
-    EXPECT_EQ(state.associatedItems().size(), unticked + 2);
+    EXPECT_TRUE(Robot::waitUntil([&] { return robot.sees(QAccessible::StaticText, notice.message); }));
+
+    click(QAccessible::Button, text(u"ok"));
+    EXPECT_EQ(state.associatedItems().size(), found - ticked + 2);
+    EXPECT_TRUE(Robot::waitUntil([&] { return !robot.sees(QAccessible::CheckBox, "org.lumen.editor"); }, 5'000));
+    for (const auto *stayed : {"group.org.lumen.shared", "org.lumen.editor.binarycookies", "Lumen"})
+        EXPECT_TRUE(robot.sees(QAccessible::CheckBox, stayed)) << stayed;
 }
 
 /// Does `work` in a process of its own, as this user. What it answers; 1 when it does not come to that.

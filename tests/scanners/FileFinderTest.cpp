@@ -59,6 +59,7 @@ TEST_F(FileFinderTest, documentsHaveATableOfTheirOwn)
                 ElementsAre(TextFile{report, microsoftOffice, 50}, TextFile{note, plainText, 40},
                             TextFile{notebook, microsoftOffice, 30}, TextFile{sheet, libreOffice, 20},
                             TextFile{page, pdf, 10}, TextFile{letter, richText, 5}));
+    EXPECT_THAT(documents({pdf}), ElementsAre(TextFile{page, pdf, 10}));
 }
 
 TEST_F(FileFinderTest, onlyPlainFilesThatTheWalkReachesAreFound)
@@ -77,6 +78,10 @@ TEST_F(FileFinderTest, onlyPlainFilesThatTheWalkReachesAreFound)
     disk.file("/disk/vanished.png");
     disk.makeVanishing("/disk/vanished.png");
     EXPECT_THAT(pathsOf(media(allMedia)), ElementsAre("/disk/Pictures/a.png"));
+
+    disk.remove("/disk");
+    EXPECT_THAT(media(allMedia), IsEmpty());
+    EXPECT_THAT(MediaScanner(disk).scanMediaFiles(Url(), allMedia, 10), IsEmpty());
 }
 
 TEST_F(FileFinderTest, limitHoldsInTheOrderOfTheWalkBeforeSorting)
@@ -87,4 +92,6 @@ TEST_F(FileFinderTest, limitHoldsInTheOrderOfTheWalkBeforeSorting)
     EXPECT_THAT(pathsOf(media(allMedia)),
                 ElementsAre("/disk/3.mp3", "/disk/5.mp3", "/disk/1.mp3", "/disk/4.mp3", "/disk/2.mp3"));
     EXPECT_THAT(pathsOf(media(allMedia, 2)), ElementsAre("/disk/1.mp3", "/disk/2.mp3"));
+    EXPECT_THAT(media(allMedia, 0), IsEmpty());
+    EXPECT_THAT(media(allMedia, -1), IsEmpty());
 }

@@ -9,6 +9,7 @@
 namespace {
 
 using testing::_;
+using testing::Eq;
 using testing::FieldsAre;
 using testing::Optional;
 
@@ -48,11 +49,15 @@ TEST_F(SystemInfoServiceTest, firmwareTextsEndAtTheFirstZeroAndLoseUnicodeBlanks
 {
     facts.modelValue = QStringLiteral(u"\u00a0\u3000 Book\u00a0Pro \u2029\n\0rubbish");
     facts.processorBrandValue = " \u2003\t ";
+    facts.localizedHostNameValue = "Ala's computer";
+    facts.physicalMemoryValue = quint64(16) << 30;
     facts.uptimeValue = 3600.5;
     const auto computer = service.computerInfo();
 
     EXPECT_EQ(computer.modelIdentifier, "Book\u00a0Pro");
     EXPECT_EQ(computer.processor, QString()) << "readable but blank is not unknown";
+    EXPECT_EQ(computer.computerName, "Ala's computer");
+    EXPECT_EQ(computer.memory, "16 GB");
     EXPECT_NEAR(static_cast<double>(computer.bootDate->msecsTo(QDateTime::currentDateTime())), 3600500, 2000);
 }
 
@@ -61,9 +66,12 @@ TEST_F(SystemInfoServiceTest, chargeIsCutOffInDoublePrecisionAndClamped)
     constexpr auto largest = std::numeric_limits<qint64>::max();
     const std::tuple<std::optional<qint64>, std::optional<qint64>, int> rows[] = {
         {80, 100, 80},
+        {799, 1000, 79},
         {150, 100, 100},
         {largest, 1, 100},
+        {-largest, 1, 0},
         {80, 0, 0},
+        {80, std::nullopt, 0},
         {std::nullopt, 100, 0},
         // 29.0 / 100 * 100 is a little less than 29.
         {29, 100, 28}};
@@ -74,10 +82,35 @@ TEST_F(SystemInfoServiceTest, chargeIsCutOffInDoublePrecisionAndClamped)
 TEST_F(SystemInfoServiceTest, healthIsAbsentWhereItCannotBeComputed)
 {
     EXPECT_EQ(battery(80, 100).healthPercentage, std::nullopt) << "no registry entry";
-    facts.registryEntryValue.emplace().designCapacity = 0;
+    facts.registryEntryValue.emplace();
+    EXPECT_EQ(battery(80, 100).healthPercentage, std::nullopt);
+    facts.registryEntryValue->designCapacity = 0;
     EXPECT_EQ(battery(80, 100).healthPercentage, std::nullopt);
     facts.registryEntryValue->designCapacity = 120;
     EXPECT_THAT(battery(80, 100).healthPercentage, Optional(83));
+    EXPECT_EQ(battery(80, std::nullopt).healthPercentage, std::nullopt);
+}
+
+TEST_F(SystemInfoServiceTest, conditionIsTheHealthAndOnlyWithoutItTheFailure)
+{
+    facts.registryEntryValue.emplace().permanentFailureStatus = "Cell failure";
+    EXPECT_THAT(battery(1, 2).condition, Optional(Eq("Cell failure")));
+    facts.registryEntryValue->batteryHealth = "Good";
+    EXPECT_THAT(battery(1, 2).condition, Optional(Eq("Good")));
+}
+
+TEST_F(SystemInfoServiceTest, powerSourceIsTranslatedOnlyWhereItIsKnown)
+{
+    const std::pair<std::optional<QString>, const char *> rows[] = {{"AC Power", "Power adapter"},
+                                                                    {"Battery Power", "Battery"},
+                                                                    {"ac power", "ac power"},
+                                                                    {"UPS Power", "UPS Power"},
+                                                                    {std::nullopt, "Unknown"}};
+    for (const auto &[state, shown] : rows) {
+        facts.powerSourceValue.emplace().powerSourceState = state;
+        EXPECT_EQ(service.batteryInfo()->powerSource, shown);
+    }
+    EXPECT_FALSE(service.batteryInfo()->isCharging);
 }
 
 TEST_F(SystemInfoServiceTest, timeTexts)
@@ -91,6 +124,15 @@ TEST_F(SystemInfoServiceTest, timeTexts)
     EXPECT_EQ(timeRemaining(3599.9), "59 min");
     EXPECT_EQ(timeRemaining(3600), "1 h 0 min");
     EXPECT_EQ(timeRemaining(7385, true), "2 h 3 min");
+}
+
+TEST_F(SystemInfoServiceTest, freeSpacePrefersWhatCouldBeMadeFree)
+{
+    // Nothing is an answer too.
+    disk.setVolume(VolumeValues{"Data", 100, 0, 20});
+    EXPECT_THAT(service.storageInfo(), FieldsAre("Data", 100, 0));
+    disk.setVolume(VolumeValues{std::nullopt, 100, std::nullopt, 20});
+    EXPECT_THAT(service.storageInfo(), FieldsAre("Macintosh HD", 100, 20));
 }
 
 TEST_F(SystemInfoServiceTest, usedMemoryNeverExceedsWhatIsInstalled)
