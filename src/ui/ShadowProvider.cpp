@@ -31,8 +31,9 @@ QImage blurredAndTransposed(const QImage &image, const std::vector<double> &weig
         for (int x = 0; x < image.width(); ++x) {
             auto sum = 0.0;
             const auto last = std::min(x + reach, image.width() - 1);
+            auto weight = weights.begin() + std::max(reach - x, 0);
             for (int i = std::max(x - reach, 0); i <= last; ++i)
-                sum += row[i] * weights[static_cast<size_t>(i - x + reach)];
+                sum += row[i] * *weight++;
             result.scanLine(x)[y] = static_cast<uchar>(std::lround(sum));
         }
     }
