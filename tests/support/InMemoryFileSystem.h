@@ -69,6 +69,8 @@ public:
     void makeUnreadable(const QByteArray &path) { node(path)->isReadable = false; }
     /// The item is still listed, but gone when it is looked at.
     void makeVanishing(const QByteArray &path) { node(path)->isGone = true; }
+    /// The item was last changed at `time`.
+    void touch(const QByteArray &path, qint64 time) { node(path)->values.modificationTime = time; }
     void remove(const QByteArray &path);
     void setVolume(const std::optional<VolumeValues> &values) { m_volume = values; }
 

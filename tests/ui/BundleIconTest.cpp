@@ -1,11 +1,16 @@
 #include "BundleIcon.h"
 
+#include "BundleIconProvider.h"
+#include "FakeWorkspace.h"
+
 #include <QBuffer>
 #include <QColor>
 #include <QElapsedTimer>
 #include <QtEndian>
 
 #include <gmock/gmock.h>
+
+using testing::ElementsAre;
 
 namespace {
 
@@ -83,3 +88,34 @@ TEST(BundleIcons, hostileFilesGiveNoPictureAndTakeNoTimeOrMemory)
 }
 
 } // namespace
+
+TEST(BundleIcons, aBundleWithoutPictureGetsALetterOnATileOfItsOwn)
+{
+    const auto tile = BundleIcon::drawn("Żuraw", 68);
+    EXPECT_EQ(tile, BundleIcon::drawn("Żuraw", 68));
+    EXPECT_NE(tile, BundleIcon::drawn("Notes", 68));
+    EXPECT_EQ(tile.pixelColor(34, 4).alpha(), 255);
+    EXPECT_EQ(tile.pixelColor(0, 0).alpha(), 0);
+    auto white = 0;
+    for (int i = 0; i < 68 * 68; ++i)
+        white += tile.pixel(i % 68, i / 68) == 0xffffffff;
+    EXPECT_GT(white, 100) << "the letter";
+    EXPECT_FALSE(BundleIcon::drawn({}, 1).isNull());
+}
+
+TEST(BundleIcons, areKeptUntilTheBundleChanges)
+{
+    InMemoryFileSystem disk;
+    FakeWorkspace workspace(disk);
+    const auto bundle = disk.folder("/Applications/Notes.app");
+    disk.touch("/Applications/Notes.app", 1);
+    workspace.pictures.insert(bundle, png(64, Qt::red));
+    BundleIconProvider provider(workspace, disk);
+
+    EXPECT_EQ(middleOf(provider.icon(bundle, 34)), QColor(Qt::red));
+    workspace.pictures.insert(bundle, png(64, Qt::blue));
+    EXPECT_EQ(middleOf(provider.icon(bundle, 34)), QColor(Qt::red));
+    EXPECT_THAT(workspace.picturesRead, ElementsAre(bundle));
+    disk.touch("/Applications/Notes.app", 2);
+    EXPECT_EQ(middleOf(provider.icon(bundle, 34)), QColor(Qt::blue));
+}
