@@ -245,7 +245,7 @@ std::optional<QVariant> BinaryPropertyListReader::list(QByteArrayView references
         auto element = object(reference(references, i), depth + 1);
         if (!element)
             return std::nullopt;
-        list.append(*element);
+        list.append(std::move(*element));
     }
     return list;
 }

@@ -97,7 +97,7 @@ std::optional<QVariant> DerEntitlementsReader::list(QByteArrayView elements, int
         auto read = element ? value(*element, depth + 1) : std::nullopt;
         if (!read)
             return std::nullopt;
-        list.append(*read);
+        list.append(std::move(*read));
     }
     return list;
 }

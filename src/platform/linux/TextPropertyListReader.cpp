@@ -87,7 +87,7 @@ std::optional<QVariant> TextPropertyListReader::list(int depth)
         auto element = value(depth + 1);
         if (!element)
             return std::nullopt;
-        list.append(*element);
+        list.append(std::move(*element));
         if (!take(u','))
             break;
     }

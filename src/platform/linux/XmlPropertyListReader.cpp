@@ -123,7 +123,7 @@ std::optional<QVariant> XmlPropertyListReader::list(int depth)
         auto element = value(depth + 1);
         if (!element)
             return std::nullopt;
-        list.append(*element);
+        list.append(std::move(*element));
     }
     return m_xml.hasError() ? std::nullopt : std::optional(QVariant(list));
 }
