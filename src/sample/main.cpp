@@ -24,12 +24,17 @@
 
 namespace {
 
+DiskRoot rootOf(const SampleDisk &disk)
+{
+    return DiskRoot(QFile::encodeName(disk.folder()));
+}
+
 /// The services of this computer for the sample disk, with the computer that the disk plays to be in.
 class SamplePlatform
 {
 public:
     SamplePlatform(const SampleDisk &disk, FolderChooser &folderChooser)
-        : m_linux(DiskRoot(QFile::encodeName(disk.folder())), disk.home(), folderChooser, m_stop.get_token()),
+        : m_linux(rootOf(disk), disk.home(), folderChooser, m_stop.get_token()),
           m_facts(QFile::encodeName(disk.computerPath()))
     {
     }
@@ -53,15 +58,13 @@ private:
 
 LocationMap mapTo(const SampleDisk &disk)
 {
-    return
-        [root = DiskRoot(QFile::encodeName(disk.folder()))](const Url &host) { return root.urlFor(host.path()); };
+    return [root = rootOf(disk)](const Url &host) { return root.urlFor(host.path()); };
 }
 
 int openWindow(const SampleDisk &disk)
 {
     FolderDialogChooser folderDialog(mapTo(disk));
-    LinuxFolderChooser folderChooser(DiskRoot(QFile::encodeName(disk.folder())), folderDialog,
-                                     &FolderDialogChooser::parentWindow);
+    LinuxFolderChooser folderChooser(rootOf(disk), folderDialog, &FolderDialogChooser::parentWindow);
     SamplePlatform platform(disk, folderChooser);
     LinuxAppearance appearance;
     TarnvaleApp app(platform.services(), appearance, mapTo(disk));
