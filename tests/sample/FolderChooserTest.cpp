@@ -10,12 +10,12 @@
 #include "SampleDisk.h"
 #include "TarnvaleApp.h"
 #include "TestBus.h"
+#include "TestPortal.h"
 
 #include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QDBusVariant>
-#include <QDBusVirtualObject>
 #include <QGuiApplication>
 #include <QQuickItem>
 
@@ -30,15 +30,10 @@ constexpr int patience = 20'000;
 const SampleDisk *disk = nullptr;
 
 /// A desktop's portal with a file chooser that the test answers for the user.
-class TestPortal : public QDBusVirtualObject
+class FileChooserPortal : public TestPortal
 {
 public:
-    explicit TestPortal(const QString &address) : m_bus(QDBusConnection::connectToBus(address, "portal"))
-    {
-        EXPECT_TRUE(m_bus.registerVirtualObject("/org/freedesktop/portal/desktop", this));
-        EXPECT_TRUE(m_bus.registerService("org.freedesktop.portal.Desktop"));
-    }
-    ~TestPortal() override { QDBusConnection::disconnectFromBus("portal"); }
+    using TestPortal::TestPortal;
 
     uint version = 3;
     bool opensDialogs = true;
@@ -53,7 +48,6 @@ public:
         EXPECT_TRUE(m_bus.send(signal));
     }
 
-    QString introspect(const QString &) const override { return {}; }
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &bus) override
     {
         if (message.member() == QLatin1String("Get"))
@@ -68,7 +62,6 @@ public:
 
 private:
     const QString request = "/org/freedesktop/portal/desktop/request/1_1/token";
-    QDBusConnection m_bus;
     QString m_client;
 };
 
@@ -93,7 +86,7 @@ protected:
     void pressChoose() { EXPECT_TRUE(robot.click(QAccessible::Button, text(u"media_choose_folder"))); }
 
     /// Presses the button and waits for the desktop's dialog.
-    void openDialog(TestPortal &portal)
+    void openDialog(FileChooserPortal &portal)
     {
         const auto before = portal.asked.size();
         pressChoose();
@@ -101,7 +94,7 @@ protected:
     }
 
     /// What the state holds once the window has had time to take an answer.
-    std::optional<Url> folderAfter(TestPortal &portal, uint response, const QStringList &uris = {})
+    std::optional<Url> folderAfter(FileChooserPortal &portal, uint response, const QStringList &uris = {})
     {
         openDialog(portal);
         const auto before = state().selectedMediaFolder();
@@ -140,7 +133,7 @@ protected:
 
 TEST_F(FolderChoice, theDesktopsDialogIsAskedForOneFolderOfTheDisk)
 {
-    TestPortal portal(bus.address());
+    FileChooserPortal portal(bus.address());
     // A space, and a name that is not UTF-8.
     const Url folder("/Users/ada/Mo je\xff");
     EXPECT_EQ(folderAfter(portal, 0, {uriOnDisk(folder.path())}), folder);
@@ -161,7 +154,7 @@ TEST_F(FolderChoice, theDesktopsDialogIsAskedForOneFolderOfTheDisk)
 
 TEST_F(FolderChoice, aSecondPressOpensNoSecondDialog)
 {
-    TestPortal portal(bus.address());
+    FileChooserPortal portal(bus.address());
     openDialog(portal);
     pressChoose();
     state().setSidebarSelection(SidebarSelection::textFinder);
@@ -174,7 +167,7 @@ TEST_F(FolderChoice, aSecondPressOpensNoSecondDialog)
 
 TEST_F(FolderChoice, aPortalThatGoesAwayTakesItsDialogAlong)
 {
-    std::optional<TestPortal> portal(std::in_place, bus.address());
+    std::optional<FileChooserPortal> portal(std::in_place, bus.address());
     openDialog(*portal);
     portal.reset();
     // The dialog of the next portal opens only when the one before counts as ended.
@@ -185,7 +178,7 @@ TEST_F(FolderChoice, aPortalThatGoesAwayTakesItsDialogAlong)
 
 TEST_F(FolderChoice, withoutAPortalForFoldersQtsOwnDialogIsWorkedByKeyboard)
 {
-    TestPortal portal(bus.address());
+    FileChooserPortal portal(bus.address());
     const std::function<void()> troubles[] = {[&] { portal.version = 2; },
                                               [&] {
                                                   portal.version = 3;

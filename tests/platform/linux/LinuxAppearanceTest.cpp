@@ -1,26 +1,19 @@
 #include "LinuxAppearance.h"
 
 #include "TestBus.h"
+#include "TestPortal.h"
 
 #include <QDBusMessage>
 #include <QDBusVariant>
-#include <QDBusVirtualObject>
 #include <QElapsedTimer>
 
 namespace {
 
 /// A settings portal that answers as portals do: with a variant in a variant.
-class FakePortal : public QDBusVirtualObject
+class SettingsPortal : public TestPortal
 {
 public:
-    explicit FakePortal(const QString &address) : m_bus(QDBusConnection::connectToBus(address, "portal"))
-    {
-        EXPECT_TRUE(m_bus.registerVirtualObject("/org/freedesktop/portal/desktop", this));
-        EXPECT_TRUE(m_bus.registerService("org.freedesktop.portal.Desktop"));
-    }
-    ~FakePortal() override { QDBusConnection::disconnectFromBus("portal"); }
-
-    QString introspect(const QString &) const override { return {}; }
+    using TestPortal::TestPortal;
 
     bool handleMessage(const QDBusMessage &request, const QDBusConnection &bus) override
     {
@@ -42,7 +35,6 @@ public:
     QVariant scheme = 0U;
 
 private:
-    QDBusConnection m_bus;
 };
 
 class LinuxAppearanceTest : public testing::Test
@@ -62,7 +54,7 @@ protected:
 
 TEST_F(LinuxAppearanceTest, followsTheDesktop)
 {
-    FakePortal portal(bus.address());
+    SettingsPortal portal(bus.address());
     portal.scheme = 1U;
     const LinuxAppearance appearance(bus.address());
     int changes = 0;
@@ -90,7 +82,7 @@ TEST_F(LinuxAppearanceTest, withoutAPortalOrABusItIsLight)
     EXPECT_FALSE(LinuxAppearance("unix:path=/nowhere").isDark());
 
     // A portal that comes later is heard.
-    FakePortal portal(bus.address());
+    SettingsPortal portal(bus.address());
     EXPECT_FALSE(appearance.isDark());
     portal.change("org.freedesktop.appearance", "color-scheme", 1U);
     EXPECT_TRUE(comesTrue([&] { return appearance.isDark(); }));
