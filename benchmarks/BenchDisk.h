@@ -6,8 +6,8 @@
 ///
 /// The first one's user has 150,000 files in 50 caches: per cache 10 × 10 folders of 30 files, a tenth of them
 /// media, four tenths documents. The second one has 200 applications of 12 files and, made anew each time, 200
-/// large caches. The third one's user has a million empty files in one folder. The fourth one has 500 applications with
-/// an icon of their own each.
+/// large caches. The third one's user has a million empty files in one folder. The fourth one has 500 applications,
+/// each with an icon of its own.
 class BenchDisk
 {
 public:

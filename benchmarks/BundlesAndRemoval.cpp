@@ -61,8 +61,7 @@ Figure stallFigure(const QString &what, const std::function<double()> &measure)
     std::vector<double> stalls(5);
     std::ranges::generate(stalls, measure);
     std::ranges::sort(stalls);
-    return {"longest stall, " + what, QStringLiteral("%1 ms").arg(stalls[2], 0, 'f', 1),
-            QStringLiteral("at most %1 ms").arg(mostMilliseconds), stalls[2] <= mostMilliseconds};
+    return atMost("longest stall, " + what, stalls[2], mostMilliseconds, QStringLiteral("ms"));
 }
 
 double stallOfRemoval(const BenchDisk &disk)

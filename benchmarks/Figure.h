@@ -17,6 +17,9 @@ struct Figure
     bool isMet = true;
 };
 
+/// A quantity in `unit`, with so many decimals, against "at most LIMIT UNIT".
+Figure atMost(const QString &what, double measured, double limit, const QString &unit, int decimals = 1);
+
 /// Each in the file of its name.
 std::vector<Figure> sizeWalk(const BenchDisk &disk);
 std::vector<Figure> mediaScan(const BenchDisk &disk);

@@ -28,6 +28,5 @@ std::vector<Figure> resultMemory(const BenchDisk &disk)
     if (files.size() != 50'000)
         qFatal("the tree has too few documents");
     const auto held = allocatedMebibytes() - before;
-    return {{"memory for 50,000 results", QStringLiteral("%1 MiB").arg(held, 0, 'f', 1),
-             QStringLiteral("at most %1 MiB").arg(most), held <= most}};
+    return {atMost("memory for 50,000 results", held, most, QStringLiteral("MiB"))};
 }

@@ -26,9 +26,7 @@ std::vector<Figure> snapshot(const BenchDisk &)
     }
     const auto first = milliseconds.front();
     std::ranges::sort(milliseconds);
-    const auto text = [](double value) { return QStringLiteral("%1 ms").arg(value, 0, 'f', 2); };
-    const auto budget = QStringLiteral("at most %1 ms").arg(most);
-    return {{"a snapshot of the computer, median of 1,000", text(milliseconds[rounds / 2]), budget,
-             milliseconds[rounds / 2] <= most},
-            {"the first one", text(first), budget, first <= most}};
+    const auto ms = QStringLiteral("ms");
+    return {atMost("a snapshot of the computer, median of 1,000", milliseconds[rounds / 2], most, ms, 2),
+            atMost("the first one", first, most, ms, 2)};
 }

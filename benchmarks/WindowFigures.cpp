@@ -51,12 +51,6 @@ template <typename Arguments> Probed medianOf(Arguments arguments)
     return {milliseconds[rounds / 2], counts[rounds / 2]};
 }
 
-Figure atMost(const QString &what, double measured, double most, const QString &unit)
-{
-    return {what, QStringLiteral("%1 %2").arg(measured, 0, 'f', 1).arg(unit),
-            QStringLiteral("at most %1 %2").arg(most).arg(unit), measured <= most};
-}
-
 } // namespace
 
 std::vector<Figure> windowFigures(const BenchDisk &disk)
