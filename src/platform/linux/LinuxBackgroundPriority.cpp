@@ -1,7 +1,6 @@
 #include "LinuxBackgroundPriority.h"
 
 #include <algorithm>
-#include <linux/ioprio.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -10,8 +9,14 @@ namespace {
 
 // Half of the way down: it still gets on while another program keeps the processor busy.
 constexpr int utilityNiceness = 10;
+
+// ioprio_set(2) has no wrapper in the C library, and the kernel's header for it is not always C++ (`int class` in an
+// update of 6.1): these are the call's own figures, which cannot change.
+constexpr int processOrThread = 1;
+constexpr int bestEffortClass = 2;
+constexpr int classShift = 13;
 // The last of the ordinary levels. The idle class may wait for ever on a busy disk.
-constexpr int utilityDiskPriority = IOPRIO_PRIO_VALUE(IOPRIO_CLASS_BE, 7);
+constexpr int utilityDiskPriority = bestEffortClass << classShift | 7;
 
 } // namespace
 
@@ -22,5 +27,5 @@ void LinuxBackgroundPriority::apply(TaskPriority priority) const
         return;
     const auto thread = static_cast<id_t>(gettid());
     setpriority(PRIO_PROCESS, thread, std::max(utilityNiceness, getpriority(PRIO_PROCESS, thread)));
-    syscall(SYS_ioprio_set, IOPRIO_WHO_PROCESS, thread, utilityDiskPriority);
+    syscall(SYS_ioprio_set, processOrThread, thread, utilityDiskPriority);
 }
