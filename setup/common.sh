@@ -1,25 +1,42 @@
 # What `run`, `test`, `bench` and `fuzz` share; sourced by them from the project's root.
 
+# packages GROUP...: the Debian packages of these groups of setup/packages, one a line, each by its name on this system.
+packages() {
+    local group line name
+    for group in "$@"; do
+        awk -v group="# $group" '/^#/ { take = ($0 == group); next } take && NF { print }' setup/packages
+    done | while read -r line; do
+        name=$line
+        while [[ $name == *"|"* ]] && ! apt-cache show "${name%%|*}" >/dev/null 2>&1; do name=${name#*|}; done
+        echo "${name%%|*}"
+    done
+}
+
+# not_installed GROUP...: those of them that are missing.
+not_installed() {
+    local package
+    for package in $(packages "$@"); do
+        dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed || echo "$package"
+    done
+}
+
 # install GROUP...: makes sure that the Debian packages of these groups of setup/packages are there.
 # Names what is missing before it installs it; uses sudo only when not root.
 install() {
-    local group wanted missing=() package
-    wanted=$(for group in "$@"; do
-        awk -v group="# $group" '/^#/ { take = ($0 == group); next } take && NF { print }' setup/packages
-    done)
-    for package in $wanted; do
-        dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
-    done
-    [ ${#missing[@]} -eq 0 ] && return 0
+    local missing
+    missing=$(not_installed "$@")
+    [ -n "$missing" ] || return 0
     if ! command -v apt-get >/dev/null; then
-        echo "These Debian packages are needed, and this system has no apt-get to install them: ${missing[*]}" >&2
+        echo "These Debian packages are needed, and this system has no apt-get to install them:" $missing >&2
         return 1
     fi
-    echo "Installing what is missing: ${missing[*]}"
+    echo "Installing what is missing:" $missing
     local as_root=()
     [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+    # Asked for again in between: which name is this system's may only be known now.
     "${as_root[@]}" apt-get update -qq &&
-        "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >build/apt.log 2>&1 ||
+        missing=$(not_installed "$@") &&
+        "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >build/apt.log 2>&1 ||
         { echo "Installing failed; the end of build/apt.log:" >&2; tail -n 20 build/apt.log >&2; return 1; }
 }
 
