@@ -2,17 +2,17 @@
 
 #include "BareLoop.h"
 #include "BenchDisk.h"
+#include "DiskBundleReader.h"
 #include "JunkScanner.h"
 #include "LeftoverScanner.h"
 #include "LinuxApplicationRegistry.h"
-#include "LinuxBundleReader.h"
 #include "LinuxFileSystem.h"
 #include "SideBySide.h"
 
 std::vector<Figure> libraryScans(const BenchDisk &disk)
 {
     const LinuxFileSystem fileSystem(disk.tree(), BenchDisk::home(), {});
-    const LinuxBundleReader bundleReader(fileSystem, {});
+    const DiskBundleReader bundleReader(fileSystem, {});
     const LinuxApplicationRegistry registry(disk.tree(), fileSystem, bundleReader);
     const LeftoverScanner leftovers(fileSystem, registry);
     const JunkScanner junk(fileSystem);

@@ -1,16 +1,16 @@
 // The exact-name search in the Library, against `find -maxdepth 6 -iname`.
 
 #include "BenchDisk.h"
+#include "DiskBundleReader.h"
 #include "LeftoverScanner.h"
 #include "LinuxApplicationRegistry.h"
-#include "LinuxBundleReader.h"
 #include "LinuxFileSystem.h"
 #include "SideBySide.h"
 
 std::vector<Figure> nameSearch(const BenchDisk &disk)
 {
     const LinuxFileSystem fileSystem(disk.tree(), BenchDisk::home(), {});
-    const LinuxBundleReader bundleReader(fileSystem, {});
+    const DiskBundleReader bundleReader(fileSystem, {});
     const LinuxApplicationRegistry registry(disk.tree(), fileSystem, bundleReader);
     const LeftoverScanner scanner(fileSystem, registry);
     const auto search = [&] { scanner.searchItems("com.example.tool999"); };

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "DiskBundleReader.h"
+#include "DiskCodeSignature.h"
 #include "LinuxApplicationRegistry.h"
 #include "LinuxBackgroundPriority.h"
-#include "LinuxBundleReader.h"
-#include "LinuxCodeSignature.h"
 #include "LinuxFileSystem.h"
 #include "LinuxHelperService.h"
 #include "LinuxSystemFacts.h"
@@ -34,8 +34,8 @@ public:
 
 private:
     LinuxFileSystem m_fileSystem;
-    LinuxBundleReader m_bundleReader;
-    LinuxCodeSignature m_codeSignature;
+    DiskBundleReader m_bundleReader;
+    DiskCodeSignature m_codeSignature;
     LinuxApplicationRegistry m_applicationRegistry;
     LinuxSystemFacts m_systemFacts;
     LinuxBackgroundPriority m_backgroundPriority;

@@ -1,6 +1,6 @@
 #include "BundleIcon.h"
-#include "LinuxBundleReader.h"
-#include "LinuxCodeSignature.h"
+#include "DiskBundleReader.h"
+#include "DiskCodeSignature.h"
 #include "LinuxFileSystem.h"
 #include "TemporaryDisk.h"
 
@@ -33,9 +33,9 @@ protected:
     /// Nothing comes out of the bundle, and this returns.
     void expectNothing() const
     {
-        const auto opened = LinuxBundleReader(fileSystem, {"pl"}).open(bundle);
+        const auto opened = DiskBundleReader(fileSystem, {"pl"}).open(bundle);
         EXPECT_TRUE(!opened || !opened->identifier());
-        EXPECT_FALSE(LinuxCodeSignature(fileSystem).entitlements(bundle));
+        EXPECT_FALSE(DiskCodeSignature(fileSystem).entitlements(bundle));
         EXPECT_TRUE(bundleIcon(fileSystem, bundle).isEmpty());
     }
 
@@ -52,7 +52,7 @@ TEST_F(HostileBundleTest, pipes)
     expectNothing();
     std::filesystem::remove(disk.host(files[0]));
     disk.file(files[0], "{ CFBundleIconFile = AppIcon; CFBundleName = Notes; }");
-    EXPECT_EQ(LinuxBundleReader(fileSystem, {"pl"}).open(bundle)->text("CFBundleName"), "Notes");
+    EXPECT_EQ(DiskBundleReader(fileSystem, {"pl"}).open(bundle)->text("CFBundleName"), "Notes");
     expectNothing();
 }
 

@@ -1,4 +1,4 @@
-#include "LinuxCodeSignature.h"
+#include "DiskCodeSignature.h"
 
 #include "InMemoryFileSystem.h"
 #include "SignedProgram.h"
@@ -17,13 +17,10 @@ const QVariantMap groups{
 };
 const QVariantMap others{{"a", "b"}};
 
-class LinuxCodeSignatureTest : public testing::Test
+class DiskCodeSignatureTest : public testing::Test
 {
 protected:
-    std::optional<QVariantMap> entitlements() const
-    {
-        return LinuxCodeSignature(disk).entitlements(disk.url(app));
-    }
+    std::optional<QVariantMap> entitlements() const { return DiskCodeSignature(disk).entitlements(disk.url(app)); }
 
     std::optional<QVariantMap> entitlementsOf(const QByteArray &program)
     {
@@ -37,7 +34,7 @@ protected:
 
 } // namespace
 
-TEST_F(LinuxCodeSignatureTest, programsOfEveryWordSizeAndByteOrder)
+TEST_F(DiskCodeSignatureTest, programsOfEveryWordSizeAndByteOrder)
 {
     for (const auto wordSize : {WordSize::bits32, WordSize::bits64}) {
         for (const auto order : {QSysInfo::BigEndian, QSysInfo::LittleEndian}) {
@@ -51,7 +48,7 @@ TEST_F(LinuxCodeSignatureTest, programsOfEveryWordSizeAndByteOrder)
     }
 }
 
-TEST_F(LinuxCodeSignatureTest, whatIsCutShortOrNoProgramHasNone)
+TEST_F(DiskCodeSignatureTest, whatIsCutShortOrNoProgramHasNone)
 {
     const auto program = SignedProgram{{}, groups}.file();
     for (qsizetype size = 0; size < program.size(); ++size)
@@ -60,7 +57,7 @@ TEST_F(LinuxCodeSignatureTest, whatIsCutShortOrNoProgramHasNone)
     EXPECT_EQ(entitlementsOf(QByteArray("\xca\xfe\xba\xbe\0\0\0\x37\0\x1d", 10)), std::nullopt);
 }
 
-TEST_F(LinuxCodeSignatureTest, theExecutableIsTheOneThatTheBundleNames)
+TEST_F(DiskCodeSignatureTest, theExecutableIsTheOneThatTheBundleNames)
 {
     disk.fileWithContent(macOS + "Notes", SignedProgram{groups, {}}.file());
     const auto named = [&](const QByteArray &name) {

@@ -1,4 +1,4 @@
-#include "LinuxBundleReader.h"
+#include "DiskBundleReader.h"
 
 #include "BundleLayout.h"
 #include "FileSystem.h"
@@ -32,12 +32,12 @@ QStringList translationFolders(const FileSystem &fileSystem, const Url &resource
 
 } // namespace
 
-LinuxBundleReader::LinuxBundleReader(const FileSystem &fileSystem, QStringList preferredLanguages)
+DiskBundleReader::DiskBundleReader(const FileSystem &fileSystem, QStringList preferredLanguages)
     : m_fileSystem(fileSystem), m_preferredLanguages(std::move(preferredLanguages))
 {
 }
 
-std::optional<Bundle> LinuxBundleReader::open(const Url &url) const
+std::optional<Bundle> DiskBundleReader::open(const Url &url) const
 {
     if (!m_fileSystem.isDirectory(url))
         return std::nullopt;
@@ -56,8 +56,8 @@ std::optional<Bundle> LinuxBundleReader::open(const Url &url) const
 }
 
 // The first translation that has information is used whole: a bundle never shows two languages at once.
-QVariantMap LinuxBundleReader::localizedInformation(const BundleLayout &layout,
-                                                    const QString &developmentRegion) const
+QVariantMap DiskBundleReader::localizedInformation(const BundleLayout &layout,
+                                                   const QString &developmentRegion) const
 {
     const auto table =
         readPropertyListFile(m_fileSystem, layout.resources / "InfoPlist.loctable").value_or(QVariantMap());
@@ -73,7 +73,7 @@ QVariantMap LinuxBundleReader::localizedInformation(const BundleLayout &layout,
     return {};
 }
 
-Url LinuxBundleReader::mainBundleUrl() const
+Url DiskBundleReader::mainBundleUrl() const
 {
     std::error_code error;
     const auto program = std::filesystem::read_symlink("/proc/self/exe", error);

@@ -1,4 +1,4 @@
-#include "LinuxBundleReader.h"
+#include "DiskBundleReader.h"
 
 #include "InMemoryFileSystem.h"
 
@@ -8,7 +8,7 @@ namespace {
 
 const QByteArray app = "/Applications/Notes.app";
 
-class LinuxBundleReaderTest : public testing::Test
+class DiskBundleReaderTest : public testing::Test
 {
 protected:
     void information(const QByteArray &path, const QByteArray &text) { disk.fileWithContent(app + path, text); }
@@ -16,7 +16,7 @@ protected:
     /// What the bundle says under `key` to a user of these languages; "-" for nothing.
     std::string text(const char *key, const QStringList &languages = {"pl-PL", "en"}) const
     {
-        const auto bundle = LinuxBundleReader(disk, languages).open(disk.url(app));
+        const auto bundle = DiskBundleReader(disk, languages).open(disk.url(app));
         return bundle ? bundle->text(key).value_or("-").toStdString() : "no bundle";
     }
     std::string name(const QStringList &languages = {"pl-PL", "en"}) const
@@ -29,7 +29,7 @@ protected:
 
 } // namespace
 
-TEST_F(LinuxBundleReaderTest, informationIsFoundInEveryLayout)
+TEST_F(DiskBundleReaderTest, informationIsFoundInEveryLayout)
 {
     for (const auto *place : {"/Contents/Info.plist", "/Info.plist", "/Resources/Info.plist",
                               "/Versions/Current/Resources/Info.plist", "/WrappedBundle/Info.plist"}) {
@@ -41,7 +41,7 @@ TEST_F(LinuxBundleReaderTest, informationIsFoundInEveryLayout)
     EXPECT_EQ(text("CFBundleIdentifier"), "no bundle") << "a folder of contents decides for itself";
 }
 
-TEST_F(LinuxBundleReaderTest, whatCannotBeReadIsNoBundle)
+TEST_F(DiskBundleReaderTest, whatCannotBeReadIsNoBundle)
 {
     EXPECT_EQ(name(), "no bundle");
     const auto path = app + "/Contents/Info.plist";
@@ -52,10 +52,10 @@ TEST_F(LinuxBundleReaderTest, whatCannotBeReadIsNoBundle)
     }
     disk.folder(path);
     EXPECT_EQ(name(), "no bundle");
-    EXPECT_FALSE(LinuxBundleReader(disk, {}).open(disk.url(path)));
+    EXPECT_FALSE(DiskBundleReader(disk, {}).open(disk.url(path)));
 }
 
-TEST_F(LinuxBundleReaderTest, valuesFollowTheUsersLanguages)
+TEST_F(DiskBundleReaderTest, valuesFollowTheUsersLanguages)
 {
     information("/Contents/Info.plist", "{ CFBundleName = Notes; CFBundleDevelopmentRegion = en; Other = 1; }");
     information("/Contents/Resources/en.lproj/InfoPlist.strings", "CFBundleName = English;");
@@ -84,7 +84,7 @@ TEST_F(LinuxBundleReaderTest, valuesFollowTheUsersLanguages)
     EXPECT_EQ(name({}), "English");
 }
 
-TEST_F(LinuxBundleReaderTest, theCompiledTableIsATranslation)
+TEST_F(DiskBundleReaderTest, theCompiledTableIsATranslation)
 {
     information("/Contents/Info.plist", "{ CFBundleName = Notes; CFBundleDisplayName = (1); }");
     information("/Contents/Resources/InfoPlist.loctable",

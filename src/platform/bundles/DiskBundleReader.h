@@ -8,12 +8,12 @@ class FileSystem;
 struct BundleLayout;
 
 /// Reads bundles from the disk that `fileSystem` shows.
-class LinuxBundleReader : public BundleReader
+class DiskBundleReader : public BundleReader
 {
 public:
     /// `preferredLanguages` are tags such as "pl-PL", the user's first choice first. `fileSystem` outlives the
     /// reader.
-    LinuxBundleReader(const FileSystem &fileSystem, QStringList preferredLanguages);
+    DiskBundleReader(const FileSystem &fileSystem, QStringList preferredLanguages);
 
     std::optional<Bundle> open(const Url &url) const override;
     Url mainBundleUrl() const override;

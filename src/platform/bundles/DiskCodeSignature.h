@@ -5,11 +5,11 @@
 class FileSystem;
 
 /// Reads the signatures of bundles on the disk that `fileSystem` shows.
-class LinuxCodeSignature : public CodeSignature
+class DiskCodeSignature : public CodeSignature
 {
 public:
     /// `fileSystem` outlives it.
-    explicit LinuxCodeSignature(const FileSystem &fileSystem) : m_fileSystem(fileSystem) { }
+    explicit DiskCodeSignature(const FileSystem &fileSystem) : m_fileSystem(fileSystem) { }
 
     std::optional<QVariantMap> entitlements(const Url &bundle) const override;
 

@@ -1,4 +1,4 @@
-#include "LinuxCodeSignature.h"
+#include "DiskCodeSignature.h"
 
 #include "BundleLayout.h"
 #include "Entitlements.h"
@@ -22,7 +22,7 @@ std::optional<QByteArray> executableName(const QVariantMap &information, const U
 
 } // namespace
 
-std::optional<QVariantMap> LinuxCodeSignature::entitlements(const Url &bundle) const
+std::optional<QVariantMap> DiskCodeSignature::entitlements(const Url &bundle) const
 {
     const auto layout = bundleLayout(m_fileSystem, bundle);
     const auto information = readPropertyListFile(m_fileSystem, layout.information / "Info.plist");
