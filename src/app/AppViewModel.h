@@ -240,6 +240,12 @@ private:
         return filledText(localizedText(key, m_language), arguments...);
     }
 
+    /// Puts that text into the status line.
+    template <typename... Arguments> void say(QStringView key, const Arguments &...arguments)
+    {
+        setStatus(text(key, arguments...));
+    }
+
     /// The busy check: false when another workflow runs. Otherwise the object is busy from here on and shows the
     /// progress text under `key`.
     bool begin(QStringView key);

@@ -6,8 +6,7 @@
 #include "PrivilegedHelperClient.h"
 #include "ScanWorkflows.h"
 #include "TrashService.h"
-
-#include <QPointer>
+#include "WhileAlive.h"
 
 #include <algorithm>
 
@@ -79,7 +78,7 @@ void RemovalWorkflow::requestDeletion(ScanScope scope)
     auto selected = items(scope).rows();
     selected.removeIf([](const ScanItem &item) { return !item.isSelected; });
     if (selected.isEmpty())
-        return m_state.setStatus(m_state.text(u"no_selection"));
+        return m_state.say(u"no_selection");
     m_state.setPendingDeletion(DeletionRequest{QUuid::createUuid(), scope, std::move(selected)});
 }
 
@@ -89,28 +88,21 @@ QCoro::Task<> RemovalWorkflow::confirmDeletion(DeletionRequest request)
 
     if (!m_state.begin(u"move_to_trash"))
         co_return;
-    const QPointer state(&m_state);
     auto deletion = performDeletion(std::move(request));
     co_await deletion;
-    if (!state)
-        co_return;
     m_state.finish();
 }
 
 QCoro::Task<> RemovalWorkflow::performDeletion(DeletionRequest request)
 {
-    const QPointer state(&m_state);
     const auto trashService = m_trashService;
     const auto &application = m_state.selectedApplication();
     std::optional<QString> bundleIdentifier;
     if (request.scope == ScanScope::uninstaller && application)
         bundleIdentifier = application->bundleIdentifier;
 
-    auto removal = trashService->moveToTrash(request.items, bundleIdentifier);
-    const QList<DeletionOutcome> outcomes = co_await removal;
-    if (!state)
-        co_return;
-
+    auto removal = whileAlive(&m_state, trashService->moveToTrash(request.items, bundleIdentifier));
+    const auto outcomes = co_await removal;
     const auto report = summary(outcomes);
     m_state.setLastReport(report);
     const auto moved = movedPaths(outcomes);
@@ -124,11 +116,8 @@ QCoro::Task<> RemovalWorkflow::performDeletion(DeletionRequest request)
 
 QCoro::Task<> RemovalWorkflow::refreshCatalog()
 {
-    const QPointer state(&m_state);
-    const auto scan = m_state.scans().startCatalogScan();
+    auto scan = whileAlive(&m_state, m_state.scans().startCatalogScan());
     auto found = co_await scan;
-    if (!state)
-        co_return;
     m_state.m_applications.replace(std::move(found));
     if (m_state.selectedApplicationRow() < 0)
         m_state.setSelectedApplication({});
@@ -151,19 +140,19 @@ void RemovalWorkflow::announce(ScanScope scope, const OperationReport &report)
 {
     if (report.failures.isEmpty()) {
         const auto freed = formattedByteCount(report.bytesFreed, ByteCountStyle::file);
-        return m_state.setStatus(m_state.text(u"delete_success", report.deletedCount, freed));
+        return m_state.say(u"delete_success", report.deletedCount, freed);
     }
 
     const auto onlyTrash = std::ranges::all_of(report.failures, isAboutTrash);
     if (onlyTrash && scope == ScanScope::uninstaller) {
-        m_state.setStatus(m_state.text(u"uninstall_completed_with_notes_status"));
+        m_state.say(u"uninstall_completed_with_notes_status");
         notify(u"uninstall_completed_with_notes_title", m_state.text(u"uninstall_completed_with_notes_message"));
     } else if (onlyTrash && scope == ScanScope::leftovers) {
-        m_state.setStatus(m_state.text(u"leftovers_completed_with_notes_status"));
+        m_state.say(u"leftovers_completed_with_notes_status");
         notify(u"leftovers_completed_with_notes_title",
                m_state.text(u"leftovers_completed_with_notes_message", report.deletedCount, report.failedCount));
     } else {
-        m_state.setStatus(m_state.text(u"delete_partial", report.deletedCount, report.failedCount));
+        m_state.say(u"delete_partial", report.deletedCount, report.failedCount);
         notify(u"deletion_failed_title", listed(report.failures));
     }
 }

@@ -5,9 +5,8 @@
 #include "BundleReader.h"
 #include "FolderChooser.h"
 #include "Platform.h"
+#include "WhileAlive.h"
 #include "Workspace.h"
-
-#include <QPointer>
 
 namespace {
 
@@ -53,16 +52,9 @@ QCoro::Task<> ScanWorkflows::loadApplications(bool force)
 {
     if (!force && !m_state.m_applications.isEmpty())
         co_return;
-
-    if (!m_state.begin(u"loading_apps"))
-        co_return;
-    const QPointer state(&m_state);
-    const auto scan = startCatalogScan();
-    auto found = co_await scan;
-    if (!state)
-        co_return;
-    m_state.m_applications.replace(std::move(found));
-    m_state.finish({});
+    auto filling = fill(m_state.m_applications, {.progress = u"loading_apps"}, TaskPriority::userInitiated,
+                        &ApplicationCatalogScanner::scanApplications, &m_catalogScanner);
+    co_await filling;
 }
 
 QCoro::Task<> ScanWorkflows::scanApplicationByName()
@@ -70,19 +62,14 @@ QCoro::Task<> ScanWorkflows::scanApplicationByName()
     if (m_state.applicationQuery().trimmed().isEmpty())
         co_return;
 
-    const QPointer state(&m_state);
     auto loading = loadApplications(/*force*/ false);
     co_await loading;
-    if (!state)
-        co_return;
     const auto application =
         ApplicationCatalogScanner::findApplication(m_state.applicationQuery(), m_state.applications());
     if (!application) {
         m_state.m_associatedItems.clear();
-        m_state.setStatus(m_state.text(u"no_match"));
-        co_return;
+        co_return m_state.say(u"no_match");
     }
-    m_state.setSelectedApplication(application);
     auto scanning = scan(*application);
     co_await scanning;
 }
@@ -91,19 +78,8 @@ QCoro::Task<> ScanWorkflows::scan(InstalledApplication application)
 {
     m_state.setSelectedApplication(application);
     m_state.m_associatedItems.clear();
-
-    if (!m_state.begin(u"scanning"))
-        co_return;
-    const QPointer state(&m_state);
-    const auto scan = m_state.m_background.runInBackground(TaskPriority::userInitiated,
-                                                           &AssociatedFileScanner::scanAssociatedFiles,
-                                                           &m_associatedScanner, application);
-    auto found = co_await scan;
-    if (!state)
-        co_return;
-    const auto closingText = found.isEmpty() ? m_state.text(u"no_files") : QString();
-    m_state.m_associatedItems.replace(std::move(found));
-    m_state.finish(closingText);
+    return fill(m_state.m_associatedItems, {u"scanning", u"no_files"}, TaskPriority::userInitiated,
+                &AssociatedFileScanner::scanAssociatedFiles, &m_associatedScanner, application);
 }
 
 QCoro::Task<> ScanWorkflows::handleDroppedApplication(Url url)
@@ -113,8 +89,7 @@ QCoro::Task<> ScanWorkflows::handleDroppedApplication(Url url)
     if (!application) {
         m_state.m_associatedItems.clear();
         m_state.setSelectedApplication({});
-        m_state.setStatus(m_state.text(u"drop_invalid_app"));
-        co_return;
+        co_return m_state.say(u"drop_invalid_app");
     }
     m_state.setApplicationQuery(application->name);
     auto scanning = scan(*application);
@@ -144,91 +119,45 @@ std::optional<InstalledApplication> ScanWorkflows::applicationFromDroppedBundle(
 
 QCoro::Task<> ScanWorkflows::scanLeftovers()
 {
-    const QPointer state(&m_state);
     auto loading = loadApplications(/*force*/ false);
     co_await loading;
-    if (!state)
-        co_return;
     m_state.m_leftoverItems.clear();
     QSet<QString> knownIdentifiers;
     for (const auto &application : m_state.applications())
         knownIdentifiers.insert(application.bundleIdentifier);
 
-    if (!m_state.begin(u"scanning"))
-        co_return;
-    const auto scan = m_state.m_background.runInBackground(
-        TaskPriority::userInitiated, &LeftoverScanner::scanLeftovers, &m_leftoverScanner, knownIdentifiers);
-    auto found = co_await scan;
-    if (!state)
-        co_return;
-    const auto closingText = found.isEmpty() ? m_state.text(u"nothing_found") : QString();
-    m_state.m_leftoverItems.replace(std::move(found));
-    m_state.finish(closingText);
+    auto filling = fill(m_state.m_leftoverItems, {u"scanning", u"nothing_found"}, TaskPriority::userInitiated,
+                        &LeftoverScanner::scanLeftovers, &m_leftoverScanner, knownIdentifiers);
+    co_await filling;
 }
 
 QCoro::Task<> ScanWorkflows::searchLeftovers()
 {
     const auto query = m_state.leftoverQuery();
     m_state.m_leftoverItems.clear();
-    if (!LeftoverScanner::validatedSearchName(query)) {
-        m_state.setStatus(m_state.text(u"leftover_search_invalid"));
-        co_return;
-    }
-
-    if (!m_state.begin(u"searching"))
-        co_return;
-    const QPointer state(&m_state);
-    const auto search = m_state.m_background.runInBackground(
-        TaskPriority::userInitiated, &LeftoverScanner::searchItems, &m_leftoverScanner, query);
-    auto found = co_await search;
-    if (!state)
-        co_return;
-    const auto closingText = found.isEmpty() ? m_state.text(u"leftover_search_no_results")
-                                             : m_state.text(u"leftover_search_results", found.size());
-    m_state.m_leftoverItems.replace(std::move(found));
-    m_state.finish(closingText);
+    if (!LeftoverScanner::validatedSearchName(query))
+        co_return m_state.say(u"leftover_search_invalid");
+    auto filling =
+        fill(m_state.m_leftoverItems, {u"searching", u"leftover_search_no_results", u"leftover_search_results"},
+             TaskPriority::userInitiated, &LeftoverScanner::searchItems, &m_leftoverScanner, query);
+    co_await filling;
 }
 
 QCoro::Task<> ScanWorkflows::scanCleaner()
 {
     m_state.m_cleanerItems.clear();
-
-    if (!m_state.begin(u"scanning"))
-        co_return;
-    const QPointer state(&m_state);
-    const auto scan = m_state.m_background.runInBackground(TaskPriority::utility, &JunkScanner::scanCachesAndLogs,
-                                                           &m_junkScanner, smallestJunk);
-    auto found = co_await scan;
-    if (!state)
-        co_return;
-    const auto closingText = found.isEmpty() ? m_state.text(u"nothing_found") : QString();
-    m_state.m_cleanerItems.replace(std::move(found));
-    m_state.finish(closingText);
+    return fill(m_state.m_cleanerItems, {u"scanning", u"nothing_found"}, TaskPriority::utility,
+                &JunkScanner::scanCachesAndLogs, &m_junkScanner, smallestJunk);
 }
 
 QCoro::Task<> ScanWorkflows::chooseMediaFolder()
 {
-    const QPointer state(&m_state);
-    const auto choice =
-        m_folderChooser.chooseFolder(m_state.text(u"media_choose_folder"), m_state.text(u"choose"));
-    const auto folder = co_await choice;
-    if (!state || !folder)
-        co_return;
-    m_state.setSelectedMediaFolder(folder);
-    m_state.m_mediaFiles.clear();
-    m_state.setStatus({});
+    return chooseFolder(u"media_choose_folder", &AppViewModel::setSelectedMediaFolder, m_state.m_mediaFiles);
 }
 
 QCoro::Task<> ScanWorkflows::chooseTextFolder()
 {
-    const QPointer state(&m_state);
-    const auto choice = m_folderChooser.chooseFolder(m_state.text(u"text_choose_folder"), m_state.text(u"choose"));
-    const auto folder = co_await choice;
-    if (!state || !folder)
-        co_return;
-    m_state.setSelectedTextFolder(folder);
-    m_state.m_textFiles.clear();
-    m_state.setStatus({});
+    return chooseFolder(u"text_choose_folder", &AppViewModel::setSelectedTextFolder, m_state.m_textFiles);
 }
 
 QCoro::Task<> ScanWorkflows::scanMedia()
@@ -236,24 +165,15 @@ QCoro::Task<> ScanWorkflows::scanMedia()
     const auto folder = m_state.selectedMediaFolder();
     const auto categories = m_state.selectedMediaCategories();
     if (!folder)
-        co_return m_state.setStatus(m_state.text(u"media_select_folder_first"));
+        co_return m_state.say(u"media_select_folder_first");
     if (categories.isEmpty())
-        co_return m_state.setStatus(m_state.text(u"media_select_category"));
+        co_return m_state.say(u"media_select_category");
 
     m_state.m_mediaFiles.clear();
-    if (!m_state.begin(u"media_scanning"))
-        co_return;
-    const QPointer state(&m_state);
-    const auto scan =
-        m_state.m_background.runInBackground(TaskPriority::userInitiated, &MediaScanner::scanMediaFiles,
-                                             &m_mediaScanner, *folder, categories, mostFinderResults);
-    auto found = co_await scan;
-    if (!state)
-        co_return;
-    const auto closingText =
-        found.isEmpty() ? m_state.text(u"media_no_results") : m_state.text(u"media_results", found.size());
-    m_state.m_mediaFiles.replace(std::move(found));
-    m_state.finish(closingText);
+    auto filling = fill(m_state.m_mediaFiles, {u"media_scanning", u"media_no_results", u"media_results"},
+                        TaskPriority::userInitiated, &MediaScanner::scanMediaFiles, &m_mediaScanner, *folder,
+                        categories, mostFinderResults);
+    co_await filling;
 }
 
 QCoro::Task<> ScanWorkflows::scanTextFiles()
@@ -261,28 +181,49 @@ QCoro::Task<> ScanWorkflows::scanTextFiles()
     const auto folder = m_state.selectedTextFolder();
     const auto categories = m_state.selectedTextFileCategories();
     if (!folder)
-        co_return m_state.setStatus(m_state.text(u"text_select_folder_first"));
+        co_return m_state.say(u"text_select_folder_first");
     if (categories.isEmpty())
-        co_return m_state.setStatus(m_state.text(u"text_select_category"));
+        co_return m_state.say(u"text_select_category");
 
     m_state.m_textFiles.clear();
-    if (!m_state.begin(u"text_scanning"))
-        co_return;
-    const QPointer state(&m_state);
-    const auto scan =
-        m_state.m_background.runInBackground(TaskPriority::userInitiated, &TextFileScanner::scanTextFiles,
-                                             &m_textFileScanner, *folder, categories, mostFinderResults);
-    auto found = co_await scan;
-    if (!state)
-        co_return;
-    const auto closingText =
-        found.isEmpty() ? m_state.text(u"text_no_results") : m_state.text(u"text_results", found.size());
-    m_state.m_textFiles.replace(std::move(found));
-    m_state.finish(closingText);
+    auto filling = fill(m_state.m_textFiles, {u"text_scanning", u"text_no_results", u"text_results"},
+                        TaskPriority::userInitiated, &TextFileScanner::scanTextFiles, &m_textFileScanner, *folder,
+                        categories, mostFinderResults);
+    co_await filling;
 }
 
 QFuture<QList<InstalledApplication>> ScanWorkflows::startCatalogScan()
 {
     return m_state.m_background.runInBackground(TaskPriority::userInitiated,
                                                 &ApplicationCatalogScanner::scanApplications, &m_catalogScanner);
+}
+
+template <typename Row, typename Function, typename... Arguments>
+QCoro::Task<> ScanWorkflows::fill(ListModel<Row> &list, Announcement texts, TaskPriority priority,
+                                  Function function, Arguments... arguments)
+{
+    if (!m_state.begin(texts.progress))
+        co_return;
+    auto work =
+        whileAlive(&m_state, m_state.m_background.runInBackground(priority, function, std::move(arguments)...));
+    auto found = co_await work;
+    const auto closingText =
+        found.isEmpty() ? m_state.text(texts.nothing) : m_state.text(texts.found, found.size());
+    list.replace(std::move(found));
+    m_state.finish(closingText);
+}
+
+template <typename Row>
+QCoro::Task<> ScanWorkflows::chooseFolder(QStringView titleKey,
+                                          void (AppViewModel::*setFolder)(std::optional<Url>),
+                                          ListModel<Row> &list)
+{
+    auto choice =
+        whileAlive(&m_state, m_folderChooser.chooseFolder(m_state.text(titleKey), m_state.text(u"choose")));
+    const auto folder = co_await choice;
+    if (!folder)
+        co_return;
+    (m_state.*setFolder)(folder);
+    list.clear();
+    m_state.setStatus({});
 }

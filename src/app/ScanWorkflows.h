@@ -2,13 +2,15 @@
 
 #include "ApplicationCatalogScanner.h"
 #include "AssociatedFileScanner.h"
+#include "BackgroundPriority.h"
 #include "JunkScanner.h"
 #include "LeftoverScanner.h"
+#include "ListModel.h"
 #include "MediaScanner.h"
 #include "TextFileScanner.h"
 
-#include <QCoro/QCoroFuture>
 #include <QCoro/QCoroTask>
+#include <QFuture>
 
 #include <optional>
 
@@ -42,6 +44,27 @@ public:
     QFuture<QList<InstalledApplication>> startCatalogScan();
 
 private:
+    /// What the status line says of a scan, as keys of texts.
+    struct Announcement
+    {
+        QStringView progress;
+        /// At the end: when nothing was found, and, with the number, when something was. Left out where the result
+        /// speaks for itself.
+        QStringView nothing = {};
+        QStringView found = {};
+    };
+
+    /// The common sequence of a scan from its busy check to its end: `function(arguments...)` finds, on another
+    /// thread, what takes the place of all that `list` holds.
+    template <typename Row, typename Function, typename... Arguments>
+    QCoro::Task<> fill(ListModel<Row> &list, Announcement texts, TaskPriority priority, Function function,
+                       Arguments... arguments);
+
+    /// Asks for a folder; one that is chosen empties the list of what was found in the one before.
+    template <typename Row>
+    QCoro::Task<> chooseFolder(QStringView titleKey, void (AppViewModel::*setFolder)(std::optional<Url>),
+                               ListModel<Row> &list);
+
     /// The application that the bundle at `dropped` is; absent when it is not one. Measures the bundle, and
     /// blocks.
     std::optional<InstalledApplication> applicationFromDroppedBundle(const Url &dropped) const;
