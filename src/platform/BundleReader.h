@@ -2,6 +2,7 @@
 
 #include "Url.h"
 
+#include <QByteArray>
 #include <QString>
 #include <QVariant>
 
@@ -40,6 +41,9 @@ public:
 
     /// Absent when there is no folder at `url` or its information dictionary cannot be read.
     virtual std::optional<Bundle> open(const Url &url) const = 0;
+
+    /// The bytes of the picture that stands for the bundle at `url` (.icns or .png); empty when it has none.
+    virtual QByteArray iconData(const Url &url) const = 0;
 
     /// Where our own bundle is; off the Mac, the folder that the program was started from.
     virtual Url mainBundleUrl() const = 0;

@@ -2,7 +2,6 @@
 
 #include "Url.h"
 
-#include <QByteArray>
 #include <QFuture>
 #include <QHash>
 #include <QString>
@@ -18,7 +17,7 @@ struct RecycleAnswer
     std::optional<QString> error;
 };
 
-/// The desktop: its Trash, its file manager, its icons. Called on the main thread only.
+/// The desktop: its Trash and its file manager. Called on the main thread only.
 class Workspace
 {
 public:
@@ -31,10 +30,6 @@ public:
     /// Shows `item` selected in the desktop's file manager, else the folder that holds it; nothing happens where
     /// the desktop can do neither. Returns at once.
     virtual void reveal(const Url &item) = 0;
-
-    /// The bytes of the picture that stands for the bundle at `bundle` (.icns or .png); empty when it has none.
-    /// An exception to the rule above: safe to call from any thread, and reads the disk.
-    virtual QByteArray iconData(const Url &bundle) const = 0;
 
     /// Asks for access to a location that the user chose or dropped. True when access was granted and has to be
     /// given back with `stopAccessing`; false where the system has no such grants.

@@ -1,8 +1,8 @@
 #include "BundleIconProvider.h"
 
 #include "BundleIcon.h"
+#include "BundleReader.h"
 #include "FileSystem.h"
-#include "Workspace.h"
 
 #include <QFutureWatcher>
 #include <QtConcurrentRun>
@@ -37,8 +37,8 @@ private:
 
 } // namespace
 
-BundleIconProvider::BundleIconProvider(const Workspace &workspace, const FileSystem &fileSystem)
-    : m_workspace(workspace), m_fileSystem(fileSystem), m_icons(mostBytesKept)
+BundleIconProvider::BundleIconProvider(const BundleReader &bundleReader, const FileSystem &fileSystem)
+    : m_bundleReader(bundleReader), m_fileSystem(fileSystem), m_icons(mostBytesKept)
 {
     m_threads.setMaxThreadCount(mostThreads);
 }
@@ -64,7 +64,7 @@ QImage BundleIconProvider::icon(const Url &bundle, int side)
     if (const auto image = kept(key, modificationTime))
         return *image;
 
-    auto image = BundleIcon::decoded(m_workspace.iconData(bundle), side);
+    auto image = BundleIcon::decoded(m_bundleReader.iconData(bundle), side);
     if (image.isNull())
         image = BundleIcon::drawn(QString::fromUtf8(bundle.nameWithoutExtension()), side);
     const QMutexLocker lock(&m_mutex);

@@ -9,8 +9,8 @@
 
 #include <optional>
 
+class BundleReader;
 class FileSystem;
-class Workspace;
 
 /// Gives the pictures of application bundles to the window: "image://bundles/URI", where URI is the
 /// percent-encoded file URI of the bundle, percent-encoded once more so that no byte of it is touched on the way.
@@ -21,7 +21,7 @@ class BundleIconProvider : public QQuickAsyncImageProvider
 {
 public:
     /// Both outlive the provider.
-    BundleIconProvider(const Workspace &workspace, const FileSystem &fileSystem);
+    BundleIconProvider(const BundleReader &bundleReader, const FileSystem &fileSystem);
     ~BundleIconProvider() override;
 
     /// Called by the engine, on a thread of its own.
@@ -40,7 +40,7 @@ private:
 
     std::optional<QImage> kept(const Key &key, std::optional<qint64> modificationTime);
 
-    const Workspace &m_workspace;
+    const BundleReader &m_bundleReader;
     const FileSystem &m_fileSystem;
     QMutex m_mutex;
     /// Costs are bytes.

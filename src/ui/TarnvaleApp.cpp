@@ -45,7 +45,7 @@ TarnvaleApp::TarnvaleApp(const Platform &platform, Appearance &appearance, Locat
     dressApplication();
     m_engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
     m_engine->addImageProvider(QStringLiteral("bundles"),
-                               new BundleIconProvider(platform.workspace, platform.fileSystem));
+                               new BundleIconProvider(platform.bundleReader, platform.fileSystem));
     m_engine->addImageProvider(QStringLiteral("shadows"), new ShadowProvider);
     m_engine->addImageProvider(QStringLiteral("symbols"), new SymbolProvider);
     HostLocations::of(*m_engine).onDisk = std::move(onDisk);

@@ -4,6 +4,7 @@
 #include "AppViewModel.h"
 #include "ChosenAppearance.h"
 #include "ChosenFolder.h"
+#include "DiskBundleReader.h"
 #include "LinuxPlatform.h"
 #include "PrivilegedHelperClient.h"
 #include "Robot.h"
@@ -54,19 +55,7 @@ std::vector<std::string> namesIn(const fs::path &folder)
     return names;
 }
 
-/// The sample disk's bundles, read by a program that sits where a helper can be registered from.
-class InstalledProgram : public BundleReader
-{
-public:
-    explicit InstalledProgram(const BundleReader &bundles) : m_bundles(bundles) { }
-    std::optional<Bundle> open(const Url &url) const override { return m_bundles.open(url); }
-    Url mainBundleUrl() const override { return Url("/Applications/Tarnvale.app"); }
-
-private:
-    const BundleReader &m_bundles;
-};
-
-/// The program in its window, on the sample disk.
+/// The program in its window, on the sample disk; it sits where a helper can be registered from.
 class ForeignItems : public testing::Test
 {
 protected:
@@ -91,11 +80,19 @@ private:
     ChosenFolder m_folder;
     ChosenAppearance m_appearance;
     LinuxPlatform m_linux{DiskRoot(disk->folder().toUtf8()), disk->home(), m_folder, m_stop.get_token()};
-    InstalledProgram m_bundles{m_linux.services().bundleReader};
     const Platform &m_own = m_linux.services();
-    TarnvaleApp m_app{{m_own.fileSystem, m_bundles, m_own.codeSignature, m_own.applicationRegistry,
-                       m_own.systemFacts, m_own.backgroundPriority, m_own.workspace, m_own.helperService,
-                       m_own.folderChooser},
+    DiskBundleReader m_bundles{m_own.fileSystem, {"pl"}, Url("/Applications/Tarnvale.app")};
+    TarnvaleApp m_app{{
+                          .fileSystem = m_own.fileSystem,
+                          .bundleReader = m_bundles,
+                          .codeSignature = m_own.codeSignature,
+                          .applicationRegistry = m_own.applicationRegistry,
+                          .systemFacts = m_own.systemFacts,
+                          .backgroundPriority = m_own.backgroundPriority,
+                          .workspace = m_own.workspace,
+                          .helperService = m_own.helperService,
+                          .folderChooser = m_own.folderChooser,
+                      },
                       m_appearance,
                       {}};
 

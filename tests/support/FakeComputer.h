@@ -54,6 +54,15 @@ struct FakeComputer
     FakeWorkspace workspace{disk};
     FakeHelperService helper;
     FakeFolderChooser chooser;
-    const Platform platform{disk,     disk.bundles, disk.signatures, registry, facts,
-                            priority, workspace,    helper,          chooser};
+    const Platform platform{
+        .fileSystem = disk,
+        .bundleReader = disk.bundles,
+        .codeSignature = disk.signatures,
+        .applicationRegistry = registry,
+        .systemFacts = facts,
+        .backgroundPriority = priority,
+        .workspace = workspace,
+        .helperService = helper,
+        .folderChooser = chooser,
+    };
 };

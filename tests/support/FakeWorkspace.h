@@ -30,9 +30,6 @@ public:
     QList<Url> recycled;
     qsizetype mostAtOnce = 0;
     QList<Url> revealed;
-    /// The bundles' pictures, and whose were read.
-    QHash<Url, QByteArray> pictures;
-    mutable QList<Url> picturesRead;
     /// How often access to a location was granted, and how often it was not given back.
     int grants = 0;
     int openGrants = 0;
@@ -50,11 +47,6 @@ public:
         return promise->future();
     }
     void reveal(const Url &item) override { revealed.append(item); }
-    QByteArray iconData(const Url &bundle) const override
-    {
-        picturesRead.append(bundle);
-        return pictures.value(bundle);
-    }
     bool startAccessing(const Url &) override
     {
         ++openGrants;

@@ -1,7 +1,11 @@
 #include "InMemoryFileSystem.h"
 
+#include "BundleLayout.h"
+#include "Packages.h"
+
 #include <algorithm>
-#include <set>
+#include <iterator>
+#include <limits>
 
 /// A walk over what each folder held at the moment when the walk entered it.
 class InMemoryFileSystem::Walk : public DirectoryWalk
@@ -56,10 +60,9 @@ private:
 
     bool isPlainFolder() const
     {
-        static const std::set<QByteArray> packages{"app",  "bundle",        "appex", "xpc",
-                                                   "rtfd", "photoslibrary", "pages"};
-        return type() == FileType::directory
-               && !packages.contains(extensionOf(m_current->name).toByteArray().toLower());
+        const bool isContentsOfABundle =
+            level() > 1 && m_current->name == bundleContents && child(*m_current, bundleInformation.toByteArray());
+        return type() == FileType::directory && !isPackageName(m_current->name) && !isContentsOfABundle;
     }
 
     Depth m_depth;

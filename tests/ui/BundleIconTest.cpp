@@ -1,7 +1,8 @@
 #include "BundleIcon.h"
 
 #include "BundleIconProvider.h"
-#include "FakeWorkspace.h"
+#include "FakeBundleReader.h"
+#include "InMemoryFileSystem.h"
 
 #include <QBuffer>
 #include <QColor>
@@ -106,16 +107,16 @@ TEST(BundleIcons, aBundleWithoutPictureGetsALetterOnATileOfItsOwn)
 TEST(BundleIcons, areKeptUntilTheBundleChanges)
 {
     InMemoryFileSystem disk;
-    FakeWorkspace workspace(disk);
+    FakeBundleReader bundles;
     const auto bundle = disk.folder("/Applications/Notes.app");
     disk.touch("/Applications/Notes.app", 1);
-    workspace.pictures.insert(bundle, png(64, Qt::red));
-    BundleIconProvider provider(workspace, disk);
+    bundles.pictures.insert(bundle, png(64, Qt::red));
+    BundleIconProvider provider(bundles, disk);
 
     EXPECT_EQ(middleOf(provider.icon(bundle, 34)), QColor(Qt::red));
-    workspace.pictures.insert(bundle, png(64, Qt::blue));
+    bundles.pictures.insert(bundle, png(64, Qt::blue));
     EXPECT_EQ(middleOf(provider.icon(bundle, 34)), QColor(Qt::red));
-    EXPECT_THAT(workspace.picturesRead, ElementsAre(bundle));
+    EXPECT_THAT(bundles.picturesRead, ElementsAre(bundle));
     disk.touch("/Applications/Notes.app", 2);
     EXPECT_EQ(middleOf(provider.icon(bundle, 34)), QColor(Qt::blue));
 }

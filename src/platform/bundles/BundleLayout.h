@@ -4,10 +4,16 @@
 
 class FileSystem;
 
-/// Where a bundle keeps what. The folders need not exist.
+/// The folder in which a bundle keeps everything, unless it is one of another layout.
+inline constexpr QByteArrayView bundleContents = "Contents";
+/// The property list with a bundle's information. One directly inside the folder of contents shows a folder to be a
+/// bundle, whatever its name.
+inline constexpr QByteArrayView bundleInformation = "Info.plist";
+
+/// Where a bundle keeps what. Nothing of it need exist.
 struct BundleLayout
 {
-    /// Holds Info.plist.
+    /// The property list with its information.
     Url information;
     /// Holds icons, and the translations in folders of the name LANGUAGE.lproj.
     Url resources;

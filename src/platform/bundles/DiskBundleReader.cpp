@@ -1,12 +1,13 @@
 #include "DiskBundleReader.h"
 
 #include "BundleLayout.h"
+#include "BundlePicture.h"
 #include "FileSystem.h"
 #include "Localization.h"
 #include "PropertyList.h"
 
 #include <algorithm>
-#include <filesystem>
+#include <utility>
 
 namespace {
 
@@ -32,8 +33,9 @@ QStringList translationFolders(const FileSystem &fileSystem, const Url &resource
 
 } // namespace
 
-DiskBundleReader::DiskBundleReader(const FileSystem &fileSystem, QStringList preferredLanguages)
-    : m_fileSystem(fileSystem), m_preferredLanguages(std::move(preferredLanguages))
+DiskBundleReader::DiskBundleReader(const FileSystem &fileSystem, QStringList preferredLanguages, Url mainBundleUrl)
+    : m_fileSystem(fileSystem), m_preferredLanguages(std::move(preferredLanguages)),
+      m_mainBundleUrl(std::move(mainBundleUrl))
 {
 }
 
@@ -42,7 +44,7 @@ std::optional<Bundle> DiskBundleReader::open(const Url &url) const
     if (!m_fileSystem.isDirectory(url))
         return std::nullopt;
     const auto layout = bundleLayout(m_fileSystem, url);
-    auto information = readPropertyListFile(m_fileSystem, layout.information / "Info.plist");
+    auto information = readPropertyListFile(m_fileSystem, layout.information);
     if (!information)
         return std::nullopt;
 
@@ -73,9 +75,7 @@ QVariantMap DiskBundleReader::localizedInformation(const BundleLayout &layout,
     return {};
 }
 
-Url DiskBundleReader::mainBundleUrl() const
+QByteArray DiskBundleReader::iconData(const Url &url) const
 {
-    std::error_code error;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return Url(QByteArray::fromStdString(program.parent_path().native()));
+    return bundlePicture(m_fileSystem, url);
 }

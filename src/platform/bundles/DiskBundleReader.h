@@ -11,16 +11,18 @@ struct BundleLayout;
 class DiskBundleReader : public BundleReader
 {
 public:
-    /// `preferredLanguages` are tags such as "pl-PL", the user's first choice first. `fileSystem` outlives the
-    /// reader.
-    DiskBundleReader(const FileSystem &fileSystem, QStringList preferredLanguages);
+    /// `preferredLanguages` are tags such as "pl-PL", the user's first choice first. `mainBundleUrl` is where our own
+    /// bundle is; whoever never asks for it may leave it out. `fileSystem` outlives the reader.
+    DiskBundleReader(const FileSystem &fileSystem, QStringList preferredLanguages, Url mainBundleUrl = {});
 
     std::optional<Bundle> open(const Url &url) const override;
-    Url mainBundleUrl() const override;
+    QByteArray iconData(const Url &url) const override;
+    Url mainBundleUrl() const override { return m_mainBundleUrl; }
 
 private:
     QVariantMap localizedInformation(const BundleLayout &layout, const QString &developmentRegion) const;
 
     const FileSystem &m_fileSystem;
-    QStringList m_preferredLanguages;
+    const QStringList m_preferredLanguages;
+    const Url m_mainBundleUrl;
 };

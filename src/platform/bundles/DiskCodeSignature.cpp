@@ -25,7 +25,7 @@ std::optional<QByteArray> executableName(const QVariantMap &information, const U
 std::optional<QVariantMap> DiskCodeSignature::entitlements(const Url &bundle) const
 {
     const auto layout = bundleLayout(m_fileSystem, bundle);
-    const auto information = readPropertyListFile(m_fileSystem, layout.information / "Info.plist");
+    const auto information = readPropertyListFile(m_fileSystem, layout.information);
     const auto name = executableName(information.value_or(QVariantMap()), bundle);
     if (!name)
         return std::nullopt;

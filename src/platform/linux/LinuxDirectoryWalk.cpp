@@ -1,5 +1,6 @@
 #include "LinuxDirectoryWalk.h"
 
+#include "BundleLayout.h"
 #include "FileStatus.h"
 #include "Packages.h"
 

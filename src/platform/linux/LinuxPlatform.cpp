@@ -2,7 +2,9 @@
 
 #include <QLocale>
 
+#include <filesystem>
 #include <pwd.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace {
@@ -16,6 +18,14 @@ QString systemBusOf(const DiskRoot &root)
     return QStringLiteral("unix:path=") + QString::fromLatin1(socket.toPercentEncoding("/"));
 }
 
+/// The folder that the program was started from, which is what it has for a bundle off the Mac.
+Url programFolder()
+{
+    std::error_code error;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+    return Url(QByteArray::fromStdString(program.parent_path().native()));
+}
+
 } // namespace
 
 LinuxPlatform::LinuxPlatform(FolderChooser &folderChooser, const std::stop_token &stop)
@@ -25,9 +35,9 @@ LinuxPlatform::LinuxPlatform(FolderChooser &folderChooser, const std::stop_token
 
 LinuxPlatform::LinuxPlatform(const DiskRoot &root, const Url &home, FolderChooser &folderChooser,
                              const std::stop_token &stop)
-    : m_fileSystem(root, home, stop), m_bundleReader(m_fileSystem, QLocale::system().uiLanguages()),
-      m_codeSignature(m_fileSystem), m_applicationRegistry(root, m_fileSystem, m_bundleReader),
-      m_workspace(root, m_fileSystem),
+    : m_fileSystem(root, home, stop),
+      m_bundleReader(m_fileSystem, QLocale::system().uiLanguages(), programFolder()),
+      m_codeSignature(m_fileSystem), m_applicationRegistry(root, m_fileSystem, m_bundleReader), m_workspace(root),
       m_helperService(systemBusOf(root)), m_services{
                                               .fileSystem = m_fileSystem,
                                               .bundleReader = m_bundleReader,

@@ -1,6 +1,5 @@
 #include "LinuxWorkspace.h"
 
-#include "BundleIcon.h"
 #include "DesktopTrash.h"
 
 #include <QtConcurrent>
@@ -23,8 +22,7 @@ RecycleAnswer recycleNow(const DiskRoot &disk, const Url &item)
 
 } // namespace
 
-LinuxWorkspace::LinuxWorkspace(DiskRoot disk, const FileSystem &fileSystem)
-    : m_disk(std::move(disk)), m_fileSystem(fileSystem)
+LinuxWorkspace::LinuxWorkspace(DiskRoot disk) : m_disk(std::move(disk))
 {
     m_trashThread.setMaxThreadCount(1);
 }
@@ -43,11 +41,6 @@ void LinuxWorkspace::reveal(const Url &item)
 {
     if (const auto path = m_disk.hostPath(item); !path.isEmpty())
         m_fileManager.reveal(path);
-}
-
-QByteArray LinuxWorkspace::iconData(const Url &bundle) const
-{
-    return bundleIcon(m_fileSystem, bundle);
 }
 
 bool LinuxWorkspace::startAccessing(const Url &)

@@ -6,14 +6,11 @@
 
 #include <QThreadPool>
 
-class FileSystem;
-
-/// The desktop's Trash through GIO, its file manager over the session bus, and the icons in bundles.
+/// The desktop's Trash through GIO, and its file manager over the session bus.
 class LinuxWorkspace : public Workspace
 {
 public:
-    /// `fileSystem` outlives the workspace.
-    LinuxWorkspace(DiskRoot disk, const FileSystem &fileSystem);
+    explicit LinuxWorkspace(DiskRoot disk);
 
     /// Waits for the moves under way.
     ~LinuxWorkspace() override;
@@ -22,7 +19,6 @@ public:
     /// disk once links are resolved. Moves are made one after another.
     QFuture<RecycleAnswer> recycle(const Url &item) override;
     void reveal(const Url &item) override;
-    QByteArray iconData(const Url &bundle) const override;
 
     /// Linux has no such grants.
     bool startAccessing(const Url &location) override;
@@ -33,7 +29,6 @@ public:
 
 private:
     DiskRoot m_disk;
-    const FileSystem &m_fileSystem;
     DesktopFileManager m_fileManager;
     QThreadPool m_trashThread;
 };

@@ -1,4 +1,3 @@
-#include "BundleIcon.h"
 #include "DiskBundleReader.h"
 #include "DiskCodeSignature.h"
 #include "LinuxFileSystem.h"
@@ -33,10 +32,11 @@ protected:
     /// Nothing comes out of the bundle, and this returns.
     void expectNothing() const
     {
-        const auto opened = DiskBundleReader(fileSystem, {"pl"}).open(bundle);
+        const DiskBundleReader reader(fileSystem, {"pl"});
+        const auto opened = reader.open(bundle);
         EXPECT_TRUE(!opened || !opened->identifier());
+        EXPECT_TRUE(reader.iconData(bundle).isEmpty());
         EXPECT_FALSE(DiskCodeSignature(fileSystem).entitlements(bundle));
-        EXPECT_TRUE(bundleIcon(fileSystem, bundle).isEmpty());
     }
 
     TemporaryDisk disk;

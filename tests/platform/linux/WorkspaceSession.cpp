@@ -1,5 +1,4 @@
 #include "DiskRoot.h"
-#include "InMemoryFileSystem.h"
 #include "LinuxWorkspace.h"
 
 #include <QCoreApplication>
@@ -14,8 +13,7 @@
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
-    const InMemoryFileSystem fileSystem;
-    LinuxWorkspace workspace(DiskRoot(argv[1]), fileSystem);
+    LinuxWorkspace workspace{DiskRoot(argv[1])};
     for (std::string line; std::getline(std::cin, line);) {
         const auto item = Url::fromUri(line).value_or(Url());
         if (argc > 2) {

@@ -1,4 +1,4 @@
-#include "BundleIcon.h"
+#include "BundlePicture.h"
 
 #include "BundleLayout.h"
 #include "FileSystem.h"
@@ -80,10 +80,10 @@ QByteArray widestVariant(const FileSystem &fileSystem, const Url &folder, const 
 
 } // namespace
 
-QByteArray bundleIcon(const FileSystem &fileSystem, const Url &bundle)
+QByteArray bundlePicture(const FileSystem &fileSystem, const Url &bundle)
 {
     const auto layout = bundleLayout(fileSystem, bundle);
-    const auto information = readPropertyListFile(fileSystem, layout.information / "Info.plist");
+    const auto information = readPropertyListFile(fileSystem, layout.information);
     const auto names = iconNames(information.value_or(QVariantMap()));
     for (const auto &name : names) {
         for (const auto *extension : {"", ".icns", ".png"}) {

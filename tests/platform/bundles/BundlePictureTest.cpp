@@ -1,4 +1,4 @@
-#include "BundleIcon.h"
+#include "BundlePicture.h"
 
 #include "IconFamily.h"
 #include "InMemoryFileSystem.h"
@@ -33,7 +33,7 @@ QByteArray family(const QList<QByteArray> &pictures)
     return "icns" + integer(8 + elements.size()) + elements;
 }
 
-class BundleIconTest : public testing::Test
+class BundlePictureTest : public testing::Test
 {
 protected:
     void information(const QByteArray &text)
@@ -41,7 +41,7 @@ protected:
         disk.remove(app + "/Contents/Info.plist");
         disk.fileWithContent(app + "/Contents/Info.plist", text);
     }
-    QByteArray icon() const { return bundleIcon(disk, disk.url(app)); }
+    QByteArray icon() const { return bundlePicture(disk, disk.url(app)); }
 
     InMemoryFileSystem disk;
 };
@@ -58,7 +58,7 @@ TEST(IconFamilyTest, theSmallestSufficientPictureIsChosen)
     EXPECT_EQ(bestPicture("no icons"), "");
 }
 
-TEST_F(BundleIconTest, theNamedIconIsFoundWithAndWithoutExtension)
+TEST_F(BundlePictureTest, theNamedIconIsFoundWithAndWithoutExtension)
 {
     disk.fileWithContent(resources + "note.icns", family({png(256)}));
     for (const auto *name : {"note", "note.icns"}) {
@@ -71,7 +71,7 @@ TEST_F(BundleIconTest, theNamedIconIsFoundWithAndWithoutExtension)
     EXPECT_EQ(icon(), png(100)) << "a loose icon of the usual name";
 }
 
-TEST_F(BundleIconTest, ofAnIconsVariantsTheWidestCounts)
+TEST_F(BundlePictureTest, ofAnIconsVariantsTheWidestCounts)
 {
     information("{ CFBundleIcons = { CFBundlePrimaryIcon = { CFBundleIconFiles = (Small, Icon60x60); }; }; }");
     disk.fileWithContent(resources + "Icon60x60@2x.png", png(120));

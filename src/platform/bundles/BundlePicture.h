@@ -9,4 +9,4 @@ class FileSystem;
 /// The picture that stands for the bundle at `bundle`, as .icns or .png: the one that its information names, else
 /// a loose one of the usual name. Empty when there is none, or only in a compiled catalog. Blocks; safe to call
 /// from any thread.
-QByteArray bundleIcon(const FileSystem &fileSystem, const Url &bundle);
+QByteArray bundlePicture(const FileSystem &fileSystem, const Url &bundle);
