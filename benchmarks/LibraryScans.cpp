@@ -1,5 +1,7 @@
-// The leftover scan and the cache scan, which measure the whole tree, against the bare loop.
+// The leftover scan and the cache scan, which measure the whole tree, against the bare loop; and what the leftover scan
+// costs before that, the index of all bundles, against the bare loop over these.
 
+#include "ApplicationCatalogScanner.h"
 #include "BareLoop.h"
 #include "BenchDisk.h"
 #include "DiskBundleReader.h"
@@ -12,8 +14,7 @@
 std::vector<Figure> libraryScans(const BenchDisk &disk)
 {
     const LinuxFileSystem fileSystem(disk.tree(), BenchDisk::home(), {});
-    const DiskBundleReader bundleReader(fileSystem, {});
-    const LinuxApplicationRegistry registry(disk.tree(), fileSystem, bundleReader);
+    const LinuxApplicationRegistry registry(disk.tree(), fileSystem);
     const LeftoverScanner leftovers(fileSystem, registry);
     const JunkScanner junk(fileSystem);
     if (leftovers.scanLeftovers({}).size() != 50 || junk.scanCachesAndLogs(1).size() != 50)
@@ -22,7 +23,19 @@ std::vector<Figure> libraryScans(const BenchDisk &disk)
     const auto path = disk.treePath();
     const auto bare = sideBySide(11, {[&] { BareLoop().measure(path); }, [&] { leftovers.scanLeftovers({}); },
                                       [&] { junk.scanCachesAndLogs(1); }});
+    const LinuxFileSystem applicationDisk(disk.applications(), BenchDisk::home(), {});
+    const LinuxApplicationRegistry applicationRegistry(disk.applications(), applicationDisk);
+    if (!applicationRegistry.index()->urlForApplication(QStringLiteral("com.example.tool199")))
+        qFatal("the index lacks applications");
+    const DiskBundleReader bundleReader(applicationDisk, {});
+    const ApplicationCatalogScanner catalog(applicationDisk, bundleReader);
+    const auto applications = disk.applications().hostPath(Url("/Applications"));
+    const auto bareApplications =
+        sideBySide(31, {[&] { BareLoop().measure(applications); }, [&] { applicationRegistry.index(); },
+                        [&] { catalog.scanApplications(); }});
     return {
+        atMost("index of the bundles of 200 applications / bare loop", bareApplications[1], 5),
+        atMost("catalog of 200 applications / bare loop", bareApplications[2], 9),
         atMost("leftover scan of 150,000 files / bare loop", bare[1], 1.10),
         atMost("cache and log scan of 150,000 files / bare loop", bare[2], 1.10),
     };

@@ -1,7 +1,6 @@
 // The exact-name search in the Library, against `find -maxdepth 6 -iname`.
 
 #include "BenchDisk.h"
-#include "DiskBundleReader.h"
 #include "LeftoverScanner.h"
 #include "LinuxApplicationRegistry.h"
 #include "LinuxFileSystem.h"
@@ -10,8 +9,7 @@
 std::vector<Figure> nameSearch(const BenchDisk &disk)
 {
     const LinuxFileSystem fileSystem(disk.tree(), BenchDisk::home(), {});
-    const DiskBundleReader bundleReader(fileSystem, {});
-    const LinuxApplicationRegistry registry(disk.tree(), fileSystem, bundleReader);
+    const LinuxApplicationRegistry registry(disk.tree(), fileSystem);
     const LeftoverScanner scanner(fileSystem, registry);
     const auto search = [&] { scanner.searchItems("com.example.tool999"); };
     const auto find = sideBySide(11, {search, program("find", {QString::fromUtf8(disk.treePath()), "-maxdepth",

@@ -125,6 +125,9 @@ public:
     /// Whether `url` leads to a folder, links followed.
     virtual bool isDirectory(const Url &url) const = 0;
 
+    /// Where `url` leads when every link on the way is followed; absent when nothing is there.
+    virtual std::optional<Url> resolved(const Url &url) const = 0;
+
     /// Whether the current user may execute the file at `url`, links followed.
     virtual bool isExecutable(const Url &url) const = 0;
 

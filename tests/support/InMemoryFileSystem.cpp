@@ -88,6 +88,15 @@ bool InMemoryFileSystem::isDirectory(const Url &url) const
     return item && item->values.type == FileType::directory;
 }
 
+std::optional<Url> InMemoryFileSystem::resolved(const Url &url) const
+{
+    QByteArray path;
+    const auto item = find(url, LastLink::followed);
+    for (auto node = item; node && node != m_root; node = node->parent.lock())
+        path.prepend('/' + node->name);
+    return item ? std::optional(Url(path.isEmpty() ? "/" : path)) : std::nullopt;
+}
+
 bool InMemoryFileSystem::isExecutable(const Url &url) const
 {
     const auto item = find(url, LastLink::followed);

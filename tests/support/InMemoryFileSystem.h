@@ -77,6 +77,7 @@ public:
     Url homeDirectory() const override { return Url("/Users/me"); }
     bool exists(const Url &url) const override { return find(url, LastLink::followed) != nullptr; }
     bool isDirectory(const Url &url) const override;
+    std::optional<Url> resolved(const Url &url) const override;
     bool isExecutable(const Url &url) const override;
     DirectoryEnumeration contentsOfDirectory(const Url &folder) const override;
     DirectoryEnumeration enumerate(const Url &folder) const override;

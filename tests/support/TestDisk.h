@@ -34,6 +34,13 @@ public:
     FakeBundleReader bundles;
     FakeCodeSignature signatures;
 
+    /// The information of a bundle that has this identifier, as a bundle really keeps it. `path` ends in "Info.plist".
+    Url information(const QByteArray &path, const QByteArray &identifier)
+    {
+        return fileWithContent(path, "<plist version=\"1.0\"><dict><key>CFBundleIdentifier</key><string>"
+                                         + identifier + "</string></dict></plist>");
+    }
+
     /// Installs an application bundle and answers it as the catalog would list it.
     InstalledApplication application(const QByteArray &path, const ApplicationTraits &traits)
     {

@@ -1,38 +1,69 @@
 #include "LinuxApplicationRegistry.h"
 
-#include "BundleReader.h"
+#include "BundleSearch.h"
 #include "FileSystem.h"
 
 #include <QHash>
 #include <QList>
 
-#include <algorithm>
-
 namespace {
 
-// Direct children are at level 1, and the folders that are searched may lie two levels down.
-constexpr int deepestApplicationLevel = 3;
+using Links = BundleSearch::Links;
 
-// Where a bundle keeps applications, extensions and services of its own, which have data under their own
-// identifiers.
-constexpr const char *nestedBundleFolders[] = {
-    "Contents/Applications", "Contents/Frameworks", "Contents/Helpers",   "Contents/Library/LoginItems",
-    "Contents/MacOS",        "Contents/PlugIns",    "Contents/Resources", "Contents/XPCServices",
+enum class Base { root, home };
+
+// Where programs are kept on the Mac. The levels are those that installers use and people sort their programs into,
+// and one more.
+constexpr struct
+{
+    Base base;
+    const char *folder;
+    int levels;
+    Links links;
+} places[] = {
+    {Base::root, "Applications", 8, Links::followed},
+    {Base::home, "Applications", 8, Links::followed},
+    {Base::root, "System/Applications", 8, Links::kept},
+    {Base::root, "System/Library/CoreServices", 5, Links::kept},
+    // Preference panes, services, input methods and whatever else extends a program or the system: each kind has a
+    // folder of its own, and some vendors have one, too.
+    {Base::root, "Library", 5, Links::kept},
+    {Base::home, "Library", 5, Links::kept},
+    {Base::root, "Library/Application Support", 8, Links::kept},
+    {Base::home, "Library/Application Support", 8, Links::kept},
+    // What lies in these belongs to a program that may be gone.
+    {Base::root, "Library/Caches", 0, Links::kept},
+    {Base::home, "Library/Caches", 0, Links::kept},
+    {Base::home, "Library/Containers", 0, Links::kept},
+    {Base::home, "Library/Group Containers", 0, Links::kept},
+    // Programs that were never installed, but opened where the browser or the user left them.
+    {Base::home, "", 3, Links::kept},
+    {Base::home, "Desktop", 5, Links::followed},
+    {Base::home, "Documents", 5, Links::kept},
+    {Base::home, "Downloads", 5, Links::followed},
+    {Base::root, "Users/Shared", 5, Links::kept},
+    // Package managers.
+    {Base::root, "opt", 5, Links::kept},
+    {Base::root, "usr/local", 5, Links::kept},
+    // The volumes, and what lies open on them, as on a disk image.
+    {Base::root, "Volumes", 3, Links::followed},
 };
-constexpr QByteArrayView nestedBundleExtensions[] = {"app", "appex", "xpc"};
+constexpr int levelsOfApplicationFolders = 8;
+
+/// In the order in which they are searched.
+QList<BundleSearch::Place> placesOn(const FileSystem &fileSystem)
+{
+    QList<BundleSearch::Place> result;
+    for (const auto &[base, folder, levels, links] : places) {
+        const auto start = base == Base::home ? fileSystem.homeDirectory() : Url("/");
+        result.append({start / folder, levels, links});
+    }
+    for (const auto &volume : fileSystem.contentsOfDirectory(Url("/Volumes")))
+        result.append({volume.url() / "Applications", levelsOfApplicationFolders, Links::followed});
+    return result;
+}
 
 constexpr QByteArrayView desktopEntrySuffix(".desktop");
-
-bool hasExtension(QByteArrayView fileName, QByteArrayView extension)
-{
-    return extensionOf(fileName).compare(extension, Qt::CaseInsensitive) == 0;
-}
-
-bool isNestedBundleName(QByteArrayView fileName)
-{
-    return std::ranges::any_of(nestedBundleExtensions,
-                               [fileName](QByteArrayView extension) { return hasExtension(fileName, extension); });
-}
 
 /// The folders for desktop entries, the user's own first. The base directory specification has paths that are not
 /// absolute ignored.
@@ -55,59 +86,10 @@ QList<Url> desktopEntryFolders(const DiskRoot &diskRoot, const Url &home)
 class Index : public ApplicationIndex
 {
 public:
-    Index(const FileSystem &fileSystem, const BundleReader &bundleReader)
-        : m_fileSystem(fileSystem), m_bundleReader(bundleReader)
-    {
-    }
-
     std::optional<Url> urlForApplication(const QString &bundleIdentifier) const override
     {
         const auto url = m_applications.constFind(bundleIdentifier);
         return url == m_applications.constEnd() ? std::nullopt : std::optional(*url);
-    }
-
-    void addApplicationsIn(const Url &folder)
-    {
-        for (auto &entry : m_fileSystem.enumerate(folder)) {
-            if (entry.level() == deepestApplicationLevel)
-                entry.skipDescendants();
-            if (hasExtension(entry.name(), "app"))
-                addApplication(entry.url());
-        }
-    }
-
-    void addDesktopEntriesIn(const Url &folder)
-    {
-        for (const auto &entry : m_fileSystem.enumerate(folder)) {
-            if (!entry.name().endsWith(desktopEntrySuffix) || entry.type() == FileType::directory)
-                continue;
-            const auto url = entry.url();
-            // An entry in a sub-folder has the folder's name in its id.
-            auto id = url.path().sliced(folder.path().size() + 1).replace('/', '-');
-            id.chop(desktopEntrySuffix.size());
-            // What a removed package leaves of its entry may be a link that leads nowhere.
-            if (QUtf8StringView(id).isValidUtf8() && m_fileSystem.exists(url))
-                add(QString::fromUtf8(id), url);
-        }
-    }
-
-private:
-    void addApplication(const Url &url)
-    {
-        addBundle(url);
-        for (const auto *folder : nestedBundleFolders) {
-            for (const auto &entry : m_fileSystem.contentsOfDirectory(url / folder)) {
-                if (isNestedBundleName(entry.name()))
-                    addBundle(entry.url());
-            }
-        }
-    }
-
-    void addBundle(const Url &url)
-    {
-        const auto bundle = m_bundleReader.open(url);
-        if (const auto identifier = bundle ? bundle->identifier() : std::nullopt)
-            add(*identifier, url);
     }
 
     /// The first one that has an identifier keeps it.
@@ -117,26 +99,39 @@ private:
             m_applications.insert(identifier, url);
     }
 
-    const FileSystem &m_fileSystem;
-    const BundleReader &m_bundleReader;
+private:
     QHash<QString, Url> m_applications;
 };
 
+void addDesktopEntriesIn(const Url &folder, const FileSystem &fileSystem, Index &index)
+{
+    for (const auto &entry : fileSystem.enumerate(folder)) {
+        if (!entry.name().endsWith(desktopEntrySuffix) || entry.type() == FileType::directory)
+            continue;
+        const auto url = entry.url();
+        // An entry in a sub-folder has the folder's name in its id.
+        auto id = url.path().sliced(folder.path().size() + 1).replace('/', '-');
+        id.chop(desktopEntrySuffix.size());
+        // What a removed package leaves of its entry may be a link that leads nowhere.
+        if (QUtf8StringView(id).isValidUtf8() && fileSystem.exists(url))
+            index.add(QString::fromUtf8(id), url);
+    }
+}
+
 } // namespace
 
-LinuxApplicationRegistry::LinuxApplicationRegistry(const DiskRoot &diskRoot, const FileSystem &fileSystem,
-                                                   const BundleReader &bundleReader)
-    : m_diskRoot(diskRoot), m_fileSystem(fileSystem), m_bundleReader(bundleReader)
+LinuxApplicationRegistry::LinuxApplicationRegistry(const DiskRoot &diskRoot, const FileSystem &fileSystem)
+    : m_diskRoot(diskRoot), m_fileSystem(fileSystem)
 {
 }
 
 std::unique_ptr<ApplicationIndex> LinuxApplicationRegistry::index() const
 {
-    const auto home = m_fileSystem.homeDirectory();
-    auto index = std::make_unique<Index>(m_fileSystem, m_bundleReader);
-    for (const auto &folder : {Url("/Applications"), home / "Applications", Url("/System/Applications")})
-        index->addApplicationsIn(folder);
-    for (const auto &folder : desktopEntryFolders(m_diskRoot, home))
-        index->addDesktopEntriesIn(folder);
+    auto index = std::make_unique<Index>();
+    BundleSearch search(m_fileSystem,
+                        [&index](const QString &identifier, const Url &url) { index->add(identifier, url); });
+    search.search(placesOn(m_fileSystem));
+    for (const auto &folder : desktopEntryFolders(m_diskRoot, m_fileSystem.homeDirectory()))
+        addDesktopEntriesIn(folder, m_fileSystem, *index);
     return index;
 }

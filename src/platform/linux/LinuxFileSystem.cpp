@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <fcntl.h>
+#include <filesystem>
 #include <sys/statvfs.h>
 
 namespace {
@@ -86,6 +87,13 @@ bool LinuxFileSystem::isDirectory(const Url &url) const
 {
     const auto status = statusAt(m_root.hostPath(url), Links::followed);
     return status && S_ISDIR(status->st_mode);
+}
+
+std::optional<Url> LinuxFileSystem::resolved(const Url &url) const
+{
+    std::error_code error;
+    const auto path = std::filesystem::canonical(m_root.hostPath(url).toStdString(), error);
+    return error ? std::nullopt : m_root.urlFor(QByteArray::fromStdString(path.native()));
 }
 
 bool LinuxFileSystem::isExecutable(const Url &url) const

@@ -17,6 +17,7 @@ public:
     Url homeDirectory() const override { return m_home; }
     bool exists(const Url &url) const override;
     bool isDirectory(const Url &url) const override;
+    std::optional<Url> resolved(const Url &url) const override;
     bool isExecutable(const Url &url) const override;
     DirectoryEnumeration contentsOfDirectory(const Url &folder) const override;
     DirectoryEnumeration enumerate(const Url &folder) const override;

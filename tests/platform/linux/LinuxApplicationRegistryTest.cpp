@@ -17,28 +17,11 @@ protected:
 
     std::optional<QByteArray> pathOf(const QString &identifier, const DiskRoot &root = DiskRoot()) const
     {
-        const LinuxApplicationRegistry registry(root, disk, disk.bundles);
+        const LinuxApplicationRegistry registry(root, disk);
         const auto url = registry.index()->urlForApplication(identifier);
         return url ? std::optional(url->path()) : std::nullopt;
     }
 };
-
-TEST_F(LinuxApplicationRegistryTest, applicationsAreKnownTwoFoldersDeep)
-{
-    disk.application("/Applications/Notes.app", {.identifier = "org.notes"});
-    disk.application("/Applications/Utilities/Console.APP", {.identifier = "org.console"});
-    disk.application("~/Applications/Suite/Tools/Deep.app", {.identifier = "org.deep"});
-    disk.application("~/Applications/Suite/Tools/More/TooDeep.app", {.identifier = "org.too.deep"});
-    disk.application("/System/Applications/Mail.app", {.identifier = "com.apple.mail"});
-    disk.application("~/Applications/Notes copy.app", {.identifier = "org.notes"});
-
-    EXPECT_EQ(pathOf("org.notes"), "/Applications/Notes.app");
-    EXPECT_EQ(pathOf("ORG.notes"), std::nullopt);
-    EXPECT_TRUE(pathOf("org.console"));
-    EXPECT_TRUE(pathOf("org.deep"));
-    EXPECT_FALSE(pathOf("org.too.deep"));
-    EXPECT_TRUE(pathOf("com.apple.mail"));
-}
 
 TEST_F(LinuxApplicationRegistryTest, desktopEntriesAreKnownByTheirIds)
 {

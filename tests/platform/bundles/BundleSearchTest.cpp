@@ -1,0 +1,119 @@
+#include "BundleSearch.h"
+
+#include "TestDisk.h"
+
+#include <gmock/gmock.h>
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+using Links = BundleSearch::Links;
+
+class BundleSearchTest : public testing::Test
+{
+protected:
+    TestDisk disk;
+
+    /// "IDENTIFIER PATH" of each bundle, as they are found.
+    QByteArrayList found(const QList<BundleSearch::Place> &places) const
+    {
+        QByteArrayList result;
+        BundleSearch search(disk, [&result](const QString &identifier, const Url &bundle) {
+            result.append(identifier.toUtf8() + ' ' + bundle.path());
+        });
+        search.search(places);
+        return result;
+    }
+    qsizetype countOf(const QByteArray &bundle)
+    {
+        disk.information(bundle + "/Contents/Info.plist", "org.outer");
+        return found({{Url("/A"), 1, Links::kept}}).size();
+    }
+};
+
+TEST_F(BundleSearchTest, bundlesLieAsDeepAsThePlaceSays)
+{
+    disk.information("/A/1.app/Contents/Info.plist", "org.first");
+    disk.information("/A/Folder/2.Framework/Resources/Info.plist", "org.second");
+    disk.information("/A/Folder/More/3.app/Contents/Info.plist", "org.third");
+    disk.information("/A/No bundle.app/4.app/Info.plist", "org.fourth");
+    disk.information("/A/No bundle.app/More/5.app/Info.plist", "org.fifth");
+    disk.information("/A/Info.plist", "org.none");
+    disk.information("/A/.hidden.app/Info.plist", "org.hidden");
+
+    EXPECT_THAT(found({{Url("/A"), 2, Links::kept}}),
+                ElementsAre("org.first /A/1.app", "org.second /A/Folder/2.Framework",
+                            "org.fourth /A/No bundle.app/4.app"));
+}
+
+TEST_F(BundleSearchTest, placeInsideOfAnotherIsSearchedAsItselfAlone)
+{
+    disk.information("/A/Deeper/1/2/3.app/Info.plist", "org.deep");
+    disk.information("/A/Data/4.app/Info.plist", "org.data");
+    disk.information("/A/5.app/Info.plist", "org.plain");
+
+    EXPECT_THAT(found({{Url("/A"), 2, Links::kept},
+                       {Url("/A/Data"), 0, Links::kept},
+                       {Url("/A/Deeper"), 3, Links::kept},
+                       {Url("/A"), 9, Links::kept},
+                       {Url("/missing"), 9, Links::kept}}),
+                ElementsAre("org.plain /A/5.app", "org.deep /A/Deeper/1/2/3.app"));
+}
+
+TEST_F(BundleSearchTest, linksAreFollowedWhereThePlaceSaysAndNeverInCircles)
+{
+    disk.information("/elsewhere/Linked/1.app/Info.plist", "org.first");
+    disk.information("/moved/2/Contents/Info.plist", "org.second");
+    disk.information("/A/3.app/Contents/Info.plist", "org.third");
+    disk.link("/A/Linked", "/elsewhere/Linked");
+    disk.link("/A/Linked again", "/elsewhere/Linked");
+    disk.link("/A/2.app", "/moved/2");
+    disk.link("/A/circle", "/A");
+    disk.link("/elsewhere/Linked/circle", "/elsewhere");
+    disk.link("/A/3.app/Contents/Library", "/moved");
+    disk.link("/A/dangling", "/nowhere");
+    disk.link("/place", "/A");
+
+    EXPECT_THAT(
+        found({{Url("/place"), 3, Links::followed}}),
+        UnorderedElementsAre("org.first /elsewhere/Linked/1.app", "org.second /moved/2", "org.third /A/3.app"));
+    EXPECT_THAT(found({{Url("/place"), 3, Links::kept}}), ElementsAre("org.third /A/3.app"));
+}
+
+TEST_F(BundleSearchTest, whatCannotBeReadHidesNothingElse)
+{
+    disk.information("/A/1.app/Contents/Info.plist", "org.first");
+    disk.fileWithContent("/A/1.app/Contents/PlugIns/damaged.appex/Contents/Info.plist", "<plist");
+    disk.fileWithContent("/A/1.app/Contents/PlugIns/list.appex/Contents/Info.plist", "(a, b)");
+    disk.fileWithContent("/A/1.app/Contents/PlugIns/number.appex/Contents/Info.plist",
+                         "{CFBundleIdentifier = (1);}");
+    disk.information("/A/1.app/Contents/PlugIns/nameless.appex/Contents/Info.plist", "");
+    disk.information("/A/1.app/Contents/PlugIns/locked.appex/Contents/Info.plist", "org.locked");
+    disk.makeUnreadable("/A/1.app/Contents/PlugIns/locked.appex");
+    disk.information("/A/1.app/Contents/XPCServices/whole.xpc/Contents/Info.plist", "org.whole");
+    disk.information("/A/locked/2.app/Contents/Info.plist", "org.second");
+    disk.makeUnreadable("/A/locked");
+
+    EXPECT_THAT(found({{Url("/A"), 9, Links::kept}}),
+                ElementsAre("org.first /A/1.app", "org.whole /A/1.app/Contents/XPCServices/whole.xpc"));
+}
+
+TEST_F(BundleSearchTest, oneBundleCannotHoldUpTheSearch)
+{
+    QByteArray nested = "/A/nested.app";
+    for (int i = 0; i < 20; ++i)
+        nested += "/x.app";
+    EXPECT_EQ(countOf(nested), 0);
+    disk.remove("/A");
+
+    disk.information("/A/deep.app/" + QByteArray("d/").repeated(31) + "Info.plist", "org.reached");
+    disk.information("/A/deep.app/" + QByteArray("d/").repeated(32) + "Info.plist", "org.beyond");
+    EXPECT_EQ(countOf("/A/deep.app"), 2);
+    disk.remove("/A");
+
+    const QByteArray padding(4 * 1024 * 1024, ' ');
+    for (int i = 0; i < 10; ++i)
+        disk.fileWithContent("/A/large.app/Resources/" + QByteArray::number(i) + "/Info.plist",
+                             "{CFBundleIdentifier = x;}" + padding);
+    EXPECT_EQ(countOf("/A/large.app"), 1 + 3);
+}
