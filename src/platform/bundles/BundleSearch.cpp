@@ -9,14 +9,12 @@
 
 namespace {
 
-constexpr QByteArrayView informationFile("Info.plist");
-
 /// The bundle that has its information at `information`.
 Url bundleOf(const Url &information)
 {
     const auto folder = information.parent();
     const auto name = folder.lastPathComponent();
-    return name == "Contents" || name == "Resources" ? folder.parent() : folder;
+    return name == bundleContents || name == "Resources" ? folder.parent() : folder;
 }
 
 } // namespace
@@ -90,7 +88,7 @@ void BundleSearch::lookAt(DirectoryEntry &entry, const Place &place)
     }
     // Every bundle has an extension, and nearly no other folder has.
     const bool mayBeBundle = isFollowedLink || !extensionOf(entry.name()).isEmpty();
-    if (mayBeBundle && m_fileSystem.exists(bundleLayout(m_fileSystem, *folder).information / informationFile)) {
+    if (mayBeBundle && m_fileSystem.exists(bundleLayout(m_fileSystem, *folder).information)) {
         entry.skipDescendants();
         lookThrough(*folder);
     } else if (entry.level() < place.levels && (isFollowedLink || isPackageName(entry.name()))) {
@@ -131,7 +129,7 @@ void BundleSearch::lookAtInside(DirectoryEntry &entry, QList<Url> &nested, Bundl
     if (entry.type() == FileType::directory) {
         if (isPackageName(entry.name()))
             nested.append(entry.url());
-    } else if (entry.name() == informationFile) {
+    } else if (entry.name() == bundleInformation) {
         read(entry.url(), cost);
     }
 }
