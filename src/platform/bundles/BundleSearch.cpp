@@ -127,8 +127,12 @@ void BundleSearch::lookThrough(const Url &bundle)
 void BundleSearch::lookAtInside(DirectoryEntry &entry, QList<Url> &nested, BundleCost &cost)
 {
     if (entry.type() == FileType::directory) {
-        if (isPackageName(entry.name()))
-            nested.append(entry.url());
+        // A bundle of another name is a bundle, too. The first level holds the contents of the one looked through.
+        const bool belongsToNested = entry.level() > 1 && entry.name() == bundleContents;
+        if (belongsToNested || isPackageName(entry.name())) {
+            entry.skipDescendants();
+            nested.append(belongsToNested ? entry.url().parent() : entry.url());
+        }
     } else if (entry.name() == bundleInformation) {
         read(entry.url(), cost);
     }
