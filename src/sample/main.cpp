@@ -14,7 +14,7 @@
 #include "SampleDisk.h"
 #include "TarnvaleApp.h"
 #include "Tour.h"
-#include "TrashedItemFinder.h"
+#include "TrashDirectory.h"
 
 #include <QDir>
 #include <QGuiApplication>

@@ -1,37 +1,37 @@
 #include "DesktopTrash.h"
 
-#include "TrashedItemFinder.h"
+#include "FileDescriptor.h"
+#include "TrashDirectory.h"
 
-#include <algorithm>
+#include <QDateTime>
+
+#include <cstdlib>
 #include <fcntl.h>
-#include <gio/gio.h>
-#include <iterator>
 #include <memory>
 #include <stdio.h>
-#include <unistd.h>
+#include <sys/stat.h>
 
 namespace {
 
-struct Row
+struct Free
 {
-    int code;
-    TrashFailure failure;
+    void operator()(char *text) const { std::free(text); }
 };
 
-constexpr Row failures[] = {
-    {G_IO_ERROR_NOT_FOUND, TrashFailure::itemIsMissing},
-    {G_IO_ERROR_NOT_SUPPORTED, TrashFailure::noTrashOnDisk},
-    {G_IO_ERROR_PERMISSION_DENIED, TrashFailure::noPermission},
-    {G_IO_ERROR_READ_ONLY, TrashFailure::diskIsReadOnly},
-    {G_IO_ERROR_NO_SPACE, TrashFailure::diskIsFull},
-    {G_IO_ERROR_FILENAME_TOO_LONG, TrashFailure::nameIsTooLong},
-    {G_IO_ERROR_BUSY, TrashFailure::itemIsInUse},
+/// An item whose folder's path is free of links.
+struct Item
+{
+    QByteArray folder;
+    QByteArray name;
+
+    QByteArray path() const { return (folder.endsWith('/') ? folder : folder + '/') + name; }
 };
 
-TrashFailure failureOf(const GError *error)
+std::optional<Item> itemAt(const QByteArray &path)
 {
-    const auto *row = std::ranges::find(failures, error->code, &Row::code);
-    return error->domain == G_IO_ERROR && row != std::end(failures) ? row->failure : TrashFailure::other;
+    const auto separator = path.lastIndexOf('/') + 1;
+    const std::unique_ptr<char, Free> folder(realpath(path.first(separator).constData(), nullptr));
+    return folder ? std::optional(Item{folder.get(), path.mid(separator)}) : std::nullopt;
 }
 
 bool liesInside(const QByteArray &folder, const QByteArray &disk)
@@ -39,36 +39,100 @@ bool liesInside(const QByteArray &folder, const QByteArray &disk)
     return disk.isEmpty() || folder == disk || folder.startsWith(disk + '/');
 }
 
-// Gives up on an item that could never be put back: it goes back at once, and its useless record with it.
-TrashMove putBack(const TrashedItem &item, const QByteArray &path)
+/// Why it cannot be seen that something is at `path`; absent when it can.
+std::optional<TrashFailure> lookAt(const QByteArray &path)
 {
-    if (renameat2(AT_FDCWD, item.place.constData(), AT_FDCWD, path.constData(), RENAME_NOREPLACE) != 0)
-        return {std::nullopt, item.place};
-    unlink(item.record.constData());
-    return {TrashFailure::originIsNotRecorded, std::nullopt};
+    struct stat status;
+    if (lstat(path.constData(), &status) == 0)
+        return std::nullopt;
+    return errno == ENOENT || errno == ENOTDIR ? TrashFailure::itemIsMissing : TrashFailure::itemIsOutOfSight;
+}
+
+/// What the Trash notes of an item that came from `origin`.
+QByteArray recordOf(const QByteArray &origin)
+{
+    return "[Trash Info]\nPath=" + origin.toPercentEncoding("/")
+           + "\nDeletionDate=" + QDateTime::currentDateTime().toString(Qt::ISODate).toLatin1() + '\n';
+}
+
+/// The name for the `number`th item called `name`. The number stands before the extension, so that it stays what it is.
+QByteArray numbered(const QByteArray &name, int number)
+{
+    const auto dot = name.lastIndexOf('.');
+    return number == 1 ? name
+                       : QByteArray(name).insert(dot > 0 ? dot : name.size(), '.' + QByteArray::number(number));
+}
+
+/// Makes a new file of these bytes and waits until they are on the disk: after a power cut, an item in the Trash
+/// must not have an empty record. 0 or an error number; a failure leaves nothing behind.
+int writeNewFile(const QByteArray &path, const QByteArray &content)
+{
+    const FileDescriptor file(open(path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR));
+    if (!file.isOpen())
+        return errno;
+    const auto written = uninterrupted(
+        [&] { return write(file.number(), content.constData(), static_cast<size_t>(content.size())); });
+    // What is written only in part has met the end of the disk.
+    auto error = written < 0 ? errno : written < content.size() ? ENOSPC : 0;
+    if (error == 0 && fdatasync(file.number()) != 0)
+        error = errno;
+    if (error != 0)
+        unlink(path.constData());
+    return error;
+}
+
+/// 0 or an error number; EEXIST where something is at `to`.
+int renameWithoutReplacing(const QByteArray &from, const QByteArray &to)
+{
+    if (renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0)
+        return 0;
+    if (errno != EINVAL)
+        return errno;
+    // A file system that cannot promise it, as many across a network: then it is looked at just before.
+    if (lookAt(to) != TrashFailure::itemIsMissing)
+        return EEXIST;
+    return rename(from.constData(), to.constData()) == 0 ? 0 : errno;
+}
+
+TrashMove moveInto(const TrashDirectory &trash, const Item &item, const QByteArray &origin)
+{
+    const auto record = recordOf(origin);
+    // The record is made first and takes the name, as with every desktop. Where something lies under it without a
+    // record, another name is tried.
+    for (int number = 1;; ++number) {
+        const auto name = numbered(item.name, number);
+        const auto recordPath = trash.path + "/info/" + name + ".trashinfo";
+        auto error = writeNewFile(recordPath, record);
+        if (error == EEXIST)
+            continue;
+        if (error != 0)
+            return {trashFailureOf(error), {}};
+        const auto place = trash.path + "/files/" + name;
+        error = renameWithoutReplacing(item.path(), place);
+        if (error == 0)
+            return {std::nullopt, place};
+        unlink(recordPath.constData());
+        if (error != EEXIST)
+            return {lookAt(item.path()).value_or(trashFailureOf(error)), {}};
+    }
 }
 
 } // namespace
 
 TrashMove moveToDesktopTrash(const QByteArray &path, const QByteArray &disk)
 {
-    const TrashedItemFinder finder(path);
-    if (!finder.realFolder())
-        return {TrashFailure::itemIsMissing, std::nullopt};
-    if (!liesInside(*finder.realFolder(), disk))
-        return {TrashFailure::itemIsOutsideOfDisk, std::nullopt};
+    if (const auto failure = lookAt(path))
+        return {failure, {}};
+    const auto item = itemAt(path);
+    if (!item)
+        return {TrashFailure::itemIsOutOfSight, {}};
+    if (!liesInside(item->folder, disk))
+        return {TrashFailure::itemIsOutsideOfDisk, {}};
 
-    // A local file is moved without the desktop's virtual file systems, which would be loaded first.
-    const std::unique_ptr<GFile, decltype(&g_object_unref)> file(
-        g_vfs_get_file_for_path(g_vfs_get_local(), path.constData()), &g_object_unref);
-    GError *rawError = nullptr;
-    g_file_trash(file.get(), nullptr, &rawError);
-    const std::unique_ptr<GError, decltype(&g_error_free)> error(rawError, &g_error_free);
-    if (error)
-        return {failureOf(error.get()), std::nullopt};
-    // GIO moves an item even where it could not write the record, on a full disk or for a very long name.
-    const auto item = finder.find();
-    if (item && !item->isRecorded)
-        return putBack(*item, path);
-    return {std::nullopt, item ? std::optional(item->place) : std::nullopt};
+    const auto trash = trashDirectoryFor(item->folder);
+    if (const auto *failure = std::get_if<TrashFailure>(&trash))
+        return {*failure, {}};
+    const auto &directory = std::get<TrashDirectory>(trash);
+    const auto &top = directory.topDirectory;
+    return moveInto(directory, *item, top.isEmpty() ? path : item->path().mid(top.size()));
 }

@@ -10,12 +10,12 @@ RecycleAnswer recycleNow(const DiskRoot &disk, const Url &item)
 {
     // What is moved is what the safety check has seen: the path with ".." resolved textually.
     const auto path = disk.hostPath(item).isEmpty() ? QByteArray() : disk.hostPath(item.standardized());
-    const auto move = path.isEmpty() ? TrashMove{TrashFailure::itemIsMissing, std::nullopt}
-                                     : moveToDesktopTrash(path, disk.prefix());
+    const auto move =
+        path.isEmpty() ? TrashMove{TrashFailure::itemIsMissing, {}} : moveToDesktopTrash(path, disk.prefix());
     RecycleAnswer answer;
     if (move.failure)
         answer.error = trashFailureText(*move.failure, item.displayName(), systemLanguage());
-    else if (const auto place = move.place ? disk.urlFor(*move.place) : std::nullopt)
+    else if (const auto place = disk.urlFor(move.place))
         answer.movedItems.insert(item, *place);
     return answer;
 }

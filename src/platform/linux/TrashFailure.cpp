@@ -5,6 +5,7 @@
 #include <QLocale>
 
 #include <algorithm>
+#include <cerrno>
 #include <iterator>
 
 namespace {
@@ -18,6 +19,8 @@ struct Row
 
 constexpr Row reasons[] = {
     {TrashFailure::itemIsMissing, "ponieważ już nie istnieje.", "because it no longer exists."},
+    {TrashFailure::itemIsOutOfSight, "ponieważ nie można go sprawdzić. Może nadal tam być.",
+     "because it can't be looked at. It may still be there."},
     {TrashFailure::noTrashOnDisk, "ponieważ na jego dysku nie ma Kosza.",
      "because the disk that it is on has no Trash."},
     {TrashFailure::noPermission, "ponieważ nie masz do tego uprawnień.",
@@ -32,13 +35,30 @@ constexpr Row reasons[] = {
      "ponieważ jest używany. Zamknij programy, które z niego korzystają, i spróbuj ponownie.",
      "because it is in use. Quit the programs that use it and try again."},
     {TrashFailure::itemIsOutsideOfDisk, "ponieważ leży poza tym dyskiem.", "because it is not on this disk."},
-    {TrashFailure::originIsNotRecorded,
-     "ponieważ Kosz nie zapisał, skąd pochodzi: dysk jest pełny albo nazwa za długa.",
-     "because the Trash could not note where it came from: the disk is full or the name is too long."},
     {TrashFailure::other, "ponieważ Kosz go nie przyjął.", "because the Trash didn't accept it."},
 };
 
+struct ErrorRow
+{
+    int errorNumber;
+    TrashFailure failure;
+};
+
+constexpr ErrorRow failures[] = {
+    // A move that would leave the volume.
+    {EXDEV, TrashFailure::noTrashOnDisk},        {EACCES, TrashFailure::noPermission},
+    {EPERM, TrashFailure::noPermission},         {EROFS, TrashFailure::diskIsReadOnly},
+    {ENOSPC, TrashFailure::diskIsFull},          {EDQUOT, TrashFailure::diskIsFull},
+    {ENAMETOOLONG, TrashFailure::nameIsTooLong}, {EBUSY, TrashFailure::itemIsInUse},
+};
+
 } // namespace
+
+TrashFailure trashFailureOf(int errorNumber)
+{
+    const auto *row = std::ranges::find(failures, errorNumber, &ErrorRow::errorNumber);
+    return row == std::end(failures) ? TrashFailure::other : row->failure;
+}
 
 QString trashFailureText(TrashFailure failure, const QString &name, AppLanguage language)
 {

@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 #include <filesystem>
-#include <fstream>
 #include <gmock/gmock.h>
 #include <set>
 #include <sys/stat.h>
@@ -104,28 +103,58 @@ TEST_F(TrashRestoreTest, namesOfAnyBytesComeBack)
     // trash-restore spells these names anew (and gio all that are not ASCII), so here the Trash's record is read
     // as its format says.
     moveAll(bytes);
-    for (const auto &record : fs::directory_iterator((sandbox.trash() + "/info").toStdString())) {
-        std::ifstream file(record.path());
-        for (std::string line; std::getline(file, line);) {
-            if (line.starts_with("Path="))
-                fs::rename((sandbox.trash() + "/files/").toStdString() + record.path().stem().string(),
-                           QByteArray::fromPercentEncoding(line.substr(5).c_str()).toStdString());
-        }
-    }
+    for (const auto &[origin, place] : sandbox.trashed(sandbox.trash()))
+        fs::rename(place.toStdString(), origin.toStdString());
     EXPECT_EQ(sandbox.snapshot("items"), before);
 }
 
-TEST_F(TrashRestoreTest, manyItemsAndSeveralOfOneNameComeBack)
+TEST_F(TrashRestoreTest, manyItemsAndHardLinksOfOneNameComeBackEachToItsPlace)
 {
     QList<Url> items;
     for (int i = 0; i < 200; ++i) {
         const auto number = QByteArray::number(i);
         items.append(sandbox.file(i < 10 ? "items/twins/" + number + "/same.plist" : "items/" + number, number));
     }
+    // One file under six paths, and folders of one name that hold it as well.
+    const auto database = sandbox.file("items/backups/0/db.sqlite", "one file").path().toStdString();
+    for (int i = 1; i < 6; ++i) {
+        const auto twin = sandbox.file("items/backups/" + QByteArray::number(i) + "/db.sqlite");
+        fs::remove(twin.path().toStdString());
+        fs::create_hard_link(database, twin.path().toStdString());
+        items.append(twin);
+        const auto inside = sandbox.file("items/copies/" + QByteArray::number(i) + "/db.sqlite/db.sqlite");
+        fs::remove(inside.path().toStdString());
+        fs::create_hard_link(database, inside.path().toStdString());
+        items.append(inside.parent());
+    }
     const auto before = sandbox.snapshot("items");
     moveAll(items);
+    moveAll({Url(QByteArray::fromStdString(database))});
     restoreWithTrashCli(10, "items/twins");
     EXPECT_EQ(sandbox.snapshot("items/twins").size(), 20u);
     restoreAllWithGio();
     EXPECT_EQ(sandbox.snapshot("items"), before);
+}
+
+TEST_F(TrashRestoreTest, nothingInTheTrashIsOverwrittenWhetherItHasARecordOrNot)
+{
+    const QByteArray files = ".local/share/Trash/files/";
+    for (const auto *restriction : {"", "PLAIN_RENAME_ONLY"}) {
+        sandbox.environment.insert(restriction, "1");
+        const QByteArray name = QByteArray("x") + restriction;
+        const auto item = sandbox.file("items/" + name + ".app", "new");
+        const auto linked = sandbox.file("items/linked" + name, "linked");
+        sandbox.file(files + name + ".app", "orphan");
+        sandbox.file(files + name + ".2.app/precious", "in an orphan folder");
+        sandbox.file(".local/share/Trash/info/" + name + ".3.app.trashinfo", "a record of nothing");
+        fs::create_symlink("nowhere", (sandbox.trash() + "/files/" + name + ".4.app").toStdString());
+        fs::create_hard_link(linked.path().toStdString(),
+                             (sandbox.trash() + "/files/linked" + name).toStdString());
+        auto kept = sandbox.snapshot(".local/share/Trash");
+        const auto before = sandbox.snapshot("items");
+        moveAll({item, linked});
+        restoreWithTrashCli(2);
+        EXPECT_EQ(sandbox.snapshot("items"), before);
+        EXPECT_EQ(sandbox.snapshot(".local/share/Trash"), kept);
+    }
 }

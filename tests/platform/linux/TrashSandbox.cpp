@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -57,6 +58,26 @@ std::map<std::string, std::string> TrashSandbox::snapshot(const QByteArray &path
             std::ifstream file(entry.path(), std::ios::binary);
             item.append(std::istreambuf_iterator<char>(file), {});
         }
+    }
+    return items;
+}
+
+std::map<QByteArray, QByteArray> TrashSandbox::trashed(const QByteArray &trash, const QByteArray &topDirectory)
+{
+    std::map<QByteArray, QByteArray> items;
+    const fs::path folder(trash.toStdString());
+    if (!fs::exists(folder / "files"))
+        return items;
+    for (const auto &item : fs::directory_iterator(folder / "files")) {
+        const auto recordPath = folder / "info" / (item.path().filename().string() + ".trashinfo");
+        std::ifstream record(recordPath);
+        std::string origin;
+        while (!origin.starts_with("Path=") && std::getline(record, origin)) { }
+        EXPECT_TRUE(record) << recordPath;
+        auto path = QByteArray::fromPercentEncoding(origin.substr(std::min<size_t>(5, origin.size())).c_str());
+        if (!path.startsWith('/'))
+            path.prepend(topDirectory + '/');
+        EXPECT_TRUE(items.emplace(path, item.path().c_str()).second) << path.data() << " came here twice";
     }
     return items;
 }

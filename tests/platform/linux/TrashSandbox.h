@@ -33,6 +33,10 @@ public:
     /// link's target. Names and contents are bytes.
     std::map<std::string, std::string> snapshot(const QByteArray &path) const;
 
+    /// What the Trash at `trash` holds, by its records: from where each item came from to where it is. Every item has to
+    /// have a record; a record of nothing is left out. Its paths may be relative to `topDirectory`.
+    static std::map<QByteArray, QByteArray> trashed(const QByteArray &trash, const QByteArray &topDirectory = {});
+
     /// What programs started by `start` and `run` see, and whom they run as.
     QProcessEnvironment environment;
     uid_t user = 0;

@@ -3,8 +3,20 @@
 
 #include <QCoreApplication>
 
+#include <cerrno>
+#include <cstdlib>
 #include <iostream>
 #include <string>
+
+// A file system that cannot promise to replace nothing, as most across a network.
+extern "C" int __real_renameat2(int, const char *, int, const char *, unsigned);
+extern "C" int __wrap_renameat2(int fromFolder, const char *from, int toFolder, const char *to, unsigned flags)
+{
+    if (!std::getenv("PLAIN_RENAME_ONLY"))
+        return __real_renameat2(fromFolder, from, toFolder, to, flags);
+    errno = EINVAL;
+    return -1;
+}
 
 // A process of its own for the tests of LinuxWorkspace, since GLib looks only once where the Trash is. Moves the
 // items whose URIs it reads, one a line, to the Trash, and writes one line for each: "moved" and the URI in the
