@@ -37,6 +37,7 @@ protected:
 
 TEST_F(LinuxWorkspaceTest, whatCannotBeMovedStaysAndSaysWhyInTheSystemsLanguage)
 {
+    sandbox.environment.insert("XDG_DATA_HOME", "relative"); // which counts as unset
     const auto kept = sandbox.file("locked/kept");
     const auto longName = sandbox.file("items/" + QByteArray(255, 'n'));
     const auto outOfSight = sandbox.file("unsearchable/x");
