@@ -287,6 +287,7 @@ void AppViewModel::selectApplication(const std::optional<InstalledApplication> &
 {
     if (identity(m_selectedApplication) == identity(application))
         return;
+    turnToAnotherApplication();
     m_associatedItems.clear();
     setStatus({});
     setSelectedApplication(application);

@@ -246,6 +246,11 @@ private:
         setStatus(text(key, arguments...));
     }
 
+    /// The user turns to an application, whichever it will turn out to be. Answers the number of the turn.
+    quint64 turnToAnotherApplication() { return ++m_turns; }
+    /// Whether nothing was turned to since; an answer that comes after a later turn is dropped.
+    bool isLatestTurn(quint64 turn) const { return turn == m_turns; }
+
     /// The busy check: false when another workflow runs. Otherwise the object is busy from here on and shows the
     /// progress text under `key`.
     bool begin(QStringView key);
@@ -275,6 +280,7 @@ private:
     std::optional<DeletionRequest> m_pendingDeletion;
     std::optional<OperationReport> m_lastReport;
     std::optional<UserNotice> m_userNotice;
+    quint64 m_turns = 0;
 
     Workspace &m_workspace;
     std::unique_ptr<SystemInfoService> m_systemInfoService;

@@ -79,7 +79,11 @@ void RemovalWorkflow::requestDeletion(ScanScope scope)
     selected.removeIf([](const ScanItem &item) { return !item.isSelected; });
     if (selected.isEmpty())
         return m_state.say(u"no_selection");
-    m_state.setPendingDeletion(DeletionRequest{QUuid::createUuid(), scope, std::move(selected)});
+    m_asked = {QUuid::createUuid(), identifierOfSelected(scope)};
+    // A bundle that is still being read comes too late to take the place of what is asked about.
+    if (scope == ScanScope::uninstaller)
+        m_state.turnToAnotherApplication();
+    m_state.setPendingDeletion(DeletionRequest{m_asked.request, scope, std::move(selected)});
 }
 
 QCoro::Task<> RemovalWorkflow::confirmDeletion(DeletionRequest request)
@@ -96,11 +100,8 @@ QCoro::Task<> RemovalWorkflow::confirmDeletion(DeletionRequest request)
 QCoro::Task<> RemovalWorkflow::performDeletion(DeletionRequest request)
 {
     const auto trashService = m_trashService;
-    const auto &application = m_state.selectedApplication();
-    std::optional<QString> bundleIdentifier;
-    if (request.scope == ScanScope::uninstaller && application)
-        bundleIdentifier = application->bundleIdentifier;
-
+    const auto bundleIdentifier =
+        request.id == m_asked.request ? m_asked.bundleIdentifier : identifierOfSelected(request.scope);
     auto removal = whileAlive(&m_state, trashService->moveToTrash(request.items, bundleIdentifier));
     const auto outcomes = co_await removal;
     const auto report = summary(outcomes);
@@ -121,6 +122,14 @@ QCoro::Task<> RemovalWorkflow::refreshCatalog()
     m_state.m_applications.replace(std::move(found));
     if (m_state.selectedApplicationRow() < 0)
         m_state.setSelectedApplication({});
+}
+
+std::optional<QString> RemovalWorkflow::identifierOfSelected(ScanScope scope) const
+{
+    const auto &application = m_state.selectedApplication();
+    if (scope != ScanScope::uninstaller || !application)
+        return std::nullopt;
+    return application->bundleIdentifier;
 }
 
 ListModel<ScanItem> &RemovalWorkflow::items(ScanScope scope)

@@ -29,6 +29,7 @@ private:
     QCoro::Task<> performDeletion(DeletionRequest request);
     QCoro::Task<> refreshCatalog();
 
+    std::optional<QString> identifierOfSelected(ScanScope scope) const;
     ListModel<ScanItem> &items(ScanScope scope);
     /// Chooses the status line and, where something failed, the notice.
     void announce(ScanScope scope, const OperationReport &report);
@@ -36,7 +37,15 @@ private:
     QString listed(const QList<DeletionOutcome> &failures) const;
     void notify(QStringView titleKey, const QString &message);
 
+    /// Whose items a request names. The selection may be another one by the time of the confirmation.
+    struct Asked
+    {
+        QUuid request;
+        std::optional<QString> bundleIdentifier;
+    };
+
     AppViewModel &m_state;
+    Asked m_asked;
     // Shared with a removal in progress, which may outlive the state object.
     std::shared_ptr<TrashService> m_trashService;
 };

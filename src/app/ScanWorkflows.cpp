@@ -1,8 +1,6 @@
 #include "ScanWorkflows.h"
 
-#include "AllocatedSize.h"
 #include "AppViewModel.h"
-#include "BundleReader.h"
 #include "FolderChooser.h"
 #include "Platform.h"
 #include "WhileAlive.h"
@@ -39,8 +37,8 @@ private:
 } // namespace
 
 ScanWorkflows::ScanWorkflows(AppViewModel &state, const Platform &platform)
-    : m_state(state), m_fileSystem(platform.fileSystem), m_bundleReader(platform.bundleReader),
-      m_workspace(platform.workspace), m_folderChooser(platform.folderChooser),
+    : m_state(state), m_workspace(platform.workspace), m_folderChooser(platform.folderChooser),
+      m_applicationReader(platform.fileSystem, platform.bundleReader),
       m_catalogScanner(platform.fileSystem, platform.bundleReader),
       m_associatedScanner(platform.fileSystem, platform.codeSignature),
       m_leftoverScanner(platform.fileSystem, platform.applicationRegistry), m_junkScanner(platform.fileSystem),
@@ -62,8 +60,11 @@ QCoro::Task<> ScanWorkflows::scanApplicationByName()
     if (m_state.applicationQuery().trimmed().isEmpty())
         co_return;
 
+    const auto turn = m_state.turnToAnotherApplication();
     auto loading = loadApplications(/*force*/ false);
     co_await loading;
+    if (!m_state.isLatestTurn(turn))
+        co_return;
     const auto application =
         ApplicationCatalogScanner::findApplication(m_state.applicationQuery(), m_state.applications());
     if (!application) {
@@ -76,45 +77,41 @@ QCoro::Task<> ScanWorkflows::scanApplicationByName()
 
 QCoro::Task<> ScanWorkflows::scan(InstalledApplication application)
 {
+    m_state.turnToAnotherApplication();
     m_state.setSelectedApplication(application);
     m_state.m_associatedItems.clear();
-    return fill(m_state.m_associatedItems, {u"scanning", u"no_files"}, TaskPriority::userInitiated,
-                &AssociatedFileScanner::scanAssociatedFiles, &m_associatedScanner, application);
+    const auto isWanted = [this, id = application.id()] {
+        const auto &selected = m_state.selectedApplication();
+        return selected && selected->id() == id;
+    };
+    return fill(m_state.m_associatedItems, {.progress = u"scanning", .nothing = u"no_files", .isWanted = isWanted},
+                TaskPriority::userInitiated, &AssociatedFileScanner::scanAssociatedFiles, &m_associatedScanner,
+                application);
 }
 
 QCoro::Task<> ScanWorkflows::handleDroppedApplication(Url url)
 {
     const LocationAccess access(m_workspace, url);
-    const auto application = applicationFromDroppedBundle(url);
+    const auto turn = m_state.turnToAnotherApplication();
+    const auto query = m_state.applicationQuery();
+    const auto bundle = url.standardized();
+    auto reading =
+        whileAlive(&m_state, m_state.m_background.runInBackground(
+                                 TaskPriority::userInitiated, &ApplicationReader::applicationAt,
+                                 &m_applicationReader, bundle, ApplicationReader::isInSystemFolder(bundle)));
+    const auto application = co_await reading;
+    if (!m_state.isLatestTurn(turn))
+        co_return;
     if (!application) {
         m_state.m_associatedItems.clear();
         m_state.setSelectedApplication({});
         co_return m_state.say(u"drop_invalid_app");
     }
-    m_state.setApplicationQuery(application->name);
+    // What was typed meanwhile stays.
+    if (m_state.applicationQuery() == query)
+        m_state.setApplicationQuery(application->name);
     auto scanning = scan(*application);
     co_await scanning;
-}
-
-std::optional<InstalledApplication> ScanWorkflows::applicationFromDroppedBundle(const Url &dropped) const
-{
-    const auto url = dropped.standardized();
-    if (url.pathExtension().compare("app", Qt::CaseInsensitive) != 0)
-        return std::nullopt;
-    const auto bundle = m_bundleReader.open(url);
-    if (!bundle)
-        return std::nullopt;
-    const auto identifier = bundle->identifier();
-    if (!identifier || identifier->isEmpty())
-        return std::nullopt;
-
-    auto name = bundle->text(QStringLiteral("CFBundleDisplayName"));
-    if (!name)
-        name = bundle->text(QStringLiteral("CFBundleName"));
-    if (!name)
-        name = QString::fromUtf8(url.nameWithoutExtension());
-    return InstalledApplication{*name, *identifier, url, allocatedSize(m_fileSystem, url),
-                                url.path().startsWith("/System/")};
 }
 
 QCoro::Task<> ScanWorkflows::scanLeftovers()
@@ -170,7 +167,8 @@ QCoro::Task<> ScanWorkflows::scanMedia()
         co_return m_state.say(u"media_select_category");
 
     m_state.m_mediaFiles.clear();
-    auto filling = fill(m_state.m_mediaFiles, {u"media_scanning", u"media_no_results", u"media_results"},
+    const auto isWanted = [this, folder] { return m_state.selectedMediaFolder() == folder; };
+    auto filling = fill(m_state.m_mediaFiles, {u"media_scanning", u"media_no_results", u"media_results", isWanted},
                         TaskPriority::userInitiated, &MediaScanner::scanMediaFiles, &m_mediaScanner, *folder,
                         categories, mostFinderResults);
     co_await filling;
@@ -186,7 +184,8 @@ QCoro::Task<> ScanWorkflows::scanTextFiles()
         co_return m_state.say(u"text_select_category");
 
     m_state.m_textFiles.clear();
-    auto filling = fill(m_state.m_textFiles, {u"text_scanning", u"text_no_results", u"text_results"},
+    const auto isWanted = [this, folder] { return m_state.selectedTextFolder() == folder; };
+    auto filling = fill(m_state.m_textFiles, {u"text_scanning", u"text_no_results", u"text_results", isWanted},
                         TaskPriority::userInitiated, &TextFileScanner::scanTextFiles, &m_textFileScanner, *folder,
                         categories, mostFinderResults);
     co_await filling;
@@ -199,16 +198,18 @@ QFuture<QList<InstalledApplication>> ScanWorkflows::startCatalogScan()
 }
 
 template <typename Row, typename Function, typename... Arguments>
-QCoro::Task<> ScanWorkflows::fill(ListModel<Row> &list, Announcement texts, TaskPriority priority,
-                                  Function function, Arguments... arguments)
+QCoro::Task<> ScanWorkflows::fill(ListModel<Row> &list, Search search, TaskPriority priority, Function function,
+                                  Arguments... arguments)
 {
-    if (!m_state.begin(texts.progress))
+    if (!m_state.begin(search.progress))
         co_return;
     auto work =
         whileAlive(&m_state, m_state.m_background.runInBackground(priority, function, std::move(arguments)...));
     auto found = co_await work;
+    if (search.isWanted && !search.isWanted())
+        co_return m_state.finish({});
     const auto closingText =
-        found.isEmpty() ? m_state.text(texts.nothing) : m_state.text(texts.found, found.size());
+        found.isEmpty() ? m_state.text(search.nothing) : m_state.text(search.found, found.size());
     list.replace(std::move(found));
     m_state.finish(closingText);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ApplicationCatalogScanner.h"
+#include "ApplicationReader.h"
 #include "AssociatedFileScanner.h"
 #include "BackgroundPriority.h"
 #include "JunkScanner.h"
@@ -12,11 +13,10 @@
 #include <QCoro/QCoroTask>
 #include <QFuture>
 
+#include <functional>
 #include <optional>
 
 class AppViewModel;
-class BundleReader;
-class FileSystem;
 class FolderChooser;
 class Workspace;
 struct Platform;
@@ -44,20 +44,23 @@ public:
     QFuture<QList<InstalledApplication>> startCatalogScan();
 
 private:
-    /// What the status line says of a scan, as keys of texts.
-    struct Announcement
+    /// What a scan says in the status line, as keys of texts, and for how long its result is wanted.
+    struct Search
     {
         QStringView progress;
         /// At the end: when nothing was found, and, with the number, when something was. Left out where the result
         /// speaks for itself.
         QStringView nothing = {};
         QStringView found = {};
+        /// Asked at the end: whether what is looked at is still what was looked for. What comes too late changes
+        /// nothing, and the status line ends empty. Left out where there is nothing to choose.
+        std::function<bool()> isWanted = {};
     };
 
     /// The common sequence of a scan from its busy check to its end: `function(arguments...)` finds, on another
     /// thread, what takes the place of all that `list` holds.
     template <typename Row, typename Function, typename... Arguments>
-    QCoro::Task<> fill(ListModel<Row> &list, Announcement texts, TaskPriority priority, Function function,
+    QCoro::Task<> fill(ListModel<Row> &list, Search search, TaskPriority priority, Function function,
                        Arguments... arguments);
 
     /// Asks for a folder; one that is chosen empties the list of what was found in the one before.
@@ -65,15 +68,10 @@ private:
     QCoro::Task<> chooseFolder(QStringView titleKey, void (AppViewModel::*setFolder)(std::optional<Url>),
                                ListModel<Row> &list);
 
-    /// The application that the bundle at `dropped` is; absent when it is not one. Measures the bundle, and
-    /// blocks.
-    std::optional<InstalledApplication> applicationFromDroppedBundle(const Url &dropped) const;
-
     AppViewModel &m_state;
-    const FileSystem &m_fileSystem;
-    const BundleReader &m_bundleReader;
     Workspace &m_workspace;
     FolderChooser &m_folderChooser;
+    ApplicationReader m_applicationReader;
     ApplicationCatalogScanner m_catalogScanner;
     AssociatedFileScanner m_associatedScanner;
     LeftoverScanner m_leftoverScanner;

@@ -181,16 +181,17 @@ void Tour::dropBundles()
         const auto uri = Url((m_disk.folder() + path).toUtf8()).toUri();
         expect(m_robot.drop(uri + "\r\n", QAccessible::StaticText, text(QStringLiteral("drop_app_title"))),
                QStringLiteral("%1 is dropped").arg(path));
-        QTest::qWait(50);
-        waitUntilIdle();
     };
     drop(QStringLiteral("/Users/ada/Documents/notatki.txt"));
-    expect(m_viewModel.statusMessage() == text(QStringLiteral("drop_invalid_app")),
-           QStringLiteral("a document is no application"));
+    expect(
+        Robot::waitUntil([&] { return m_viewModel.statusMessage() == text(QStringLiteral("drop_invalid_app")); }),
+        QStringLiteral("a document is no application"));
     keepPicture(QStringLiteral("uninstaller-dropped-document"));
 
     drop(QStringLiteral("/Users/ada/Downloads/Installer.app"));
-    expect(m_viewModel.applicationQuery() == u"Installer", QStringLiteral("the name of the bundle is filled in"));
+    expect(Robot::waitUntil([&] { return m_viewModel.applicationQuery() == u"Installer"; }),
+           QStringLiteral("the name of the bundle is filled in"));
+    waitUntilIdle();
     removeSelected();
     expect(Robot::waitUntil([&] { return m_robot.sees(QAccessible::Button, text(QStringLiteral("ok"))); }, 5000),
            QStringLiteral("what could not be moved is told in a notice"));

@@ -1,7 +1,6 @@
 #include "ApplicationCatalogScanner.h"
 
-#include "AllocatedSize.h"
-#include "BundleReader.h"
+#include "FileSystem.h"
 #include "NameMatcher.h"
 
 #include <QCollator>
@@ -28,20 +27,6 @@ QList<Root> roots(const FileSystem &fileSystem)
     };
 }
 
-bool isApplicationName(QByteArrayView fileName)
-{
-    return extensionOf(fileName).compare("app", Qt::CaseInsensitive) == 0;
-}
-
-QString displayName(const Bundle &bundle, const Url &url)
-{
-    if (const auto name = bundle.text(QStringLiteral("CFBundleDisplayName")))
-        return *name;
-    if (const auto name = bundle.text(QStringLiteral("CFBundleName")))
-        return *name;
-    return QString::fromUtf8(url.nameWithoutExtension());
-}
-
 // The C locale orders by code points, which puts Polish letters behind "z". Polish order suits both languages of
 // the program: English knows nothing of the letters in which they differ.
 QCollator systemCollator()
@@ -65,7 +50,7 @@ QString nameToFind(const QString &query)
 
 ApplicationCatalogScanner::ApplicationCatalogScanner(const FileSystem &fileSystem,
                                                      const BundleReader &bundleReader)
-    : m_fileSystem(fileSystem), m_bundleReader(bundleReader)
+    : m_fileSystem(fileSystem), m_applicationReader(fileSystem, bundleReader)
 {
 }
 
@@ -75,17 +60,11 @@ QList<InstalledApplication> ApplicationCatalogScanner::scanApplications() const
     std::unordered_set<QByteArray> seenPaths;
     for (const auto &[folder, isSystem] : roots(m_fileSystem)) {
         for (const auto &entry : m_fileSystem.contentsOfDirectory(folder)) {
-            if (!isApplicationName(entry.name()))
-                continue;
             const auto url = entry.url();
             if (!seenPaths.insert(url.standardizedPath()).second)
                 continue;
-            const auto bundle = m_bundleReader.open(url);
-            const auto identifier = bundle ? bundle->identifier() : std::nullopt;
-            if (!identifier || identifier->isEmpty())
-                continue;
-            applications.push_back(
-                {displayName(*bundle, url), *identifier, url, allocatedSize(m_fileSystem, url), isSystem});
+            if (auto application = m_applicationReader.applicationAt(url, isSystem))
+                applications.append(std::move(*application));
         }
     }
     const auto collator = systemCollator();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "InstalledApplication.h"
+#include "ApplicationReader.h"
 
 #include <QList>
 
@@ -25,5 +25,5 @@ public:
 
 private:
     const FileSystem &m_fileSystem;
-    const BundleReader &m_bundleReader;
+    ApplicationReader m_applicationReader;
 };

@@ -123,6 +123,18 @@ TEST_F(RemovalWorkflowTest, whatTheTrashRefusedStaysListedAndSelected)
     EXPECT_FALSE(app.userNotice());
 }
 
+TEST_F(RemovalWorkflowTest, helperIsToldTheApplicationThatTheRequestIsAbout)
+{
+    const auto application = notes();
+    refuse(application.url);
+    waitFor(scans.scan(application));
+    app.requestDeletion(ScanScope::uninstaller);
+    const auto request = *app.pendingDeletion();
+    app.selectApplication(disk.application("/Applications/Draw.app", {.identifier = "org.draw"}));
+    waitFor(app.removal().confirmDeletion(request));
+    EXPECT_EQ(helper.bundleIdentifier, "org.notes");
+}
+
 TEST_F(RemovalWorkflowTest, leftoversRefusedByTheTrashAreCountedInTheNotice)
 {
     findLeftovers(5);

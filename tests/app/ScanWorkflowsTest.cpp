@@ -81,6 +81,82 @@ TEST_F(ScanWorkflowsTest, droppedBundleIsScannedWithoutJoiningTheCatalog)
     EXPECT_EQ(workspace.openGrants, 0);
 }
 
+TEST_F(ScanWorkflowsTest, whatWasFoundForAnotherChoiceIsDropped)
+{
+    const auto first = notes();
+    const auto second = disk.application("/Applications/Draw.app", {.identifier = "org.draw"});
+    disk.hold();
+    app.scan(first);
+    app.selectApplication(second);
+    settle();
+    EXPECT_EQ(app.selectedApplication(), second);
+    EXPECT_THAT(app.associatedItems(), IsEmpty());
+    EXPECT_EQ(app.statusMessage(), QString());
+
+    // Nobody asks any more; asked for again, it is wanted.
+    disk.hold();
+    app.scan(first);
+    app.selectApplication({});
+    settle();
+    EXPECT_THAT(app.associatedItems(), IsEmpty());
+    disk.hold();
+    app.scan(first);
+    app.selectApplication({});
+    app.selectApplication(first);
+    settle();
+    EXPECT_THAT(namesOf(app.associatedItems()), ElementsAre("org.notes", "Notes.app"));
+
+    disk.file("/Volumes/Disk/film.mov", 10);
+    disk.file("/Volumes/Disk/page.pdf", 10);
+    chooseMedia(Url("/Volumes/Disk"));
+    app.chooseTextFolder();
+    chooser.folder = disk.folder("/Volumes/Other");
+    disk.hold();
+    app.scanMedia();
+    app.chooseMediaFolder();
+    settle();
+    disk.hold();
+    app.scanTextFiles();
+    app.chooseTextFolder();
+    settle();
+    EXPECT_THAT(app.mediaFiles(), IsEmpty());
+    EXPECT_THAT(app.textFiles(), IsEmpty());
+    EXPECT_EQ(app.statusMessage(), QString());
+}
+
+TEST_F(ScanWorkflowsTest, droppedBundleIsReadInTheBackgroundAndLosesToALaterChoice)
+{
+    const auto notesApplication = notes();
+    const auto draw = disk.application("/Volumes/Disk/Draw.app", {.identifier = "org.draw"});
+    const auto plain = disk.file("/Users/me/plain.txt");
+    const auto dropped = [this](const Url &url, const std::function<void()> &meanwhile) {
+        disk.hold();
+        app.handleDroppedApplication(url);
+        EXPECT_FALSE(app.isProcessing());
+        meanwhile();
+        disk.release();
+        EXPECT_TRUE(QTest::qWaitFor([this] { return workspace.openGrants == 0 && !app.isProcessing(); }));
+        return app.selectedApplication();
+    };
+    EXPECT_EQ(dropped(draw.url, [] {}), draw);
+    EXPECT_EQ(disk.timesWalkedOnMainThread, 0);
+    EXPECT_EQ(app.applicationQuery(), "Draw");
+
+    EXPECT_EQ(dropped(draw.url, [&] { app.selectApplication(notesApplication); }), notesApplication);
+    EXPECT_EQ(dropped(plain, [&] { app.scan(notesApplication); }), notesApplication);
+    EXPECT_EQ(dropped(plain, [&] { app.handleDroppedApplication(draw.url); }), draw);
+    app.setApplicationQuery("No");
+    EXPECT_EQ(dropped(draw.url, [&] { app.setApplicationQuery("Notes"); }), draw);
+    EXPECT_EQ(app.applicationQuery(), "Notes");
+    EXPECT_EQ(dropped(notesApplication.url, [&] { app.requestDeletion(ScanScope::uninstaller); }), draw);
+
+    // A name is looked up when the catalog has come, which is later than the drop.
+    app.scanApplicationByName();
+    app.handleDroppedApplication(draw.url);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return workspace.openGrants == 0 && !app.isProcessing(); }));
+    EXPECT_EQ(app.selectedApplication(), draw);
+}
+
 TEST_F(ScanWorkflowsTest, whatIsNotABundleWithAnIdentifierIsRefused)
 {
     const auto application = notes();

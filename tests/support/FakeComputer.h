@@ -9,9 +9,12 @@
 #include "Platform.h"
 #include "TestDisk.h"
 
+#include <QCoreApplication>
+#include <QThread>
+
 #include <mutex>
 
-/// A disk that lists no folder while it is held, so that a scan in the background stays in the background.
+/// A disk that lists no folder and walks no tree while it is held, so that a scan in the background stays in the background.
 class HoldableDisk : public TestDisk
 {
 public:
@@ -21,6 +24,18 @@ public:
         if (m_hold.owns_lock())
             m_hold.unlock();
     }
+    DirectoryEnumeration enumerate(const Url &folder) const override
+    {
+        if (QThread::currentThread() == QCoreApplication::instance()->thread()) {
+            ++timesWalkedOnMainThread;
+            return TestDisk::enumerate(folder);
+        }
+        const std::lock_guard waiting(m_gate);
+        return TestDisk::enumerate(folder);
+    }
+    /// How often a tree was walked on the thread that must not wait for it; it is not held.
+    mutable int timesWalkedOnMainThread = 0;
+
     DirectoryEnumeration contentsOfDirectory(const Url &folder) const override
     {
         const std::lock_guard waiting(m_gate);
