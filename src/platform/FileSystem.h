@@ -122,6 +122,10 @@ public:
     /// Whether something exists at `url`. Links are followed, so a dangling link does not exist.
     virtual bool exists(const Url &url) const = 0;
 
+    /// Whether it is known that nothing exists at `url`; links are followed here as well. What cannot be looked at,
+    /// because of missing permissions or a failing disk, neither exists for the program nor is it gone.
+    virtual bool isGone(const Url &url) const = 0;
+
     /// Whether `url` leads to a folder, links followed.
     virtual bool isDirectory(const Url &url) const = 0;
 

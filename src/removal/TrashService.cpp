@@ -39,7 +39,7 @@ QCoro::Task<QList<DeletionOutcome>> TrashService::moveToTrash(QList<ScanItem> it
 
 std::optional<TrashServiceError> TrashService::validate(const Url &url) const
 {
-    if (!remains(url))
+    if (isGone(url))
         return TrashServiceError{TrashServiceError::missingItem, {}};
     if (belongsToSystem(url))
         return TrashServiceError{TrashServiceError::systemApplication, {}};
@@ -53,7 +53,7 @@ QCoro::Task<std::optional<TrashServiceError>> TrashService::recycle(Url url)
     const auto recycling = m_workspace.recycle(url);
     const auto answer = co_await recycling;
     // What is gone needs no further explanation, whatever the workspace says of it.
-    if (!remains(url) || (!answer.error && answer.movedItems.contains(url)))
+    if (isGone(url) || (!answer.error && answer.movedItems.contains(url)))
         co_return std::nullopt;
     const auto unconfirmed = QStringLiteral("Finder nie potwierdził przeniesienia elementu do Kosza.");
     co_return TrashServiceError{TrashServiceError::recycleFailed, answer.error.value_or(unconfirmed)};
@@ -62,7 +62,7 @@ QCoro::Task<std::optional<TrashServiceError>> TrashService::recycle(Url url)
 QList<DeletionOutcome> TrashService::reconcileOutcomes(QList<DeletionOutcome> outcomes) const
 {
     for (auto &outcome : outcomes) {
-        if (outcome.errorDescription && !remains(outcome.item.url))
+        if (outcome.errorDescription && isGone(outcome.item.url))
             outcome.errorDescription.reset();
     }
     return outcomes;
@@ -118,8 +118,8 @@ QCoro::Task<QList<DeletionOutcome>> TrashService::handFailuresToHelper(QList<Del
     co_return outcomes;
 }
 
-// Whether something is at the item's path; a link counts by its target.
-bool TrashService::remains(const Url &url) const
+// Whether nothing is at the item's path; a link counts by its target. What cannot be looked at may remain.
+bool TrashService::isGone(const Url &url) const
 {
-    return m_fileSystem.exists(url.standardized());
+    return m_fileSystem.isGone(url.standardized());
 }

@@ -43,7 +43,7 @@ private:
     QCoro::Task<std::optional<TrashServiceError>> moveItem(Url url);
     QCoro::Task<QList<DeletionOutcome>> handFailuresToHelper(QList<DeletionOutcome> outcomes,
                                                              QString bundleIdentifier);
-    bool remains(const Url &url) const;
+    bool isGone(const Url &url) const;
 
     const FileSystem &m_fileSystem;
     const BundleReader &m_bundleReader;

@@ -84,10 +84,14 @@ TEST_F(TrashServiceTest, checkDecidesInItsOrderWhatIsHandedToTheTrash)
     const auto dangling = disk.link("~/Library/Caches/dangling", "nowhere");
     const auto systemApplication = disk.folder("/System/Applications/Foo.app");
     const auto document = disk.file("~/Documents/thesis.odt");
-    EXPECT_THAT(remove({cache, missing, dangling, systemApplication, Url("/System/gone"), document,
-                        disk.url("~/Library/Caches"), Url("/Applications/../System/Applications/Foo.app")}),
-                ElementsAre("moved", "moved", "moved", ofTheSystem, "moved", outside, outside, ofTheSystem));
-    EXPECT_THAT(workspace.recycled, ElementsAre(cache));
+    const auto outOfSight = disk.url("~/Library/Caches/closed/x");
+    disk.hide(outOfSight);
+    workspace.reactTo(outOfSight, {.moves = false, .confirms = false, .error = refused});
+    EXPECT_THAT(
+        remove({cache, outOfSight, missing, dangling, systemApplication, Url("/System/gone"), document,
+                disk.url("~/Library/Caches"), Url("/Applications/../System/Applications/Foo.app")}),
+        ElementsAre("moved", refused, "moved", "moved", ofTheSystem, "moved", outside, outside, ofTheSystem));
+    EXPECT_THAT(workspace.recycled, ElementsAre(cache, outOfSight));
     EXPECT_TRUE(disk.exists(document));
 
     using Error = TrashServiceError;

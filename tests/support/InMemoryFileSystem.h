@@ -71,11 +71,18 @@ public:
     void makeVanishing(const QByteArray &path) { node(path)->isGone = true; }
     /// The item was last changed at `time`.
     void touch(const QByteArray &path, qint64 time) { node(path)->values.modificationTime = time; }
+    /// The item may be there or not: it can no longer be looked at.
+    void hide(const Url &item)
+    {
+        remove(item.path());
+        m_outOfSight.append(item);
+    }
     void remove(const QByteArray &path);
     void setVolume(const std::optional<VolumeValues> &values) { m_volume = values; }
 
     Url homeDirectory() const override { return Url("/Users/me"); }
     bool exists(const Url &url) const override { return find(url, LastLink::followed) != nullptr; }
+    bool isGone(const Url &url) const override { return !exists(url) && !m_outOfSight.contains(url); }
     bool isDirectory(const Url &url) const override;
     std::optional<Url> resolved(const Url &url) const override;
     bool isExecutable(const Url &url) const override;
@@ -101,4 +108,5 @@ private:
 
     NodePointer m_root = std::make_shared<Node>(Node{.values = {FileType::directory, {}, {}}});
     std::optional<VolumeValues> m_volume;
+    QList<Url> m_outOfSight;
 };

@@ -83,6 +83,14 @@ bool LinuxFileSystem::exists(const Url &url) const
     return statusAt(m_root.hostPath(url), Links::followed).has_value();
 }
 
+bool LinuxFileSystem::isGone(const Url &url) const
+{
+    const ReachablePath path(m_root.hostPath(url));
+    struct stat status;
+    const auto result = uninterrupted([&] { return fstatat(path.directory(), path.path(), &status, 0); });
+    return result != 0 && (errno == ENOENT || errno == ENOTDIR);
+}
+
 bool LinuxFileSystem::isDirectory(const Url &url) const
 {
     const auto status = statusAt(m_root.hostPath(url), Links::followed);

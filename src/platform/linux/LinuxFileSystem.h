@@ -16,6 +16,7 @@ public:
 
     Url homeDirectory() const override { return m_home; }
     bool exists(const Url &url) const override;
+    bool isGone(const Url &url) const override;
     bool isDirectory(const Url &url) const override;
     std::optional<Url> resolved(const Url &url) const override;
     bool isExecutable(const Url &url) const override;

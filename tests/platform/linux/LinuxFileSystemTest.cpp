@@ -40,7 +40,9 @@ TEST_F(LinuxFileSystemTest, existenceFollowsLinks)
     for (const char *nothing : {"/dangling", "/loop", "/text/below", "/missing", ""}) {
         EXPECT_FALSE(fileSystem.exists(Url(nothing))) << nothing;
         EXPECT_FALSE(fileSystem.isExecutable(Url(nothing))) << nothing;
+        EXPECT_EQ(fileSystem.isGone(Url(nothing)), qstrcmp(nothing, "/loop") != 0) << nothing;
     }
+    EXPECT_FALSE(fileSystem.isGone(Url("/to tool")));
     EXPECT_EQ(fileSystem.resourceValues(Url("/dangling"))->type, FileType::symbolicLink);
 }
 

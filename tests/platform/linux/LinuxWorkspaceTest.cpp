@@ -110,6 +110,40 @@ TEST_F(LinuxWorkspaceTest, diskInAFolderIsNotLeftThroughALink)
     EXPECT_TRUE(fs::exists(disk.toStdString()));
 }
 
+TEST_F(LinuxWorkspaceTest, everyItemOfARequestHasOneOutcomeThatIsTrueOfTheDisk)
+{
+    const auto caches = [](const char *path) { return Url(QByteArray("/Users/me/Library/Caches/") + path); };
+    const auto disk = sandbox.home() + "/disk";
+    const auto host = [&](const Url &url) { return (disk + url.path()).toStdString(); };
+    for (const auto *file : {"a/child", "b/child", "locked/x/child", "closed/x", "target"})
+        sandbox.file("disk" + caches(file).path());
+    fs::create_symlink("target", host(caches("link")));
+    fs::create_symlink("loop", host(caches("loop")));
+    fs::create_symlink("closed/x", host(caches("into")));
+    sandbox.environment.insert("XDG_DATA_HOME", QString::fromUtf8(disk + "/data"));
+    if (getuid() == 0)
+        giveToOtherUser();
+    chmod(host(caches("locked")).c_str(), 0555);
+    chmod(host(caches("closed")).c_str(), 0444);
+
+    // Nested in one another in both orders, repeated, another spelling, on the way out of sight or gone.
+    const QList<Url> items{
+        caches("a/child"), caches("a"),        caches("a"),        caches("./a/child"),      caches("b"),
+        caches("b/child"), caches("locked/x"), caches("locked/x"), caches("locked/x/child"), caches("closed/x"),
+        caches("loop/x"),  caches("target"),   caches("link"),     caches("gone"),           caches("into")};
+    const auto noPermission = EndsWith("because you don't have permission to do that.");
+    const auto outOfSight = EndsWith("because it can't be looked at. It may still be there.");
+    EXPECT_THAT(sandbox.remove(items, disk),
+                ElementsAre("moved", "moved", "moved", "moved", "moved", "moved", noPermission, noPermission,
+                            "moved", outOfSight, outOfSight, "moved", "moved", "moved", "moved"));
+    chmod(host(caches("closed")).c_str(), 0755);
+    for (const auto *kept : {"locked/x", "closed/x"})
+        EXPECT_TRUE(fs::exists(host(caches(kept)))) << kept;
+    for (const auto *moved : {"a", "b", "locked/x/child", "target", "into"})
+        EXPECT_FALSE(fs::exists(fs::symlink_status(host(caches(moved))))) << moved;
+    EXPECT_EQ(TrashSandbox::trashed(disk + "/data/Trash").size(), 6u);
+}
+
 // Longer by hand: --gtest_filter=*killed* --gtest_repeat=100
 TEST_F(LinuxWorkspaceTest, killedAtAnyMomentEveryItemIsWholeInOnePlace)
 {

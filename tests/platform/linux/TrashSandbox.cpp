@@ -108,12 +108,22 @@ QByteArray TrashSandbox::run(const QString &program, const QStringList &argument
 
 std::vector<std::string> TrashSandbox::recycle(const QList<Url> &items, const QByteArray &disk) const
 {
-    std::istringstream output(run(session(), {QString::fromUtf8(disk)}, lines(items)).toStdString());
-    std::vector<std::string> answers;
+    return answers(items, {QString::fromUtf8(disk)});
+}
+
+std::vector<std::string> TrashSandbox::remove(const QList<Url> &items, const QByteArray &disk) const
+{
+    return answers(items, {QString::fromUtf8(disk), "remove"});
+}
+
+std::vector<std::string> TrashSandbox::answers(const QList<Url> &items, const QStringList &arguments) const
+{
+    std::istringstream output(run(session(), arguments, lines(items)).toStdString());
+    std::vector<std::string> all;
     for (std::string answer; std::getline(output, answer);)
-        answers.push_back(answer);
-    EXPECT_EQ(answers.size(), static_cast<size_t>(items.size()));
-    return answers;
+        all.push_back(answer);
+    EXPECT_EQ(all.size(), static_cast<size_t>(items.size()));
+    return all;
 }
 
 QString TrashSandbox::session()

@@ -47,10 +47,14 @@ public:
 
     /// Has the items moved to the Trash one after another; one answer an item, as `WorkspaceSession` words it.
     std::vector<std::string> recycle(const QList<Url> &items, const QByteArray &disk = {}) const;
+    /// The same in one request to the trash service, whose home folder is "/Users/me" on `disk`.
+    std::vector<std::string> remove(const QList<Url> &items, const QByteArray &disk) const;
     static QString session();
     static QByteArray lines(const QList<Url> &items);
 
 private:
+    std::vector<std::string> answers(const QList<Url> &items, const QStringList &arguments) const;
+
     QTemporaryDir m_folder;
     QByteArray m_home;
 };

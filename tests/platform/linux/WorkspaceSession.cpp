@@ -1,5 +1,8 @@
+#include "DiskBundleReader.h"
 #include "DiskRoot.h"
+#include "LinuxFileSystem.h"
 #include "LinuxWorkspace.h"
+#include "TrashService.h"
 
 #include <QCoreApplication>
 
@@ -18,14 +21,42 @@ extern "C" int __wrap_renameat2(int fromFolder, const char *from, int toFolder, 
     return -1;
 }
 
-// A process of its own for the tests of LinuxWorkspace, since GLib looks only once where the Trash is. Moves the
-// items whose URIs it reads, one a line, to the Trash, and writes one line for each: "moved" and the URI in the
-// Trash, "failed" and the reason, or "unknown". With "reveal" as its second argument it reveals them instead,
-// writes "asked" for each, and stays. The first argument is the folder that stands for the disk, or empty.
+namespace {
+
+class NoHelper : public PrivilegedHelper
+{
+    QCoro::Task<HelperReply> moveItemsToTrash(QList<Url>, QString) override { co_return {}; }
+};
+
+// One request with all items.
+void remove(const DiskRoot &disk, LinuxWorkspace &workspace)
+{
+    QList<ScanItem> items;
+    for (std::string line; std::getline(std::cin, line);)
+        items.append({Url::fromUri(line).value_or(Url()), ScanItemKind::cache, ScanConfidence::exact, 1, true});
+    const LinuxFileSystem fileSystem(disk, Url("/Users/me"), {});
+    const DiskBundleReader bundles(fileSystem, {}, {});
+    NoHelper helper;
+    TrashService service(fileSystem, bundles, workspace, helper);
+    for (const auto &outcome : QCoro::waitFor(service.moveToTrash(items, std::nullopt)))
+        std::cout << outcome.errorDescription.value_or("moved").toStdString() << std::endl;
+}
+
+} // namespace
+
+// A process of its own for the tests of the Trash. Moves the items whose URIs it reads, one a line, to the Trash, and
+// writes one line for each: "moved" and the URI in the Trash, "failed" and the reason, or "unknown". With "reveal" as
+// its second argument it reveals them instead, writes "asked" for each, and stays; with "remove" all are one request to
+// the trash service, and each line is "moved" or the reason. The first argument is the folder that stands for the
+// disk, or empty.
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
     LinuxWorkspace workspace{DiskRoot(argv[1])};
+    if (argc > 2 && qstrcmp(argv[2], "remove") == 0) {
+        remove(DiskRoot(argv[1]), workspace);
+        return 0;
+    }
     for (std::string line; std::getline(std::cin, line);) {
         const auto item = Url::fromUri(line).value_or(Url());
         if (argc > 2) {
