@@ -51,6 +51,22 @@ protected:
         EXPECT_FALSE(app.isProcessing());
     }
 
+    void installNewApplication() { disk.application("/Applications/New.app", {.identifier = "org.new"}); }
+
+    /// One that a removal of other things does not concern, though it is selected all the while.
+    void selectAnApplication()
+    {
+        const auto application = notes();
+        waitFor(scans.loadApplications(false));
+        waitFor(scans.scan(application));
+        installNewApplication();
+    }
+    void expectItIsNotConcerned()
+    {
+        EXPECT_THAT(helper.requests, IsEmpty()) << "the helper of the system gets nothing of it";
+        EXPECT_THAT(namesOf(app.applications()), ElementsAre("Notes.app")) << "the catalog is not read again";
+    }
+
     void expectNotice(const char *status, const char *title, const QString &beginning = {})
     {
         EXPECT_EQ(app.statusMessage(), status);
@@ -111,11 +127,15 @@ TEST_F(RemovalWorkflowTest, whatTheTrashRefusedStaysListedAndSelected)
     const auto application = notes();
     refuse(application.url);
     waitFor(scans.scan(application));
+    installNewApplication();
     remove(ScanScope::uninstaller);
 
+    EXPECT_THAT(namesOf(app.applications()), testing::UnorderedElementsAre("Notes.app", "New.app"))
+        << "the catalog is read again whatever failed";
     EXPECT_THAT(namesOf(app.associatedItems()), ElementsAre("Notes.app"));
     EXPECT_TRUE(app.associatedItems().first().isSelected);
     EXPECT_EQ(app.selectedApplication(), application);
+    EXPECT_THAT(*app.lastReport(), FieldsAre(1, 1, 5000, testing::SizeIs(1)));
     EXPECT_EQ(app.lastReport()->failures.at(0).errorDescription, unconfirmed);
     EXPECT_EQ(helper.bundleIdentifier, "org.notes");
     expectNotice("Uninstall completed. Additional leftovers scan recommended.", "Uninstall completed with notes");
@@ -137,17 +157,19 @@ TEST_F(RemovalWorkflowTest, helperIsToldTheApplicationThatTheRequestIsAbout)
 
 TEST_F(RemovalWorkflowTest, leftoversRefusedByTheTrashAreCountedInTheNotice)
 {
+    selectAnApplication();
     findLeftovers(5);
     refuse(app.leftoverItems().at(1).url);
     refuse(app.leftoverItems().at(3).url, "no .Trash here");
     remove(ScanScope::leftovers);
     expectNotice("Leftovers cleanup completed with notes.", "Leftovers cleanup completed with notes",
                  "Moved to Trash: 3 items. macOS did not allow 2 items to be moved automatically.");
-    EXPECT_THAT(helper.requests, IsEmpty());
+    expectItIsNotConcerned();
 }
 
 TEST_F(RemovalWorkflowTest, otherFailuresAreListedUpToFive)
 {
+    selectAnApplication();
     findLeftovers(8);
     QStringList lines;
     for (int i = 1; i < 8; ++i) {
@@ -164,6 +186,7 @@ TEST_F(RemovalWorkflowTest, otherFailuresAreListedUpToFive)
     refuse(app.cleanerItems().at(0).url);
     remove(ScanScope::cleaner);
     expectNotice("Moved: 0, failures: 1.", "Some items could not be moved", "cache0: " + unconfirmed);
+    expectItIsNotConcerned();
 }
 
 TEST_F(RemovalWorkflowTest, confirmingWhileAnotherWorkflowRunsMovesNothing)

@@ -104,10 +104,12 @@ TEST_F(TrashServiceTest, itemsAreMovedOneAfterAnotherUnderTheUrlsAsTheyWereGiven
 {
     disk.file("/Applications/Foo.app");
     const auto own = disk.file("~/Applications/Foo.app");
-    const auto cache = disk.file("~/Library/Caches/a");
+    const auto cache = disk.file("~/Library/Caches/a/inside").parent();
     const Url indirect("/Applications/./Foo.app/");
-    EXPECT_THAT(remove({indirect, cache, own}), ElementsAre("moved", "moved", "moved"));
-    EXPECT_THAT(workspace.recycled, ElementsAre(indirect, cache, own));
+    EXPECT_THAT(remove({indirect, cache, cache / "inside", own, cache}),
+                ElementsAre("moved", "moved", "moved", "moved", "moved"));
+    EXPECT_THAT(workspace.recycled, ElementsAre(indirect, cache, own))
+        << "an item is looked at when it is its turn: it may have gone with another";
     EXPECT_EQ(workspace.mostAtOnce, 1);
     EXPECT_THAT(remove({}, "org.acme"), IsEmpty());
     EXPECT_THAT(helper.requests, IsEmpty());
@@ -154,13 +156,17 @@ TEST_F(TrashServiceTest, helperGetsEveryFailureAndItsReplyIsMergedByPath)
     EXPECT_THAT(helper.requests, ElementsAre(QList{indirect, explained, untold, document, missing}));
     EXPECT_THAT(helper.bundleIdentifiers, ElementsAre("org.acme"));
 
+    // Something writes it anew while the helper works; it was moved all the same.
     disk.file("~/Library/Caches/moved");
+    helper.meanwhile = [&] { disk.file("~/Library/Caches/moved"); };
     helper.reply.messages = {{taken.path(), ""}, {explained.path(), "in use"}, {moved.path(), "not asked"}};
     EXPECT_THAT(remove(all, "org.acme"), ElementsAre("moved", "moved", "in use", refused, outside, "moved"));
 
-    disk.file("~/Library/Caches/moved");
     helper.reply.errorDescription = "approve first";
-    helper.meanwhile = [&] { disk.remove(untold.path()); };
+    helper.meanwhile = [&] {
+        disk.file("~/Library/Caches/moved");
+        disk.remove(untold.path());
+    };
     EXPECT_THAT(remove(all, "org.acme"),
                 ElementsAre("moved", "approve first", "approve first", "moved", "approve first", "moved"))
         << "and what went meanwhile is gone";

@@ -143,16 +143,18 @@ TEST_F(TrashRestoreTest, nothingInTheTrashIsOverwrittenWhetherItHasARecordOrNot)
         sandbox.environment.insert(restriction, "1");
         const QByteArray name = QByteArray("x") + restriction;
         const auto item = sandbox.file("items/" + name + ".app", "new");
-        const auto linked = sandbox.file("items/linked" + name, "linked");
+        const auto linked = sandbox.file("items/.linked" + name, "linked");
         sandbox.file(files + name + ".app", "orphan");
         sandbox.file(files + name + ".2.app/precious", "in an orphan folder");
         sandbox.file(".local/share/Trash/info/" + name + ".3.app.trashinfo", "a record of nothing");
         fs::create_symlink("nowhere", (sandbox.trash() + "/files/" + name + ".4.app").toStdString());
         fs::create_hard_link(linked.path().toStdString(),
-                             (sandbox.trash() + "/files/linked" + name).toStdString());
+                             (sandbox.trash() + "/files/.linked" + name).toStdString());
         auto kept = sandbox.snapshot(".local/share/Trash");
         const auto before = sandbox.snapshot("items");
         moveAll({item, linked});
+        for (const auto &free : {name + ".5.app", ".linked" + name + ".2"})
+            EXPECT_TRUE(fs::exists((sandbox.trash() + "/files/" + free).toStdString())) << free.data();
         restoreWithTrashCli(2);
         EXPECT_EQ(sandbox.snapshot("items"), before);
         EXPECT_EQ(sandbox.snapshot(".local/share/Trash"), kept);
