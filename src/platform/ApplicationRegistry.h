@@ -13,7 +13,8 @@ class ApplicationIndex
 public:
     virtual ~ApplicationIndex() = default;
 
-    /// Where the application with this identifier is; absent when none is known. Compared as it is spelled.
+    /// Where the application with this identifier is; absent when none is known. Identifiers are the
+    /// same in any case and in any canonical spelling.
     virtual std::optional<Url> urlForApplication(const QString &bundleIdentifier) const = 0;
 };
 

@@ -110,11 +110,22 @@ Names namesOf(const InstalledApplication &application, const CodeSignature &code
             applicationGroupIdentifiers(codeSignature.entitlements(application.url))};
 }
 
-QList<Url> pathsInside(const Url &folder, const QList<QByteArray> &names, const char *suffix)
+/// The paths of these names as they are spelled, and the entries that spell one of them in another canonical way, as
+/// those that come from a Mac do.
+QList<Url> pathsInside(const FileSystem &fileSystem, const Url &folder, const QList<QByteArray> &names,
+                       const char *suffix)
 {
     QList<Url> paths;
-    for (const auto &name : names)
-        paths.append(folder / (name + suffix));
+    for (const auto &name : names) {
+        const auto fileName = name + suffix;
+        paths.append(folder / fileName);
+        if (isAscii(fileName))
+            continue;
+        for (const auto &entry : fileSystem.contentsOfDirectory(folder)) {
+            if (canonicalFileName(entry.name()) == canonicalFileName(fileName))
+                paths.append(entry.url());
+        }
+    }
     return paths;
 }
 
@@ -122,11 +133,12 @@ QList<Url> entriesNamedAfter(const FileSystem &fileSystem, const Url &folder, co
 {
     QList<Url> paths;
     for (const auto &identifier : identifiers) {
+        const auto wanted = canonicalFileName(identifier);
         for (const auto &entry : fileSystem.contentsOfDirectory(folder)) {
             const auto url = entry.url();
-            const auto name = url.nameWithoutExtension();
+            const auto name = canonicalFileName(url.nameWithoutExtension());
             // The dot keeps an identifier that merely begins alike from matching.
-            if (name == identifier || name.startsWith(identifier + '.'))
+            if (name == wanted || name.startsWith(wanted + '.'))
                 paths.append(url);
         }
     }
@@ -137,8 +149,9 @@ QList<Url> entriesContinuing(const FileSystem &fileSystem, const Url &folder, co
 {
     QList<Url> paths;
     for (const auto &identifier : identifiers) {
+        const auto wanted = canonicalFileName(identifier) + '.';
         for (const auto &entry : fileSystem.contentsOfDirectory(folder)) {
-            if (entry.name().startsWith(identifier + '.'))
+            if (canonicalFileName(entry.name()).startsWith(wanted))
                 paths.append(entry.url());
         }
     }
@@ -154,11 +167,11 @@ QList<Url> probedUrls(const Probe &probe, const InstalledApplication &applicatio
     case Name::bundle:
         return application.isSystemApplication ? QList<Url>() : QList<Url>{application.url};
     case Name::identifier:
-        return pathsInside(folder, names.identifiers, probe.suffix);
+        return pathsInside(fileSystem, folder, names.identifiers, probe.suffix);
     case Name::eachCandidateName:
-        return pathsInside(folder, names.candidateNames, probe.suffix);
+        return pathsInside(fileSystem, folder, names.candidateNames, probe.suffix);
     case Name::eachGroup:
-        return pathsInside(folder, names.groups, probe.suffix);
+        return pathsInside(fileSystem, folder, names.groups, probe.suffix);
     case Name::eachEntryNamedAfterIdentifier:
         return entriesNamedAfter(fileSystem, folder, names.identifiers);
     case Name::eachEntryContinuingIdentifier:

@@ -5,6 +5,7 @@
 #include "FileNames.h"
 #include "LibraryFolder.h"
 #include "NameMatcher.h"
+#include "Spelling.h"
 
 #include <QTextBoundaryFinder>
 
@@ -146,14 +147,17 @@ LeftoverScanner::LeftoverScanner(const FileSystem &fileSystem, const Application
 
 QList<ScanItem> LeftoverScanner::scanLeftovers(const QSet<QString> &knownBundleIdentifiers) const
 {
+    QSet<QString> known;
+    for (const auto &identifier : knownBundleIdentifiers)
+        known.insert(caselessForm(identifier));
     QList<ScanItem> items;
     std::unordered_set<QByteArray> seenPaths;
     LazyIndex system(m_applicationRegistry);
     for (const auto &[folder, suffix] : leftoverFolders) {
         for (const auto &entry : m_fileSystem.contentsOfDirectory(libraryFolder(m_fileSystem) / folder)) {
             const auto identifier = candidateIdentifier(entry.name(), suffix);
-            if (!identifier || belongsToOperatingSystem(*identifier)
-                || knownBundleIdentifiers.contains(*identifier) || system.knows(*identifier))
+            if (!identifier || belongsToOperatingSystem(*identifier) || known.contains(caselessForm(*identifier))
+                || system.knows(*identifier))
                 continue;
             const auto url = entry.url();
             if (seenPaths.insert(url.standardizedPath()).second)

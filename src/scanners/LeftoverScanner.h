@@ -19,7 +19,8 @@ public:
     LeftoverScanner(const FileSystem &fileSystem, const ApplicationRegistry &applicationRegistry);
 
     /// Entries that are named like a bundle identifier whose application is neither among
-    /// `knownBundleIdentifiers` nor known to the system, largest first. Blocks.
+    /// `knownBundleIdentifiers` nor known to the system, largest first. Identifiers are the same in any case and in any
+    /// canonical spelling. Blocks.
     QList<ScanItem> scanLeftovers(const QSet<QString> &knownBundleIdentifiers) const;
 
     /// `text` without white space at its ends; absent when that is no acceptable file name.

@@ -1,26 +1,15 @@
 #include "NameMatcher.h"
 
 #include "FileNames.h"
+#include "Spelling.h"
 
 #include <QLatin1StringView>
 
-#include <algorithm>
-
-namespace {
-
-bool isAscii(QByteArrayView text)
-{
-    return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
-} // namespace
-
-NameMatcher::NameMatcher(QStringView name) : m_name(name.toString().normalized(QString::NormalizationForm_C)) { }
+NameMatcher::NameMatcher(QStringView name) : m_name(canonicalForm(name)) { }
 
 bool NameMatcher::matches(QStringView name) const
 {
-    const auto composed = name.toString().normalized(QString::NormalizationForm_C);
-    return composed.compare(m_name, Qt::CaseInsensitive) == 0;
+    return canonicalForm(name).compare(m_name, Qt::CaseInsensitive) == 0;
 }
 
 bool NameMatcher::matchesFileName(QByteArrayView fileName) const

@@ -148,6 +148,30 @@ TEST_F(AssociatedFileScannerTest, linksCountAsThemselvesAndOnlyWhenTheyLeadSomew
     EXPECT_EQ(items.first().sizeBytes, 1);
 }
 
+TEST_F(AssociatedFileScannerTest, namesAreFoundInEveryCanonicalSpelling)
+{
+    // Composed, as programs spell; the files came from a Mac, or half of the way.
+    const auto application =
+        disk.application("/System/Applications/\u017b\u00f3\u0142w.app",
+                         {.identifier = "org.\u017c\u00f3\u0142w", .groups = {"\u017c\u00f3\u0142w"}});
+    for (const auto *path :
+         {"Caches/Z\u0307o\u0301\u0142w", "Caches/Zo\u0301\u0142w", "Logs/\u017bo\u0301\u0142w",
+          "Logs/\u017b\u00f3\u0142w", "Cookies/org.z\u0307o\u0301\u0142w.binarycookies",
+          "Group Containers/z\u0307o\u0301\u0142w", "LaunchAgents/org.z\u0307o\u0301\u0142w.plist",
+          "LaunchAgents/org.z\u0307o\u0301\u0142w.agent.plist", "LaunchAgents/org.z\u0307o\u0301\u0142wie.plist",
+          "Preferences/ByHost/org.z\u0307o\u0301\u0142w.1F2E.plist"})
+        disk.file("~/Library/" + QByteArray(path));
+
+    EXPECT_THAT(pathsOf(scan(application)),
+                ElementsAre("~/Library/Caches/Z\u0307o\u0301\u0142w", "~/Library/Logs/\u017b\u00f3\u0142w",
+                            "~/Library/Logs/\u017bo\u0301\u0142w",
+                            "~/Library/Cookies/org.z\u0307o\u0301\u0142w.binarycookies",
+                            "~/Library/Group Containers/z\u0307o\u0301\u0142w",
+                            "~/Library/LaunchAgents/org.z\u0307o\u0301\u0142w.plist",
+                            "~/Library/LaunchAgents/org.z\u0307o\u0301\u0142w.agent.plist",
+                            "~/Library/Preferences/ByHost/org.z\u0307o\u0301\u0142w.1F2E.plist"));
+}
+
 TEST_F(AssociatedFileScannerTest, fileNamesThatAreNotTextAreProbedByTheirBytes)
 {
     const auto application = disk.application("/System/Applications/\xff.app", {.identifier = "org.odd"});

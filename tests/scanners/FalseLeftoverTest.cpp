@@ -150,7 +150,6 @@ protected:
                 "~/Library/Saved Application State/" + identifier + ".savedState"};
     }
 
-private:
     void keepDataOf(const QByteArray &identifier)
     {
         for (const auto &path : dataOf(identifier))
@@ -160,6 +159,11 @@ private:
 
 TEST_F(FalseLeftoverTest, nothingThatIsInstalledIsOffered)
 {
+    // Identifiers are the same in any case and in any canonical spelling.
+    keepDataOf("com.vendor.browser.HELPER");
+    disk.information("/Applications/Utilities/Tools.app/Contents/PlugIns/a.appex/Contents/Info.plist",
+                     "pl.\u017b\u00f3\u0142w.Share");
+    keepDataOf("PL.z\u0307o\u0301\u0142w.share");
     EXPECT_THAT(leftovers(), IsEmpty());
 }
 

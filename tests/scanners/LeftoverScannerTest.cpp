@@ -61,9 +61,11 @@ TEST_F(LeftoverScannerTest, fiveFoldersAreSearchedOneLevelDeep)
 TEST_F(LeftoverScannerTest, knownApplicationsAreLeftAloneAndTheSystemIsAskedOnce)
 {
     disk.folder("~/Library/Caches/com.vendor.listed");
+    disk.folder("~/Library/Caches/com.Vendor.Listed");
+    disk.folder("~/Library/Caches/com.vendor.z\u0307\u00f3\u0142w");
     disk.folder("~/Library/Caches/com.apple.Safari");
     disk.folder("~/Library/Caches/Not an identifier");
-    EXPECT_THAT(scanner.scanLeftovers({"com.vendor.listed"}), IsEmpty());
+    EXPECT_THAT(scanner.scanLeftovers({"com.vendor.listed", "com.vendor.\u017b\u00f3\u0142W"}), IsEmpty());
     EXPECT_EQ(registry.timesRead(), 0);
 
     registry.add("com.vendor.known");
@@ -71,8 +73,9 @@ TEST_F(LeftoverScannerTest, knownApplicationsAreLeftAloneAndTheSystemIsAskedOnce
     disk.folder("~/Library/Caches/com.vendor.known.savedState");
     disk.folder("~/Library/Caches/com.vendor.KNOWN");
     disk.folder("~/Library/Saved Application State/com.vendor.known.savedState");
-    EXPECT_THAT(pathsOf(scanner.scanLeftovers({"com.vendor.listed"})),
-                ElementsAre("~/Library/Caches/com.vendor.known.savedState", "~/Library/Caches/com.vendor.KNOWN"));
+    disk.remove("~/Library/Caches/com.vendor.z\u0307\u00f3\u0142w");
+    EXPECT_THAT(pathsOf(scanner.scanLeftovers({"COM.vendor.LISTED"})),
+                ElementsAre("~/Library/Caches/com.vendor.known.savedState"));
     EXPECT_EQ(registry.timesRead(), 1);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ApplicationRegistry.h"
+#include "Spelling.h"
 
 #include <QSet>
 
@@ -10,7 +11,7 @@
 class FakeApplicationRegistry : public ApplicationRegistry
 {
 public:
-    void add(const QString &bundleIdentifier) { m_known.identifiers.insert(bundleIdentifier); }
+    void add(const QString &bundleIdentifier) { m_known.identifiers.insert(caselessForm(bundleIdentifier)); }
     int timesRead() const { return m_timesRead; }
 
     std::unique_ptr<ApplicationIndex> index() const override
@@ -24,7 +25,8 @@ private:
     {
         std::optional<Url> urlForApplication(const QString &identifier) const override
         {
-            return identifiers.contains(identifier) ? std::optional(Url("/Applications/Any.app")) : std::nullopt;
+            return identifiers.contains(caselessForm(identifier)) ? std::optional(Url("/Applications/Any.app"))
+                                                                  : std::nullopt;
         }
         QSet<QString> identifiers;
     };

@@ -2,6 +2,7 @@
 
 #include "BundleSearch.h"
 #include "FileSystem.h"
+#include "Spelling.h"
 
 #include <QHash>
 #include <QList>
@@ -88,18 +89,20 @@ class Index : public ApplicationIndex
 public:
     std::optional<Url> urlForApplication(const QString &bundleIdentifier) const override
     {
-        const auto url = m_applications.constFind(bundleIdentifier);
+        const auto url = m_applications.constFind(caselessForm(bundleIdentifier));
         return url == m_applications.constEnd() ? std::nullopt : std::optional(*url);
     }
 
     /// The first one that has an identifier keeps it.
     void add(const QString &identifier, const Url &url)
     {
-        if (!m_applications.contains(identifier))
-            m_applications.insert(identifier, url);
+        const auto key = caselessForm(identifier);
+        if (!m_applications.contains(key))
+            m_applications.insert(key, url);
     }
 
 private:
+    /// By the caseless form of their identifiers.
     QHash<QString, Url> m_applications;
 };
 
