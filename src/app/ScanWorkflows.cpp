@@ -123,7 +123,7 @@ QCoro::Task<> ScanWorkflows::scanLeftovers()
     for (const auto &application : m_state.applications())
         knownIdentifiers.insert(application.bundleIdentifier);
 
-    auto filling = fill(m_state.m_leftoverItems, {u"scanning", u"nothing_found"}, TaskPriority::userInitiated,
+    auto filling = fill(m_state.m_leftoverItems, {u"scanning", u"nothing_found"}, TaskPriority::utility,
                         &LeftoverScanner::scanLeftovers, &m_leftoverScanner, knownIdentifiers);
     co_await filling;
 }

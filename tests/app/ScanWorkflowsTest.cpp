@@ -217,6 +217,13 @@ TEST_F(ScanWorkflowsTest, cacheScanTakesItemsOfOneMebibyteAtLowPriority)
     EXPECT_EQ(priority.timesUserInitiated, 1);
 }
 
+TEST_F(ScanWorkflowsTest, leftoverScanGivesWayToOtherPrograms)
+{
+    waitFor(scans.scanLeftovers());
+    EXPECT_EQ(priority.timesUserInitiated, 1) << "the catalog, which the user waits for elsewhere";
+    EXPECT_EQ(priority.timesUtility, 1);
+}
+
 TEST_F(ScanWorkflowsTest, folderIsAskedForBeforeTheCategories)
 {
     for (const auto category : allCases<MediaCategory>())
