@@ -15,15 +15,18 @@ public:
     /// `information` is the information dictionary with localised values already in place.
     explicit Bundle(QVariantMap information = {}) : m_information(std::move(information)) { }
 
-    /// "CFBundleIdentifier" where it is a text; absent otherwise. May be empty.
+    /// "CFBundleIdentifier" where it is a text that can name something; absent otherwise. May be empty.
     std::optional<QString> identifier() const { return text(QStringLiteral("CFBundleIdentifier")); }
 
-    /// The value under `key`, in the user's language where the bundle localises it; absent when there is none or
-    /// when it is not a text. An empty text is a text.
+    /// The value under `key`, in the user's language where the bundle localises it; absent when there is none, when it is
+    /// not a text, and when it is longer than the name of a file: then it names nothing. An empty text is a text.
     std::optional<QString> text(const QString &key) const
     {
         const auto value = m_information.constFind(key);
-        if (value == m_information.constEnd() || value->typeId() != QMetaType::QString)
+        // In UTF-16 units, as the Mac's file systems count.
+        constexpr qsizetype longestName = 255;
+        if (value == m_information.constEnd() || value->typeId() != QMetaType::QString
+            || value->toString().size() > longestName)
             return std::nullopt;
         return value->toString();
     }

@@ -39,6 +39,7 @@ TEST_F(ApplicationCatalogScannerTest, applicationsOfTheThreeFoldersAreListedAsTh
     disk.application("/Applications/.Hidden.app", {.identifier = "org.hidden"});
     disk.application("/Applications/Nameless.app", {.identifier = ""});
     disk.application("/Applications/Notes.application", {.identifier = "org.other"});
+    disk.application("/Applications/Endless.app", {.identifier = "org." + QString(252, u'e')});
     disk.folder("/Applications/Folder.app");
     disk.bundles.add(disk.folder("/Applications/Broken.app"), {{"CFBundleIdentifier", 7}});
 
@@ -50,9 +51,11 @@ TEST_F(ApplicationCatalogScannerTest, namesFollowTheirPrecedence)
     bundle("/Applications/A.app", {{"CFBundleDisplayName", "Shown"}, {"CFBundleName", "Short"}});
     bundle("/Applications/B.app", {{"CFBundleDisplayName", 7}, {"CFBundleName", "Short"}});
     bundle("/Applications/Last Resort.app", {{"CFBundleName", QStringList{"list"}}});
+    const QString longest(255, u'n');
+    bundle("/Applications/E.app", {{"CFBundleDisplayName", longest + 'n'}, {"CFBundleName", longest}});
     bundle("/Applications/D.app", {{"CFBundleDisplayName", ""}, {"CFBundleName", "Short of D"}});
 
-    EXPECT_THAT(names(), ElementsAre("", "Last Resort", "Short", "Shown"));
+    EXPECT_THAT(names(), ElementsAre("", "Last Resort", longest, "Short", "Shown"));
 }
 
 TEST_F(ApplicationCatalogScannerTest, orderIsTheReadersAndKeepsEqualNamesAsFound)
