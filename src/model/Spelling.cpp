@@ -2,6 +2,8 @@
 
 #include <QStringDecoder>
 
+#include <algorithm>
+
 QString decodedText(QByteArrayView utf8)
 {
     using enum QStringConverter::Flag;
@@ -11,6 +13,18 @@ QString decodedText(QByteArrayView utf8)
 QString canonicalForm(QStringView text)
 {
     return text.toString().normalized(QString::NormalizationForm_C);
+}
+
+bool isAscii(QByteArrayView utf8)
+{
+    return std::ranges::all_of(utf8, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+QByteArray canonicalFileName(QByteArrayView fileName)
+{
+    if (isAscii(fileName) || !QUtf8StringView(fileName).isValidUtf8())
+        return fileName.toByteArray();
+    return canonicalForm(decodedText(fileName)).toUtf8();
 }
 
 // What the Unicode standard calls a canonical caseless match: folding may take letters apart, and is right only for

@@ -11,6 +11,13 @@ QString decodedText(QByteArrayView utf8);
 /// in the names of files that come from a Mac.
 QString canonicalForm(QStringView text);
 
+/// Whether UTF-8 consists of ASCII alone, as nearly every name of a disk does: that can be spelled in one way only.
+bool isAscii(QByteArrayView utf8);
+
+/// A file's name in the canonical form of the text that it spells; unchanged when it is not UTF-8, for decoded, different
+/// names would look the same. For comparing: the file has the name that it has.
+QByteArray canonicalFileName(QByteArrayView fileName);
+
 /// Two texts are one in this form whatever their case, too: bundle identifiers are compared so. The rules are the same in
 /// every language.
 QString caselessForm(QStringView text);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Spelling.h"
+
 #include <QByteArray>
 #include <QHashFunctions>
 #include <QMetaType>
@@ -55,8 +57,8 @@ public:
     Url parent() const;
 
     /// The path and the last component for people to read: bytes that are not UTF-8 are shown as U+FFFD.
-    QString displayPath() const { return QString::fromUtf8(m_path); }
-    QString displayName() const { return QString::fromUtf8(lastPathComponent()); }
+    QString displayPath() const { return decodedText(m_path); }
+    QString displayName() const { return decodedText(lastPathComponent()); }
 
     /// `name` inside of this folder. A text is stored as UTF-8.
     friend Url operator/(const Url &folder, QByteArrayView name);

@@ -1,7 +1,8 @@
 #include "PermittedArea.h"
 
+#include "Spelling.h"
+
 #include <QList>
-#include <QString>
 
 #include <algorithm>
 
@@ -33,16 +34,12 @@ constexpr PermittedArea permittedAreas[] = {
     {Base::root, "/Applications/"},
 };
 
-// Canonically equivalent spellings of a path come out alike. A component that is not UTF-8 stays as it is:
-// decoded, different names would look the same.
+// Canonically equivalent spellings of a path come out alike.
 QByteArray canonicalSpelling(const QByteArray &path)
 {
     auto components = path.split('/');
-    for (auto &component : components) {
-        const auto text = QString::fromUtf8(component);
-        if (text.toUtf8() == component)
-            component = text.normalized(QString::NormalizationForm_C).toUtf8();
-    }
+    for (auto &component : components)
+        component = canonicalFileName(component);
     return components.join('/');
 }
 

@@ -2,6 +2,7 @@
 
 #include "AllocatedSize.h"
 #include "BundleReader.h"
+#include "Spelling.h"
 
 namespace {
 
@@ -11,7 +12,7 @@ QString displayName(const Bundle &bundle, const Url &url)
         return *name;
     if (const auto name = bundle.text(QStringLiteral("CFBundleName")))
         return *name;
-    return QString::fromUtf8(url.nameWithoutExtension());
+    return decodedText(url.nameWithoutExtension());
 }
 
 } // namespace

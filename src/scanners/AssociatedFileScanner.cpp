@@ -4,6 +4,7 @@
 #include "CodeSignature.h"
 #include "FileNames.h"
 #include "LibraryFolder.h"
+#include "Spelling.h"
 
 #include <algorithm>
 #include <unordered_set>

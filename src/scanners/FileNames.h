@@ -9,14 +9,6 @@
 /// is equal to no text.
 std::optional<QString> decodedFileName(QByteArrayView fileName);
 
-/// Whether the name consists of ASCII alone, as nearly every name of a disk does: such a name can be spelled in one way
-/// only.
-bool isAscii(QByteArrayView fileName);
-
-/// The name in the canonical form of the text that it spells; unchanged when it is not UTF-8. For comparing: the file
-/// has the name that it has.
-QByteArray canonicalFileName(QByteArrayView fileName);
-
 /// Whether a file can have this name and a path that ends in it leads nowhere else: not empty, neither "." nor
 /// "..", without "/" and bytes of value zero.
 bool isFileName(QByteArrayView name);

@@ -26,6 +26,12 @@ TEST(UrlTest, extensionsFollowTheLastDotOfTheName)
     EXPECT_EQ(split("/a/org.notes.agent.plist"), "org.notes.agent|plist");
 }
 
+TEST(UrlTest, namesAreShownWithTheirMarks)
+{
+    EXPECT_EQ(Url("/a/\ufeffnotes\xff").displayName(), u"\ufeffnotes\ufffd");
+    EXPECT_EQ(Url("/\ufeffa").displayPath(), u"/\ufeffa");
+}
+
 TEST(UrlTest, urisOfLocalFilesKeepEveryByte)
 {
     EXPECT_EQ(Url::fromUri("file:///Applications/Za%C5%BC%C3%B3%C5%82%C4%87%20%25.app/")->path(),

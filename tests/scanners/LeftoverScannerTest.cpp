@@ -38,7 +38,7 @@ TEST_F(LeftoverScannerTest, onlyWhatIsNamedLikeAnIdentifierIsOffered)
     for (const auto *name :
          {"vendor.tool", "com..tool", ".com.vendor.tool", "com.vendor.tool.", "com.vendor.tool 2",
           "com.vendor.tool~", "com.vendor.to+ol", "com.vendor.😀", "com.vendor.tool\xff", "com.vendor.\xff",
-          "com.vendor.\u0301x", "com.vendor.x.\u0301", "com.apple.tool", "Tool"})
+          "\ufeffcom.vendor.tool", "com.vendor.\u0301x", "com.vendor.x.\u0301", "com.apple.tool", "Tool"})
         EXPECT_FALSE(isLeftover(name)) << name;
 }
 
@@ -104,6 +104,10 @@ TEST_F(LeftoverScannerTest, searchComparesWholeNamesWithoutCaseAndInBothSpelling
     EXPECT_THAT(pathsOf(scanner.searchItems(" com.vendor.tool ")),
                 ElementsAre("~/Library/Caches/deep/COM.VENDOR.TOOL", "~/Library/Containers/com.vendor.tool"));
     EXPECT_THAT(scanner.searchItems("com.vendor.too\ufffd"), IsEmpty());
+    // A mark at the beginning belongs to the name.
+    disk.folder("~/Library/Logs/\ufeffmarked");
+    EXPECT_THAT(scanner.searchItems("marked"), IsEmpty());
+    EXPECT_EQ(scanner.searchItems(QChar(0xfeff) + QString("marked")).size(), 1);
     EXPECT_THAT(scanner.searchItems("no"), IsEmpty());
 
     disk.folder("~/Library/Logs/Z\u0307o\u0301łw");

@@ -117,7 +117,7 @@ void addDesktopEntriesIn(const Url &folder, const FileSystem &fileSystem, Index 
         id.chop(desktopEntrySuffix.size());
         // What a removed package leaves of its entry may be a link that leads nowhere.
         if (QUtf8StringView(id).isValidUtf8() && fileSystem.exists(url))
-            index.add(QString::fromUtf8(id), url);
+            index.add(decodedText(id), url);
     }
 }
 
