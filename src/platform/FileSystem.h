@@ -141,9 +141,9 @@ public:
 
     /// Everything below `folder`, parents before what they hold, in the file system's own order. Hidden items are
     /// left out together with what they hold; packages and links beneath `folder` are listed but not entered;
-    /// `folder` itself is entered even when it is a package or a link to a folder. Of a bundle that only its contents
-    /// show to be one, "Contents" is listed and not entered. What cannot be read is passed over. A tree may change
-    /// while it is walked: the walk never leaves it.
+    /// `folder` itself is entered even when it is a package or a link to a folder. A folder is a package by its
+    /// name alone. What cannot be read is passed over. A tree may change while it is walked: the walk never leaves
+    /// it.
     virtual DirectoryEnumeration enumerate(const Url &folder) const = 0;
 
     /// Absent when nothing is at `url` or it cannot be read. A link at `url` is described as itself.

@@ -29,6 +29,23 @@ std::optional<FileType> typeOf(const dirent64 &listed)
     return fileTypeOf(DTTOIF(listed.d_type));
 }
 
+/// Whether `error` tells of what is wrong with the disk or not allowed there. Any other one would be a fault of the
+/// walk, which must not pass for a folder without entries.
+bool isFailureOfTheDisk(int error)
+{
+    switch (error) {
+    case EBADF:
+    case EFAULT:
+    case EINVAL:
+    case EMFILE:
+    case ENAMETOOLONG:
+    case ENOTDIR:
+        return false;
+    default:
+        return true;
+    }
+}
+
 /// Which folder `descriptor` is; none when it is not open.
 Identity identityOf(const FileDescriptor &descriptor)
 {
@@ -104,8 +121,11 @@ const dirent64 *LinuxDirectoryWalk::nextListed()
 /// Reads on in `folder`; false at its end and when it cannot be read (any more).
 bool LinuxDirectoryWalk::readListing(Folder &folder)
 {
+    if (folder.isReadToItsEnd)
+        return false;
     const auto size = uninterrupted(
         [&] { return getdents64(folder.descriptor.number(), folder.listing.data(), folder.listing.size()); });
+    Q_ASSERT_X(size >= 0 || isFailureOfTheDisk(errno), "LinuxDirectoryWalk", std::strerror(errno));
     folder.next = 0;
     folder.end = size > 0 ? static_cast<size_t>(size) : 0;
     return size > 0;
@@ -133,28 +153,12 @@ bool LinuxDirectoryWalk::describe(const dirent64 &listed)
 
 void LinuxDirectoryWalk::enterCurrent()
 {
-    // Not at the first level: there it is the enumerated folder that would be the bundle, and that one is entered.
-    const bool mayBelongToABundle = level() > 1 && m_name == bundleContents;
     makeRoom();
     auto descriptor = openFolder(folder().descriptor, m_name.data(), O_RDONLY);
     if (!descriptor.isOpen())
         return;
     m_path.append('/').append(m_name);
     push(std::move(descriptor));
-    if (mayBelongToABundle && readListing(folder()) && lists(folder(), bundleInformation))
-        leave();
-}
-
-/// Whether `name` is among the entries of `folder` that have been read and not been passed.
-bool LinuxDirectoryWalk::lists(const Folder &folder, QByteArrayView name)
-{
-    for (auto offset = folder.next; offset < folder.end;) {
-        const auto *listed = reinterpret_cast<const dirent64 *>(folder.listing.data() + offset);
-        if (nameOf(*listed) == name)
-            return true;
-        offset += listed->d_reclen;
-    }
-    return false;
 }
 
 void LinuxDirectoryWalk::push(FileDescriptor descriptor)
@@ -165,6 +169,7 @@ void LinuxDirectoryWalk::push(FileDescriptor descriptor)
     pushed.descriptor = std::move(descriptor);
     pushed.pathSize = m_path.size();
     pushed.next = pushed.end = 0;
+    pushed.isReadToItsEnd = false;
     if (m_spareListings.empty()) {
         pushed.listing.resize(listingSize);
     } else {
@@ -203,7 +208,11 @@ void LinuxDirectoryWalk::makeRoom()
     std::vector<char> rest(closed.listing.data() + closed.next, closed.listing.data() + closed.end);
     while (readListing(closed))
         rest.insert(rest.end(), closed.listing.data(), closed.listing.data() + closed.end);
-    m_spareListings.push_back(std::exchange(closed.listing, std::move(rest)));
+    closed.isReadToItsEnd = true;
+    std::swap(closed.listing, rest);
+    // What is left of a folder that is closed for the second time is no room for another folder's listing.
+    if (rest.size() == listingSize)
+        m_spareListings.push_back(std::move(rest));
     closed.next = 0;
     closed.end = closed.listing.size();
     closed.descriptor = {};

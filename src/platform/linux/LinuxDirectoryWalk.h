@@ -48,13 +48,14 @@ private:
         std::vector<char> listing = {};
         size_t next = 0;
         size_t end = 0;
+        /// Nothing is to come but what the listing holds.
+        bool isReadToItsEnd = false;
         /// Known once the folder has been closed to make room.
         Identity identity = {};
     };
 
     const dirent64 *nextListed();
     bool readListing(Folder &folder);
-    static bool lists(const Folder &folder, QByteArrayView name);
     bool describe(const dirent64 &listed);
 
     void enterCurrent();

@@ -1,8 +1,9 @@
 #include "AllocatedSize.h"
+#include "HiddenTypes.h"
 #include "LinuxFileSystem.h"
+#include "RandomTree.h"
 #include "TemporaryDisk.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <functional>
 #include <gmock/gmock.h>
@@ -14,27 +15,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 using testing::UnorderedElementsAre;
-
-namespace {
-
-/// While this is set, listings do not say what an entry is, as those of some file systems never do.
-bool typesAreHidden = false;
-
-} // namespace
-
-// The linker puts these in the place of the C library's function.
-extern "C" ssize_t __real_getdents64(int folder, void *listing, size_t size);
-extern "C" ssize_t __wrap_getdents64(int folder, void *listing, size_t size)
-{
-    const auto length = __real_getdents64(folder, listing, size);
-    auto *entry = static_cast<char *>(listing);
-    for (const auto *const end = entry + length; typesAreHidden && length > 0 && entry < end;) {
-        auto *listed = reinterpret_cast<dirent64 *>(entry);
-        listed->d_type = DT_UNKNOWN;
-        entry += listed->d_reclen;
-    }
-    return length;
-}
 
 namespace {
 
@@ -135,7 +115,7 @@ TEST_F(LinuxDirectoryWalkTest, listsWhatIsShownAndEntersNeitherPackagesNorLinks)
         {"/top/pipe", {FileType::other, 1}},
     };
     for (const bool areHidden : {false, true}) {
-        typesAreHidden = areHidden;
+        const HiddenTypes hidden(areHidden);
         std::map<QByteArray, std::pair<FileType, int>> seen;
         const auto paths = walk(Url("/top"), [&](auto &entry) {
             EXPECT_TRUE(entry.level() == 1 || seen.contains(entry.url().parent().path())) << "parents come first";
@@ -143,7 +123,6 @@ TEST_F(LinuxDirectoryWalkTest, listsWhatIsShownAndEntersNeitherPackagesNorLinks)
             EXPECT_EQ(entry.name(), entry.url().lastPathComponent());
             EXPECT_EQ(entry.resourceValues()->type, entry.type());
         });
-        typesAreHidden = false;
         EXPECT_EQ(seen, expected);
         EXPECT_THAT(paths, SizeIs(expected.size()));
     }
@@ -160,21 +139,16 @@ TEST_F(LinuxDirectoryWalkTest, theFolderItselfMayBeAPackageALinkOrTheRoot)
         EXPECT_THAT(walk(Url(nothing)), IsEmpty());
 }
 
-TEST_F(LinuxDirectoryWalkTest, aBundleThatOnlyItsContentsShowIsKnownWithoutAnExtraCall)
+TEST_F(LinuxDirectoryWalkTest, aFolderIsAPackageByItsNameAlone)
 {
-    disk.file("/top/Effects.plug/Contents/Info.plist");
-    disk.file("/top/Effects.plug/Contents/Resources/picture.png");
-    disk.file("/top/Notes.app.old/Contents/picture.png");
-    disk.file("/top/source/Info.plist");
-    disk.file("/top/source/picture.png");
     for (const char *package : {"Look.qlgenerator", "Letter.rtfd", "Trips.PhotosLibrary", "Old.mpkg"})
         disk.file(QByteArray("/packages/") + package + "/picture.png");
     EXPECT_THAT(walk(Url("/packages")), SizeIs(4));
-    EXPECT_THAT(walk(Url("/top")),
-                UnorderedElementsAre("/top/Effects.plug", "/top/Effects.plug/Contents", "/top/Notes.app.old",
-                                     "/top/Notes.app.old/Contents", "/top/Notes.app.old/Contents/picture.png",
-                                     "/top/source", "/top/source/Info.plist", "/top/source/picture.png"));
-    EXPECT_THAT(walk(Url("/top/Effects.plug")), Contains("/top/Effects.plug/Contents/Resources/picture.png"));
+
+    disk.file("/runtimes/jbr/Contents/Info.plist");
+    const auto library = disk.file("/runtimes/jbr/Contents/Home/libraries", QByteArray(3'000'000, 'x'));
+    EXPECT_THAT(walk(Url("/runtimes")), Contains(library.path()));
+    EXPECT_GE(allocatedSize(fileSystem, Url("/runtimes")), 3'000'000);
 }
 
 TEST_F(LinuxDirectoryWalkTest, skippingAnElementLeavesItsSiblings)
@@ -197,6 +171,19 @@ TEST_F(LinuxDirectoryWalkTest, namesOfAnyBytesLeadBackToTheirFiles)
         disk.file("/top/" + name, "x");
     EXPECT_THAT(walk(Url("/top"), [&](auto &entry) { EXPECT_EQ(fileSystem.readFile(entry.url(), 1), "x"); }),
                 UnorderedElementsAre("/top/\xff\xfe", "/top/a\nb%41\"'", "/top/\xef\xbf\xbd", "/top/" + longest));
+}
+
+TEST_F(LinuxDirectoryWalkTest, randomTreesAreSeenAsAFunctionThatCallsItselfSeesThem)
+{
+    for (unsigned seed = 0; seed < 20; ++seed) {
+        const RandomTree tree(disk, disk.folder("/" + QByteArray::number(seed)), seed);
+        const HiddenTypes hidden(seed % 3 == 0);
+        std::vector<RandomTree::Entry> seen;
+        for (const auto &entry : fileSystem.enumerate(tree.top()))
+            seen.push_back({entry.url().path(), entry.type(), *entry.resourceValues()->totalAllocatedSize});
+        const auto expected = tree.walked();
+        EXPECT_TRUE(seen == expected) << "seed " << seed << ": " << seen.size() << " of " << expected.size();
+    }
 }
 
 TEST_F(LinuxDirectoryWalkTest, anyDepthIsWalkedOnFewDescriptors)
