@@ -3,11 +3,14 @@
 #include "Url.h"
 
 #include <QByteArray>
+#include <QList>
 
 #include <cstddef>
+#include <functional>
 #include <iterator>
 #include <memory>
 #include <optional>
+#include <vector>
 
 enum class FileType { regular, directory, symbolicLink, other };
 
@@ -54,6 +57,45 @@ class DirectoryWalk : public DirectoryEntry
 public:
     /// Goes to the next element (to the first one, when it is called for the first time); false at the end.
     virtual bool next() = 0;
+};
+
+/// Where an entry comes in the order in which one thread would meet everything: what is smaller comes first, a folder
+/// before what it holds. From the walked folder's index down, the positions in the listings.
+using WalkPlace = std::vector<quint32>;
+
+/// Entries of one folder that a walk shows to one of its threads: `for (auto &entry : part)`, once.
+class FolderPart : public DirectoryWalk
+{
+public:
+    /// Which of the folders given to the walk they lie in.
+    virtual size_t walkedFolder() const = 0;
+
+    /// Of the element at which it stands; made when asked.
+    virtual WalkPlace place() const = 0;
+
+    class Iterator
+    {
+    public:
+        using value_type = FolderPart;
+        using difference_type = std::ptrdiff_t;
+
+        explicit Iterator(FolderPart *part) : m_part(part) { }
+        FolderPart &operator*() const { return *m_part; }
+        Iterator &operator++()
+        {
+            if (!m_part->next())
+                m_part = nullptr;
+            return *this;
+        }
+        void operator++(int) { ++*this; }
+        bool operator==(std::default_sentinel_t) const { return !m_part; }
+
+    private:
+        FolderPart *m_part;
+    };
+
+    Iterator begin() { return Iterator(next() ? this : nullptr); }
+    std::default_sentinel_t end() const { return {}; }
 };
 
 /// A range over the elements of a folder, to be iterated once: `for (const auto &entry : enumeration)`.
@@ -145,6 +187,15 @@ public:
     /// name alone. What cannot be read is passed over. A tree may change while it is walked: the walk never leaves
     /// it.
     virtual DirectoryEnumeration enumerate(const Url &folder) const = 0;
+
+    /// Looks at the entries of one folder, or at some of a folder with many. Called by several threads at once, in no
+    /// order; the part is valid during the call. Folders that it has not passed are not entered.
+    using FolderVisitor = std::function<void(FolderPart &part)>;
+
+    /// Shows everything below `folders`, as `enumerate` would, to several threads at once, as fast as the computer
+    /// can; returns when all has been seen. A folder that does not answer holds up itself alone. The threads have the
+    /// priority of the calling one, which is one of them.
+    virtual void walk(const QList<Url> &folders, const FolderVisitor &visit) const = 0;
 
     /// Absent when nothing is at `url` or it cannot be read. A link at `url` is described as itself.
     virtual std::optional<ResourceValues> resourceValues(const Url &url) const = 0;

@@ -2,7 +2,10 @@
 
 #include <QtNumeric>
 
+#include <algorithm>
+#include <atomic>
 #include <limits>
+#include <vector>
 
 namespace {
 
@@ -12,23 +15,67 @@ bool hasSizeOfItsOwn(FileType type)
     return type == FileType::regular || type == FileType::symbolicLink;
 }
 
+/// A sum that several threads add to; no more than fits.
+class Sum
+{
+public:
+    void add(qint64 value)
+    {
+        auto before = m_value.load(std::memory_order_relaxed);
+        while (!m_value.compare_exchange_weak(before, saturated(before, value), std::memory_order_relaxed)) { }
+    }
+    qint64 value() const { return m_value; }
+
+    static qint64 saturated(qint64 a, qint64 b)
+    {
+        return qAddOverflow(a, b, &a) ? std::numeric_limits<qint64>::max() : a;
+    }
+
+private:
+    std::atomic<qint64> m_value = 0;
+};
+
+qint64 sizeOfFilesAmong(FolderPart &part)
+{
+    qint64 size = 0;
+    for (const auto &entry : part) {
+        if (!hasSizeOfItsOwn(entry.type()))
+            continue;
+        const auto values = entry.resourceValues();
+        if (values && hasSizeOfItsOwn(values->type))
+            size = Sum::saturated(size, allocatedSize(*values));
+    }
+    return size;
+}
+
 } // namespace
 
 qint64 allocatedSize(const FileSystem &fileSystem, const Url &url)
 {
-    const auto ownValues = fileSystem.resourceValues(url);
-    if (ownValues && hasSizeOfItsOwn(ownValues->type))
-        return allocatedSize(*ownValues);
+    return allocatedSizes(fileSystem, {url}).front();
+}
 
-    qint64 total = 0;
-    for (const auto &entry : fileSystem.enumerate(url)) {
-        if (!hasSizeOfItsOwn(entry.type()))
-            continue;
-        const auto values = entry.resourceValues();
-        if (values && hasSizeOfItsOwn(values->type) && qAddOverflow(total, allocatedSize(*values), &total))
-            return std::numeric_limits<qint64>::max();
+QList<qint64> allocatedSizes(const FileSystem &fileSystem, const QList<Url> &urls)
+{
+    std::vector<Sum> sizes(static_cast<size_t>(urls.size()));
+    QList<Url> folders;
+    std::vector<Sum *> sizesOfFolders;
+    for (auto size = sizes.begin(); const auto &url : urls) {
+        const auto values = fileSystem.resourceValues(url);
+        if (values && hasSizeOfItsOwn(values->type)) {
+            size->add(allocatedSize(*values));
+        } else {
+            folders.push_back(url);
+            sizesOfFolders.push_back(&*size);
+        }
+        ++size;
     }
-    return total;
+    fileSystem.walk(folders, [&sizesOfFolders](FolderPart &part) {
+        sizesOfFolders[part.walkedFolder()]->add(sizeOfFilesAmong(part));
+    });
+    QList<qint64> result;
+    std::ranges::transform(sizes, std::back_inserter(result), &Sum::value);
+    return result;
 }
 
 qint64 allocatedSize(const ResourceValues &values)

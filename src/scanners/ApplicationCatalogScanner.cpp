@@ -1,5 +1,6 @@
 #include "ApplicationCatalogScanner.h"
 
+#include "AllocatedSize.h"
 #include "FileSystem.h"
 #include "NameMatcher.h"
 
@@ -63,10 +64,11 @@ QList<InstalledApplication> ApplicationCatalogScanner::scanApplications() const
             const auto url = entry.url();
             if (!seenPaths.insert(url.standardizedPath()).second)
                 continue;
-            if (auto application = m_applicationReader.applicationAt(url, isSystem))
+            if (auto application = m_applicationReader.unmeasuredApplicationAt(url, isSystem))
                 applications.append(std::move(*application));
         }
     }
+    measure(m_fileSystem, applications);
     const auto collator = systemCollator();
     std::ranges::stable_sort(
         applications, [&collator](const auto &a, const auto &b) { return collator.compare(a.name, b.name) < 0; });

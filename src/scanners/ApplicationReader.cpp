@@ -25,12 +25,20 @@ ApplicationReader::ApplicationReader(const FileSystem &fileSystem, const BundleR
 std::optional<InstalledApplication> ApplicationReader::applicationAt(const Url &url,
                                                                      bool isSystemApplication) const
 {
+    auto application = unmeasuredApplicationAt(url, isSystemApplication);
+    if (application)
+        application->sizeBytes = allocatedSize(m_fileSystem, url);
+    return application;
+}
+
+std::optional<InstalledApplication> ApplicationReader::unmeasuredApplicationAt(const Url &url,
+                                                                               bool isSystemApplication) const
+{
     if (url.pathExtension().compare("app", Qt::CaseInsensitive) != 0)
         return std::nullopt;
     const auto bundle = m_bundleReader.open(url);
     const auto identifier = bundle ? bundle->identifier() : std::nullopt;
     if (!identifier || identifier->isEmpty())
         return std::nullopt;
-    return InstalledApplication{displayName(*bundle, url), *identifier, url, allocatedSize(m_fileSystem, url),
-                                isSystemApplication};
+    return InstalledApplication{displayName(*bundle, url), *identifier, url, /*sizeBytes*/ 0, isSystemApplication};
 }

@@ -17,6 +17,9 @@ public:
     /// it is no bundle, and when it has no identifier. Blocks while the bundle is measured.
     std::optional<InstalledApplication> applicationAt(const Url &url, bool isSystemApplication) const;
 
+    /// The same, its size being left at 0.
+    std::optional<InstalledApplication> unmeasuredApplicationAt(const Url &url, bool isSystemApplication) const;
+
     /// Whether what lies at the standardised `url` belongs to the operating system.
     static bool isInSystemFolder(const Url &url) { return url.path().startsWith("/System/"); }
 

@@ -198,9 +198,10 @@ QList<ScanItem> AssociatedFileScanner::scanAssociatedFiles(const InstalledApplic
         for (const auto &url : probedUrls(probe, application, names, m_fileSystem)) {
             const bool isNew = seenPaths.insert(url.standardizedPath()).second;
             if (isNew && m_fileSystem.exists(url.standardized()))
-                items.push_back({url, probe.kind, probe.confidence, allocatedSize(m_fileSystem, url), isSelected});
+                items.push_back({url, probe.kind, probe.confidence, /*sizeBytes*/ 0, isSelected});
         }
     }
+    measure(m_fileSystem, items);
     std::ranges::stable_sort(items, std::greater{}, &ScanItem::sizeBytes);
     return items;
 }

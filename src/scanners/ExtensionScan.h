@@ -2,6 +2,7 @@
 
 #include "AllocatedSize.h"
 #include "ExtensionKey.h"
+#include "OrderedResults.h"
 
 #include <QHash>
 #include <QList>
@@ -30,22 +31,27 @@ QList<File> scanByExtension(const FileSystem &fileSystem, const Url &folder, con
                 wanted.insert(extensionKey(extension), category);
         }
     }
-    if (wanted.isEmpty() || folder.isEmpty())
+    if (wanted.isEmpty() || folder.isEmpty() || limit <= 0)
         return {};
 
-    QList<File> files;
-    for (const auto &entry : fileSystem.enumerate(folder)) {
-        if (files.size() >= limit)
-            break;
-        if (entry.type() != FileType::regular)
-            continue;
-        const auto category = wanted.constFind(extensionKeyOf(entry.name()));
-        if (category == wanted.constEnd())
-            continue;
-        const auto values = entry.resourceValues();
-        if (values && values->type == FileType::regular)
-            files.push_back({entry.url(), *category, allocatedSize(*values)});
-    }
+    OrderedResults<File> found(limit);
+    fileSystem.walk({folder}, [&found, &wanted](FolderPart &part) {
+        for (auto &entry : part) {
+            if (entry.type() == FileType::directory && found.isBehindTheLast([&entry] { return entry.place(); }))
+                return;
+            if (entry.type() != FileType::regular)
+                continue;
+            const auto category = wanted.constFind(extensionKeyOf(entry.name()));
+            if (category == wanted.constEnd())
+                continue;
+            if (found.isBehindTheLast([&entry] { return entry.place(); }))
+                return;
+            const auto values = entry.resourceValues();
+            if (values && values->type == FileType::regular)
+                found.add(entry.place(), {entry.url(), *category, allocatedSize(*values)});
+        }
+    });
+    auto files = found.take();
     std::ranges::stable_sort(files, std::greater{}, &File::sizeBytes);
     return files;
 }

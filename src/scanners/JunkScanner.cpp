@@ -24,6 +24,12 @@ bool belongsToOperatingSystem(QByteArrayView name)
     return name.toByteArray().toLower().startsWith("com.apple.");
 }
 
+qint64 sizeOf(const DirectoryEntry &entry)
+{
+    const auto values = entry.resourceValues();
+    return values ? allocatedSize(*values) : 0;
+}
+
 } // namespace
 
 JunkScanner::JunkScanner(const FileSystem &fileSystem) : m_fileSystem(fileSystem) { }
@@ -35,12 +41,14 @@ QList<ScanItem> JunkScanner::scanCachesAndLogs(qint64 minimumSize) const
         for (const auto &entry : m_fileSystem.contentsOfDirectory(libraryFolder(m_fileSystem) / folder)) {
             if (belongsToOperatingSystem(entry.name()))
                 continue;
-            const auto url = entry.url();
-            const auto size = allocatedSize(m_fileSystem, url);
-            if (size >= minimumSize)
-                items.push_back({url, kind, ScanConfidence::exact, size, /*isSelected*/ false});
+            // Only folders are measured with the others: there may be a million files.
+            if (entry.type() != FileType::directory && sizeOf(entry) < minimumSize)
+                continue;
+            items.push_back({entry.url(), kind, ScanConfidence::exact, /*sizeBytes*/ 0, /*isSelected*/ false});
         }
     }
+    measure(m_fileSystem, items);
+    items.removeIf([minimumSize](const ScanItem &item) { return item.sizeBytes < minimumSize; });
     std::ranges::stable_sort(items, std::greater{}, &ScanItem::sizeBytes);
     return items;
 }

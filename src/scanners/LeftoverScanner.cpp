@@ -5,11 +5,13 @@
 #include "FileNames.h"
 #include "LibraryFolder.h"
 #include "NameMatcher.h"
+#include "OrderedResults.h"
 #include "Spelling.h"
 
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
+#include <limits>
 #include <unordered_set>
 
 namespace {
@@ -114,10 +116,9 @@ bool belongsToOperatingSystem(QStringView identifier)
     return identifier.startsWith(u"com.apple.");
 }
 
-ScanItem leftover(const FileSystem &fileSystem, const Url &url)
+ScanItem leftover(const Url &url)
 {
-    return {url, ScanItemKind::leftover, ScanConfidence::probable, allocatedSize(fileSystem, url),
-            /*isSelected*/ false};
+    return {url, ScanItemKind::leftover, ScanConfidence::probable, /*sizeBytes*/ 0, /*isSelected*/ false};
 }
 
 /// The system's registry, read when it is asked for the first time.
@@ -161,9 +162,10 @@ QList<ScanItem> LeftoverScanner::scanLeftovers(const QSet<QString> &knownBundleI
                 continue;
             const auto url = entry.url();
             if (seenPaths.insert(url.standardizedPath()).second)
-                items.push_back(leftover(m_fileSystem, url));
+                items.push_back(leftover(url));
         }
     }
+    measure(m_fileSystem, items);
     std::ranges::stable_sort(items, std::greater{}, &ScanItem::sizeBytes);
     return items;
 }
@@ -184,22 +186,22 @@ QList<ScanItem> LeftoverScanner::searchItems(const QString &text) const
     if (!name)
         return {};
 
-    QList<ScanItem> items;
-    std::unordered_set<QByteArray> seenPaths;
+    QList<Url> folders;
+    for (const auto *folder : searchFolders)
+        folders.push_back(libraryFolder(m_fileSystem) / folder);
     const NameMatcher wanted(*name);
-    for (const auto *folder : searchFolders) {
-        for (auto &entry : m_fileSystem.enumerate(libraryFolder(m_fileSystem) / folder)) {
-            if (entry.level() == deepestSearchedLevel)
+    OrderedResults<ScanItem> found(std::numeric_limits<qint32>::max());
+    m_fileSystem.walk(folders, [&found, &wanted](FolderPart &part) {
+        for (auto &entry : part) {
+            const bool isWanted = wanted.matchesFileName(entry.name());
+            if (isWanted)
+                found.add(entry.place(), leftover(entry.url()));
+            if (isWanted || entry.level() == deepestSearchedLevel)
                 entry.skipDescendants();
-            if (!wanted.matchesFileName(entry.name()))
-                continue;
-            const auto url = entry.url();
-            if (!seenPaths.insert(url.standardizedPath()).second)
-                continue;
-            items.push_back(leftover(m_fileSystem, url));
-            entry.skipDescendants();
         }
-    }
+    });
+    auto items = found.take();
+    measure(m_fileSystem, items);
     std::ranges::stable_sort(items, {}, [](const ScanItem &item) { return item.url.path(); });
     return items;
 }

@@ -1,11 +1,12 @@
 #include "InMemoryFileSystem.h"
 
-#include "BundleLayout.h"
 #include "Packages.h"
 
 #include <algorithm>
 #include <iterator>
 #include <limits>
+#include <mutex>
+#include <thread>
 
 /// A walk over what each folder held at the moment when the walk entered it.
 class InMemoryFileSystem::Walk : public DirectoryWalk
@@ -58,17 +59,64 @@ private:
         }
     }
 
-    bool isPlainFolder() const
-    {
-        const bool isContentsOfABundle =
-            level() > 1 && m_current->name == bundleContents && child(*m_current, bundleInformation.toByteArray());
-        return type() == FileType::directory && !isPackageName(m_current->name) && !isContentsOfABundle;
-    }
+    bool isPlainFolder() const { return InMemoryFileSystem::isPlainFolder(*m_current); }
 
     Depth m_depth;
     bool m_isSkipped = false;
     NodePointer m_current;
     std::vector<Level> m_levels;
+};
+
+/// What a folder holds, and where it comes.
+class InMemoryFileSystem::Part : public FolderPart
+{
+public:
+    Part(const Url &folder, const Node &node, WalkPlace place) : m_folder(folder), m_place(std::move(place))
+    {
+        if (node.isReadable && !node.isGone)
+            m_children = node.children;
+    }
+
+    bool next() override
+    {
+        if (std::exchange(m_entersCurrent, false))
+            m_found.emplace_back(url(), *m_current, place());
+        do {
+            if (m_next == m_children.size())
+                return false;
+            m_current = m_children[m_next++];
+        } while (m_current->name.startsWith('.'));
+        m_entersCurrent = isPlainFolder(*m_current);
+        return true;
+    }
+
+    QByteArrayView name() const override { return m_current->name; }
+    FileType type() const override { return m_current->values.type; }
+    int level() const override { return static_cast<int>(m_place.size()); }
+    Url url() const override { return m_folder / m_current->name; }
+    std::optional<ResourceValues> resourceValues() const override
+    {
+        return m_current->isGone ? std::nullopt : std::optional(m_current->values);
+    }
+    void skipDescendants() override { m_entersCurrent = false; }
+    size_t walkedFolder() const override { return m_place.front(); }
+    WalkPlace place() const override
+    {
+        auto place = m_place;
+        place.push_back(static_cast<quint32>(m_next));
+        return place;
+    }
+
+    std::vector<Part> takeFound() { return std::move(m_found); }
+
+private:
+    Url m_folder;
+    WalkPlace m_place;
+    std::vector<NodePointer> m_children;
+    size_t m_next = 0;
+    NodePointer m_current;
+    bool m_entersCurrent = false;
+    std::vector<Part> m_found;
 };
 
 InMemoryFileSystem::InMemoryFileSystem()
@@ -113,6 +161,32 @@ DirectoryEnumeration InMemoryFileSystem::enumerate(const Url &folder) const
     return Walk::into(folder, find(folder, LastLink::followed), Walk::Depth::full);
 }
 
+void InMemoryFileSystem::walk(const QList<Url> &folders, const FolderVisitor &visit) const
+{
+    std::vector<Part> parts;
+    for (quint32 index = 0; const auto &folder : folders) {
+        if (const auto node = find(folder, LastLink::followed))
+            parts.emplace_back(folder, *node, WalkPlace{index});
+        ++index;
+    }
+    // Whatever order and threads can do to a visitor: the last ones first, by two threads.
+    std::mutex mutex;
+    const auto work = [&] {
+        for (std::unique_lock lock(mutex); !parts.empty();) {
+            auto part = std::move(parts.back());
+            parts.pop_back();
+            lock.unlock();
+            visit(part);
+            lock.lock();
+            std::ranges::move(part.takeFound(), std::back_inserter(parts));
+        }
+    };
+    while (!parts.empty()) {
+        std::jthread other(work);
+        work();
+    }
+}
+
 std::optional<ResourceValues> InMemoryFileSystem::resourceValues(const Url &url) const
 {
     const auto item = find(url, LastLink::kept);
@@ -151,6 +225,11 @@ Url InMemoryFileSystem::put(const QByteArray &path, Node item)
     item.parent = find(where.parent(), LastLink::kept);
     *there = std::move(item);
     return url(path);
+}
+
+bool InMemoryFileSystem::isPlainFolder(const Node &node)
+{
+    return node.values.type == FileType::directory && !isPackageName(node.name);
 }
 
 InMemoryFileSystem::NodePointer InMemoryFileSystem::child(const Node &folder, const QByteArray &name)

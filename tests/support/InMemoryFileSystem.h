@@ -88,6 +88,7 @@ public:
     bool isExecutable(const Url &url) const override;
     DirectoryEnumeration contentsOfDirectory(const Url &folder) const override;
     DirectoryEnumeration enumerate(const Url &folder) const override;
+    void walk(const QList<Url> &folders, const FolderVisitor &visit) const override;
     std::optional<ResourceValues> resourceValues(const Url &url) const override;
     std::optional<QByteArray> readFile(const Url &url, qint64 maximumSize) const override;
     std::optional<QByteArray> readFilePart(const Url &url, qint64 offset, qint64 maximumLength) const override;
@@ -98,12 +99,14 @@ public:
 
 private:
     class Walk;
+    class Part;
     enum class LastLink { kept, followed };
 
     /// Makes the item, or gives the one that is there other values.
     Url put(const QByteArray &path, Node item);
     NodePointer find(const Url &url, LastLink lastLink) const;
     NodePointer node(const QByteArray &path) const { return find(url(path), LastLink::kept); }
+    static bool isPlainFolder(const Node &node);
     static NodePointer child(const Node &folder, const QByteArray &name);
 
     NodePointer m_root = std::make_shared<Node>(Node{.values = {FileType::directory, {}, {}}});

@@ -29,3 +29,9 @@ void LinuxBackgroundPriority::apply(TaskPriority priority) const
     setpriority(PRIO_PROCESS, thread, std::max(utilityNiceness, getpriority(PRIO_PROCESS, thread)));
     syscall(SYS_ioprio_set, processOrThread, thread, utilityDiskPriority);
 }
+
+bool LinuxBackgroundPriority::isLowered()
+{
+    return getpriority(PRIO_PROCESS, static_cast<id_t>(gettid()))
+           > getpriority(PRIO_PROCESS, static_cast<id_t>(getpid()));
+}

@@ -7,4 +7,7 @@ class LinuxBackgroundPriority final : public BackgroundPriority
 {
 public:
     void apply(TaskPriority priority) const override;
+
+    /// Whether the calling thread gives way more than the program itself does. Threads that it makes do as well.
+    static bool isLowered();
 };

@@ -1,6 +1,7 @@
 #include "LinuxFileSystem.h"
 
 #include "FileStatus.h"
+#include "LinuxTreeWalk.h"
 #include "ReachablePath.h"
 #include "VolumeLabel.h"
 
@@ -112,17 +113,27 @@ bool LinuxFileSystem::isExecutable(const Url &url) const
 
 DirectoryEnumeration LinuxFileSystem::contentsOfDirectory(const Url &folder) const
 {
-    return walk(folder, LinuxDirectoryWalk::Depth::children);
+    return listing(folder, LinuxDirectoryWalk::Depth::children);
 }
 
 DirectoryEnumeration LinuxFileSystem::enumerate(const Url &folder) const
 {
-    return walk(folder, LinuxDirectoryWalk::Depth::descendants);
+    return listing(folder, LinuxDirectoryWalk::Depth::descendants);
 }
 
-DirectoryEnumeration LinuxFileSystem::walk(const Url &folder, LinuxDirectoryWalk::Depth depth) const
+void LinuxFileSystem::walk(const QList<Url> &folders, const FolderVisitor &visit) const
 {
-    auto descriptor = openPath(m_root.hostPath(folder), O_RDONLY | O_DIRECTORY);
+    LinuxTreeWalk([this](const Url &folder) { return openFolder(folder); }, visit, m_stop).run(folders);
+}
+
+FileDescriptor LinuxFileSystem::openFolder(const Url &folder) const
+{
+    return openPath(m_root.hostPath(folder), O_RDONLY | O_DIRECTORY);
+}
+
+DirectoryEnumeration LinuxFileSystem::listing(const Url &folder, LinuxDirectoryWalk::Depth depth) const
+{
+    auto descriptor = openFolder(folder);
     if (!descriptor.isOpen())
         return {};
     return DirectoryEnumeration(

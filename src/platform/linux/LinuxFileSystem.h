@@ -22,13 +22,15 @@ public:
     bool isExecutable(const Url &url) const override;
     DirectoryEnumeration contentsOfDirectory(const Url &folder) const override;
     DirectoryEnumeration enumerate(const Url &folder) const override;
+    void walk(const QList<Url> &folders, const FolderVisitor &visit) const override;
     std::optional<ResourceValues> resourceValues(const Url &url) const override;
     std::optional<QByteArray> readFile(const Url &url, qint64 maximumSize) const override;
     std::optional<QByteArray> readFilePart(const Url &url, qint64 offset, qint64 maximumLength) const override;
     std::optional<VolumeValues> volumeValues(const Url &url) const override;
 
 private:
-    DirectoryEnumeration walk(const Url &folder, LinuxDirectoryWalk::Depth depth) const;
+    FileDescriptor openFolder(const Url &folder) const;
+    DirectoryEnumeration listing(const Url &folder, LinuxDirectoryWalk::Depth depth) const;
 
     const DiskRoot m_root;
     const Url m_home;

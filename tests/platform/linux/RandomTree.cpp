@@ -46,7 +46,7 @@ RandomTree::RandomTree(const TemporaryDisk &disk, const Url &top, unsigned seed)
     : m_disk(disk), m_top(disk.folder(top.path())), m_random(seed)
 {
     const int folder = open(disk.host(top.path()).c_str(), O_RDONLY | O_DIRECTORY);
-    for (int branch = number(3); branch >= 0; --branch)
+    for (int branch = number(2); branch >= 0; --branch)
         fill(folder, number(deepestLevel - 1));
     close(folder);
 }
@@ -65,7 +65,7 @@ void RandomTree::fill(int folder, int levelsLeft)
     if (levelsLeft == 0)
         return;
     // Now and then a folder of many folders, now and then a second way down.
-    for (int siblings = number(9) == 0 ? number(40) : number(1); siblings >= 0; --siblings) {
+    for (int siblings = number(9) == 0 ? number(12) : number(1); siblings >= 0; --siblings) {
         const auto name = newName();
         if (mkdirat(folder, name.constData(), 0755) != 0)
             continue;
@@ -78,7 +78,7 @@ void RandomTree::fill(int folder, int levelsLeft)
 void RandomTree::addFiles(int folder)
 {
     // A folder whose listing takes more than one call, once in a while.
-    for (int files = number(300) == 0 ? 2000 : number(3); files > 0; --files) {
+    for (int files = number(700) == 0 ? 2000 : number(3); files > 0; --files) {
         const auto name = newName();
         switch (number(9)) {
         case 0:
@@ -88,8 +88,8 @@ void RandomTree::addFiles(int folder)
             mkfifoat(folder, name.constData(), 0644);
             break;
         default:
-            const int file = openat(folder, name.constData(), O_CREAT | O_WRONLY, 0644);
-            if (number(4) == 0)
+            const int file = openat(folder, name.constData(), O_CREAT | O_EXCL | O_WRONLY, 0644);
+            if (file >= 0 && number(4) == 0)
                 posix_fallocate(file, 0, 1);
             close(file);
         }

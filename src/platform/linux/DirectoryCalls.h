@@ -1,0 +1,37 @@
+#pragma once
+
+#include "FileDescriptor.h"
+#include "FileSystem.h"
+
+#include <dirent.h>
+#include <optional>
+#include <sys/stat.h>
+#include <sys/types.h>
+
+/// Which folder of which file system; no folder's where both are 0.
+struct FolderIdentity
+{
+    dev_t device = 0;
+    ino_t inode = 0;
+    bool operator==(const FolderIdentity &) const = default;
+};
+
+/// Which folder `folder` is; none when it is not open.
+FolderIdentity identityOf(const FileDescriptor &folder);
+
+/// The folder `name` in `parent`, with the access mode `access`; not open when it cannot be opened, and when it is a
+/// link.
+FileDescriptor openFolder(const FileDescriptor &parent, const char *name, int access);
+
+/// The status of `name` in `folder`, a link being described as itself.
+std::optional<struct stat> statusOf(const FileDescriptor &folder, const char *name);
+
+/// Reads on in `folder` into `listing` and answers how many bytes are there now; 0 at the end, and when the folder
+/// cannot be read (any more).
+size_t readListing(const FileDescriptor &folder, char *listing, size_t size);
+
+/// The name in an entry of a listing.
+const char *nameOf(const dirent64 &listed);
+
+/// What an entry of a listing is; absent where the file system does not say.
+std::optional<FileType> typeOf(const dirent64 &listed);
