@@ -3,6 +3,7 @@
 
 #include "TrashDirectory.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <gio/gunixmounts.h>
 #include <memory>
@@ -13,8 +14,7 @@ namespace {
 
 QByteArray parentOf(const QByteArray &path)
 {
-    const auto slash = path.lastIndexOf('/');
-    return slash > 0 ? path.first(slash) : QByteArray("/");
+    return path.first(std::max<qsizetype>(path.lastIndexOf('/'), 1));
 }
 
 /// The device that `path` is on, or would be if it were made.

@@ -106,9 +106,14 @@ TEST_F(TrashVolumeTest, whatIsReallyInTheWayIsSaid)
     EXPECT_TRUE(fs::exists(item.path().toStdString()));
 }
 
-TEST_F(TrashVolumeTest, volumeThatDesktopsShallNotShowATrashOfHasNone)
+TEST_F(TrashVolumeTest, whetherDesktopsShowATrashOfAVolumeCanBeSaidWhereItIsMounted)
 {
-    const SecondVolume volume(top, "x-gvfs-notrash");
-    NEED_VOLUME(volume);
-    EXPECT_EQ(move(), "");
+    {
+        const SecondVolume without(top, "x-gvfs-notrash");
+        NEED_VOLUME(without);
+        EXPECT_EQ(move(), "");
+    }
+    const SecondVolume with(top, "x-gvfs-notrash,x-gvfs-trash");
+    NEED_VOLUME(with);
+    EXPECT_NE(move(), "");
 }

@@ -21,6 +21,16 @@ extern "C" int __wrap_renameat2(int fromFolder, const char *from, int toFolder, 
     return -1;
 }
 
+// A disk that loses what it was given.
+extern "C" int __real_fdatasync(int);
+extern "C" int __wrap_fdatasync(int file)
+{
+    if (!std::getenv("WRITING_THROUGH_FAILS"))
+        return __real_fdatasync(file);
+    errno = EIO;
+    return -1;
+}
+
 namespace {
 
 class NoHelper : public PrivilegedHelper
