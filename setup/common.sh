@@ -41,13 +41,14 @@ install() {
 }
 
 # build PRESET [TARGET...]: configures and builds; prints the compiler's words only when it fails.
+# TARNVALE_CMAKE, where it is set, holds further arguments for CMake's configuration.
 build() {
     local preset=$1 target targets=() launcher=()
     shift
     for target in "$@"; do targets+=(--target "$target"); done
     command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
     echo "Building ($preset) …"
-    cmake --preset "$preset" "${launcher[@]}" >"build/$preset.log" 2>&1 &&
+    cmake --preset "$preset" "${launcher[@]}" ${TARNVALE_CMAKE:-} >"build/$preset.log" 2>&1 &&
         cmake --build --preset "$preset" "${targets[@]}" >>"build/$preset.log" 2>&1 ||
         { echo "The build failed; the end of build/$preset.log:" >&2; tail -n 60 "build/$preset.log" >&2; return 1; }
 }
