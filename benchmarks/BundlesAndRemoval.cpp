@@ -7,6 +7,7 @@
 #include "FolderChooser.h"
 #include "Heartbeat.h"
 #include "LinuxPlatform.h"
+#include "ReadyFuture.h"
 
 #include <QEventLoop>
 
@@ -23,7 +24,7 @@ class CachesChooser : public FolderChooser
 public:
     QFuture<std::optional<Url>> chooseFolder(const QString &, const QString &) override
     {
-        return QtFuture::makeReadyFuture(std::optional(BenchDisk::caches()));
+        return readyFuture(std::optional(BenchDisk::caches()));
     }
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FolderChooser.h"
+#include "ReadyFuture.h"
 
 /// Stands in the tour for the user who chooses a folder in the desktop's dialog, which is not a part of the window.
 class ChosenFolder : public FolderChooser
@@ -10,7 +11,7 @@ public:
 
     QFuture<std::optional<Url>> chooseFolder(const QString &, const QString &) override
     {
-        return QtFuture::makeReadyFuture(m_answer);
+        return readyFuture(m_answer);
     }
 
 private:

@@ -1,5 +1,7 @@
 #include "FolderDialogChooser.h"
 
+#include "ReadyFuture.h"
+
 #include <QDir>
 #include <QGuiApplication>
 #include <QQmlComponent>
@@ -34,7 +36,7 @@ QFuture<std::optional<Url>> FolderDialogChooser::chooseFolder(const QString &tit
 {
     auto *window = programWindow();
     if (!window || m_dialog)
-        return QtFuture::makeReadyFuture(std::optional<Url>());
+        return readyFuture(std::optional<Url>());
 
     // Loaded when it is first needed: the dialogs' module is large.
     QQmlComponent component(qmlEngine(window), QUrl(QStringLiteral("qrc:/qt/qml/Tarnvale/FolderPanel.qml")));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FolderChooser.h"
+#include "ReadyFuture.h"
 
 /// Answers with the folder that a test set, none being a cancelled dialog.
 class FakeFolderChooser : public FolderChooser
@@ -10,6 +11,6 @@ public:
 
     QFuture<std::optional<Url>> chooseFolder(const QString &, const QString &) override
     {
-        return QtFuture::makeReadyFuture(folder);
+        return readyFuture(folder);
     }
 };

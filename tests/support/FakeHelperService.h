@@ -1,6 +1,7 @@
 #pragma once
 
 #include "HelperService.h"
+#include "ReadyFuture.h"
 
 /// Service management and a helper that answer what a test tells them to, and keep what they were asked.
 class FakeHelperService : public HelperService
@@ -33,7 +34,7 @@ public:
     {
         requests.append(standardizedPaths);
         bundleIdentifier = identifier;
-        return QtFuture::makeReadyFuture(answer);
+        return readyFuture(answer);
     }
 
 private:

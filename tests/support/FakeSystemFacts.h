@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ReadyFuture.h"
 #include "SystemFacts.h"
 
 /// The facts of a made-up computer: whatever the fields say. As it is made, nothing can be read.
@@ -27,7 +28,7 @@ public:
     std::optional<QString> processorBrandValue;
     quint64 physicalMemoryValue = 0;
     double uptimeValue = 0;
-    QFuture<void> firstPowerReadingValue = QtFuture::makeReadyFuture();
+    QFuture<void> firstPowerReadingValue = readyFuture();
     std::optional<PowerSourceDescription> powerSourceValue;
     std::optional<BatteryRegistryEntry> registryEntryValue;
     double timeRemainingValue = -1;

@@ -114,7 +114,7 @@ std::optional<QVariant> dateValue(QByteArrayView bytes)
     const auto seconds = std::bit_cast<double>(bigEndian(bytes));
     if (!(std::abs(seconds) < farthest))
         return std::nullopt;
-    return QVariant(QDateTime::fromMSecsSinceEpoch(std::llround((seconds + reference) * 1000), Qt::UTC));
+    return QVariant(QDateTime::fromMSecsSinceEpoch(std::llround((seconds + reference) * 1000)).toUTC());
 }
 
 QString fromUtf16BigEndian(QByteArrayView bytes)

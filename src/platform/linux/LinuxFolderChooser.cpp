@@ -1,5 +1,6 @@
 #include "LinuxFolderChooser.h"
 
+#include "ReadyFuture.h"
 #include "SessionBus.h"
 
 #include <QDBusPendingCallWatcher>
@@ -57,7 +58,7 @@ LinuxFolderChooser::~LinuxFolderChooser()
 QFuture<std::optional<Url>> LinuxFolderChooser::chooseFolder(const QString &title, const QString &prompt)
 {
     if (m_step != Step::idle)
-        return QtFuture::makeReadyFuture(std::optional<Url>());
+        return readyFuture(std::optional<Url>());
 
     m_promise = {};
     m_promise.start();

@@ -5,6 +5,7 @@
 #include <QProcess>
 #include <QStringEncoder>
 #include <QTemporaryDir>
+#include <QTimeZone>
 
 #include <gtest/gtest.h>
 
@@ -95,7 +96,7 @@ TEST(PropertyListTest, xmlValuesOfEveryType)
     EXPECT_EQ(values.value("huge"), QVariant(quint64(18446744073709551615u)));
     EXPECT_EQ(values.value("real"), QVariant(-2.5));
     EXPECT_EQ(values.value("yes"), QVariant(true));
-    EXPECT_EQ(values.value("date"), QDateTime(QDate(2019, 7, 4), QTime(10, 20, 30), Qt::UTC));
+    EXPECT_EQ(values.value("date"), QDateTime(QDate(2019, 7, 4), QTime(10, 20, 30), QTimeZone::utc()));
     EXPECT_EQ(values.value("data"), QByteArray("\x00\x01\x02\xff", 4));
     EXPECT_EQ(values.value("list").toList().size(), 16);
     EXPECT_EQ(read("<dict><key>bare</key><integer>0x1F</integer></dict>"), QVariantMap({{"bare", qint64(31)}}));
