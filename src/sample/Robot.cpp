@@ -8,6 +8,14 @@
 
 namespace {
 
+/// Whether it is told to be what is looked for. Qt 6.4 tells of everything that is made of a button as one, whatever role
+/// it declares; Qt 6.8 tells the declared role.
+bool hasRole(const QAccessibleInterface &element, QAccessible::Role role)
+{
+    const bool isMadeOfAButton = role == QAccessible::PageTab || role == QAccessible::RadioButton;
+    return element.role() == role || (isMadeOfAButton && element.role() == QAccessible::Button);
+}
+
 QAccessibleInterface *findBelow(QAccessibleInterface *element, QAccessible::Role role, const QString &name)
 {
     if (!element)
@@ -16,7 +24,7 @@ QAccessibleInterface *findBelow(QAccessibleInterface *element, QAccessible::Role
         auto *child = element->child(i);
         if (!child || child->state().invisible)
             continue;
-        if (child->role() == role && child->text(QAccessible::Name) == name && !child->rect().isEmpty())
+        if (hasRole(*child, role) && child->text(QAccessible::Name) == name && !child->rect().isEmpty())
             return child;
         if (auto *found = findBelow(child, role, name))
             return found;

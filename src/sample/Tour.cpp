@@ -46,13 +46,23 @@ Tour::Tour(AppViewModel &viewModel, QQuickWindow &window, ChosenFolder &chosenFo
 {
 }
 
-int Tour::run(AppLanguage language, QSize size)
+bool Tour::run(AppLanguage language, QSize size)
+{
+    try {
+        visitEverything(language, size);
+    } catch (const StepFailed &) {
+        return false;
+    }
+    return true;
+}
+
+void Tour::visitEverything(AppLanguage language, QSize size)
 {
     QDir().mkpath(m_pictures);
     m_window.resize(size);
     expect(QTest::qWaitForWindowExposed(&m_window), QStringLiteral("the window opens"));
     expect(m_viewModel.language() == AppLanguage::polish, QStringLiteral("it speaks Polish at first"));
-    click(QAccessible::Button, rawValue(language));
+    click(QAccessible::RadioButton, rawValue(language));
     expect(m_viewModel.language() == language, QStringLiteral("it speaks the language that was chosen"));
 
     visitDashboard();
@@ -65,7 +75,6 @@ int Tour::run(AppLanguage language, QSize size)
     visitCleaner();
     visitMedia();
     visitDocuments();
-    return m_failures;
 }
 
 void Tour::visitDashboard()
@@ -291,7 +300,7 @@ void Tour::visitDocuments()
 
 void Tour::show(SidebarSelection section)
 {
-    click(QAccessible::Button, text(rawValue(section)));
+    click(QAccessible::PageTab, text(rawValue(section)));
     expect(m_viewModel.sidebarSelection() == section, QStringLiteral("the sidebar leads there"));
 }
 
@@ -320,9 +329,10 @@ void Tour::expect(bool isTrue, const QString &what)
 {
     if (isTrue)
         return;
-    ++m_failures;
-    say(QStringLiteral("  FAILED: ") + what);
-    keepInstant(QStringLiteral("failed"));
+    const auto file = nextPicture(QStringLiteral("failed"));
+    m_robot.picture().save(file);
+    say(QStringLiteral("  FAILED: %1. The tour ends here; how it looked: %2").arg(what, file));
+    throw StepFailed();
 }
 
 void Tour::click(QAccessible::Role role, const QString &name)
@@ -338,12 +348,13 @@ void Tour::keepPicture(const QString &name)
 
 void Tour::keepInstant(const QString &name)
 {
-    const auto file =
-        QStringLiteral("%1/%2-%3.png").arg(m_pictures).arg(++m_pictureCount, 2, 10, QLatin1Char('0')).arg(name);
-    if (m_robot.picture().save(file))
-        return;
-    ++m_failures;
-    say(QStringLiteral("  FAILED: %1 could not be written").arg(file));
+    const auto file = nextPicture(name);
+    expect(m_robot.picture().save(file), QStringLiteral("%1 is written").arg(file));
+}
+
+QString Tour::nextPicture(const QString &name)
+{
+    return QStringLiteral("%1/%2-%3.png").arg(m_pictures).arg(++m_pictureCount, 2, 10, QLatin1Char('0')).arg(name);
 }
 
 QString Tour::text(const QString &key) const

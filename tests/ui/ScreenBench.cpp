@@ -110,6 +110,20 @@ QQuickItem *ScreenBench::control(QQuickItem *item, const QString &name)
     return text;
 }
 
+bool ScreenBench::assist(QQuickItem *item, const QString &name, const QString &action)
+{
+    QAccessible::setActive(true);
+    for (auto *named : visibleItems(item->window()->contentItem())) {
+        auto *interface = QAccessible::queryAccessibleInterface(named);
+        if (accessibleName(named) != name || !interface->actionInterface()
+            || !interface->actionInterface()->actionNames().contains(action))
+            continue;
+        interface->actionInterface()->doAction(action);
+        return true;
+    }
+    return false;
+}
+
 QStringList ScreenBench::namelessControls(QQuickItem *item)
 {
     QStringList types;

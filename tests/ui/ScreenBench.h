@@ -48,6 +48,9 @@ public:
     /// The visible control of this accessible name in the window of `item`, or else the text; null when there is
     /// none.
     Q_INVOKABLE static QQuickItem *control(QQuickItem *item, const QString &name);
+    /// Has assistive technology do `action` ("Press", "Toggle") on the first thing of this name that has it. Whether there
+    /// is one.
+    Q_INVOKABLE static bool assist(QQuickItem *item, const QString &name, const QString &action);
     /// Accessible names are the first thing that is forgotten: the type of every control below `item` that the
     /// keyboard reaches and that has none.
     Q_INVOKABLE static QStringList namelessControls(QQuickItem *item);

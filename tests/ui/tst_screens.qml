@@ -199,6 +199,31 @@ Item {
             compare(app.cleanerItems.count, 2);
         }
 
+        function test_assistiveTechnologyDoesWhatAClickDoes() {
+            findCaches();
+            const total = app.cleanerItems.count;
+            for (const action of ["Toggle", "Press"]) {
+                verify(bench.assist(root, "bigger", action));
+                compare(app.cleanerItems.selectedCount, action === "Toggle" ? 1 : 0);
+            }
+            verify(bench.assist(root, "Move Selected to Trash", "Press"));
+            compare(app.pendingDeletion, undefined, "a disabled button");
+            verify(bench.assist(root, "bigger", "Press"));
+            verify(bench.assist(root, "Move Selected to Trash", "Press"));
+            tryVerify(() => bench.control(root, "Cancel"));
+            verify(bench.assist(root, "Move to Trash", "Press"));
+            tryCompare(app.cleanerItems, "count", total - 1);
+            compare(bench.recycled, ["/Users/me/Library/Caches/bigger"]);
+
+            verify(bench.assist(root, "Media Files", "Press"));
+            compare(app.sidebarSelection, Tarnvale.SidebarSelection.mediaFinder);
+            bench.setChosenFolder("~/Movies");
+            verify(bench.assist(root, "Choose Folder or Disk", "Press"));
+            tryVerify(() => app.selectedMediaFolder !== undefined);
+            verify(bench.assist(root, "PL", "Press"));
+            compare(app.language, Tarnvale.AppLanguage.polish);
+        }
+
         function test_everythingButItsButtonMeansCancel() {
             findCaches();
             app.cleanerItems.setSelected(1, true);

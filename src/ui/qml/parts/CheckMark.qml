@@ -1,17 +1,17 @@
 import QtQuick
-import QtQuick.Templates as T
 import Tarnvale
 
 /// A check box with an optional text beside it.
-T.CheckBox {
+BaseButton {
     id: box
 
+    checkable: true
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: Math.max(Theme.checkSide + topPadding + bottomPadding, implicitContentHeight)
     topPadding: Theme.small
     bottomPadding: Theme.small
     font: Theme.body
-    Accessible.name: text
+    Accessible.onToggleAction: activate()
     opacity: enabled ? 1 : Theme.disabledOpacity
 
     indicator: ContinuousRectangle {

@@ -1,18 +1,14 @@
 import QtQuick
-import QtQuick.Templates as T
 import Tarnvale
 
 /// A symbol to press, without a plate of its own. Its text is its tooltip.
-T.Button {
+BaseButton {
     id: button
 
     required property string systemImage
 
     implicitWidth: Theme.controlHeight
     implicitHeight: Theme.controlHeight
-    Accessible.name: text
-    Keys.onReturnPressed: event => event.isAutoRepeat || clicked()
-    Keys.onEnterPressed: event => event.isAutoRepeat || clicked()
 
     contentItem: Item {
         Symbol {

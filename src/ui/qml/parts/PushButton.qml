@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Templates as T
 import Tarnvale
 
 /// A button with a symbol and a text on a plate. Space and Return press it.
-T.Button {
+BaseButton {
     id: button
 
     property string systemImage
@@ -17,9 +16,6 @@ T.Button {
     rightPadding: 14
     opacity: enabled ? 1 : Theme.disabledOpacity
     font: Theme.bodyMedium
-    Accessible.name: text
-    Keys.onReturnPressed: event => event.isAutoRepeat || clicked()
-    Keys.onEnterPressed: event => event.isAutoRepeat || clicked()
 
     contentItem: Item {
         implicitWidth: face.implicitWidth

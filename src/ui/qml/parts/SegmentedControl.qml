@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 import Tarnvale
 
 /// One choice of a few, side by side. Left and Right move it.
@@ -43,19 +42,18 @@ FocusScope {
         Repeater {
             model: control.segments
 
-            T.AbstractButton {
+            BaseButton {
                 id: segment
 
                 required property int index
                 required property string modelData
 
+                role: Accessible.RadioButton
                 width: parent.width / control.segments.length
                 height: parent.height
                 text: modelData
                 checked: index === control.current
                 focusPolicy: Qt.NoFocus
-                Accessible.role: Accessible.RadioButton
-                Accessible.name: text
                 Accessible.checkable: true
                 Accessible.checked: checked
                 onClicked: control.chosen(index)

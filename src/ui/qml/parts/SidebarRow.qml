@@ -1,10 +1,9 @@
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Templates as T
 import Tarnvale
 
 /// One section of the sidebar.
-T.AbstractButton {
+BaseButton {
     id: row
 
     // Not `text`, in which Qt would take "&" for a mnemonic.
@@ -12,17 +11,15 @@ T.AbstractButton {
     required property string systemImage
     required property bool selected
 
+    role: Accessible.PageTab
     implicitHeight: Math.max(implicitContentHeight, 20) + topPadding + bottomPadding
     leftPadding: 12
     rightPadding: 12
     topPadding: 10
     bottomPadding: 10
-    Accessible.role: Accessible.PageTab
     Accessible.name: title
     Accessible.selectable: true
     Accessible.selected: selected
-    Keys.onReturnPressed: event => event.isAutoRepeat || clicked()
-    Keys.onEnterPressed: event => event.isAutoRepeat || clicked()
 
     contentItem: RowLayout {
         spacing: 10

@@ -1,0 +1,35 @@
+import QtQuick
+import QtQuick.Templates as T
+
+/// What every control that is pressed is made of: the face is its own, what a press does and what assistive technology
+/// is told stands here. Return presses it like Space, but not what is ticked.
+T.AbstractButton {
+    id: control
+
+    /// What assistive technology is told that it is. Qt 6.4 tells of a button or a check box all the same.
+    property int role: checkable ? Accessible.CheckBox : Accessible.Button
+
+    /// Does what a click does.
+    function activate() {
+        if (!enabled)
+            return;
+        if (checkable) {
+            toggle();
+            toggled();
+        }
+        clicked();
+    }
+
+    function activateByKey(event: var) {
+        event.accepted = !checkable;
+        if (!checkable && !event.isAutoRepeat)
+            activate();
+    }
+
+    Accessible.role: role
+    Accessible.name: text
+    // Of its own Qt 6.4 has no press for a button, and its toggle changes `checked` and tells nobody.
+    Accessible.onPressAction: activate()
+    Keys.onReturnPressed: event => activateByKey(event)
+    Keys.onEnterPressed: event => activateByKey(event)
+}
