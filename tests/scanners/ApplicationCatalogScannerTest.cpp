@@ -68,6 +68,18 @@ TEST_F(ApplicationCatalogScannerTest, orderIsTheReadersAndKeepsEqualNamesAsFound
                                      "Źrebak", "Żaba"));
 }
 
+TEST_F(ApplicationCatalogScannerTest, equalNamesKeepTheOrderOfTheFolders)
+{
+    QByteArrayList expected;
+    for (const auto *folder : {"/Applications", "~/Applications", "/System/Applications"}) {
+        for (int i = 9; i > 0; --i)
+            expected.append(folder + QByteArray("/") + QByteArray::number(i) + ".app");
+    }
+    for (const auto &path : expected)
+        bundle(path, {{"CFBundleName", path.size() % 2 ? "Same" : "sAME"}});
+    EXPECT_THAT(pathsOf(scan()), testing::ElementsAreArray(expected));
+}
+
 TEST_F(ApplicationCatalogScannerTest, findingTakesAFullNameInAnySpelling)
 {
     const QList<InstalledApplication> applications{

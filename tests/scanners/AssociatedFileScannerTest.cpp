@@ -20,61 +20,76 @@ protected:
     }
 };
 
-// Every place, each with the kind that it gives, made in an order that is not the table's.
-constexpr std::pair<const char *, ScanItemKind> exactPlaces[] = {
-    {"Application Support/org.notes", ScanItemKind::applicationSupport},
-    {"Caches/org.notes", ScanItemKind::cache},
-    {"Containers/org.notes", ScanItemKind::container},
-    {"Application Scripts/org.notes", ScanItemKind::container},
-    {"Logs/org.notes", ScanItemKind::log},
-    {"Saved Application State/org.notes.savedState", ScanItemKind::savedState},
-    {"WebKit/org.notes", ScanItemKind::webData},
-    {"HTTPStorages/org.notes", ScanItemKind::webData},
-    {"Cookies/org.notes.binarycookies", ScanItemKind::webData},
-    {"Preferences/org.notes.plist", ScanItemKind::preference},
-    {"Group Containers/TEAM.notes", ScanItemKind::container},
-    {"LaunchAgents/org.notes.plist", ScanItemKind::applicationSupport},
-    {"Preferences/ByHost/org.notes.1F2E.plist", ScanItemKind::preference},
-};
-constexpr std::pair<const char *, ScanItemKind> probablePlaces[] = {
-    {"Application Support/Shown", ScanItemKind::applicationSupport},
-    {"Application Support/Notes", ScanItemKind::applicationSupport},
-    {"Caches/Shown", ScanItemKind::cache},
-    {"Logs/Notes", ScanItemKind::log},
-};
-
-TEST_F(AssociatedFileScannerTest, everyPlaceGivesItsKindAndItsSelection)
+// Everything that belongs to the application "Notes.app" that calls itself "Shown", in the order of the rules.
+constexpr struct
 {
-    const ApplicationTraits traits{.identifier = "org.notes", .name = "Shown", .groups = {"TEAM.notes"}};
-    const auto application = disk.application("/Applications/Notes.app", traits);
-    const auto system = disk.application("/System/Applications/Notes.app", traits);
-    QList<ScanItem> expected{{application.url, ScanItemKind::application, ScanConfidence::exact, 4096, true}};
-    QList<ScanItem> ofSystem;
-    const auto expect = [&](const auto &places, ScanConfidence confidence) {
-        for (const auto &[place, kind] : places) {
-            const auto url = disk.file("~/Library/" + QByteArray(place), 10);
-            expected.append({url, kind, confidence, 10, confidence == ScanConfidence::exact});
-            ofSystem.append({url, kind, confidence, 10, false});
-        }
-    };
-    expect(probablePlaces, ScanConfidence::probable);
-    expect(exactPlaces, ScanConfidence::exact);
+    const char *place;
+    ScanItemKind kind;
+    ScanConfidence confidence;
+} everyPlace[] = {
+    {"Application Support/org.notes", ScanItemKind::applicationSupport, ScanConfidence::exact},
+    {"Application Support/Shown", ScanItemKind::applicationSupport, ScanConfidence::probable},
+    {"Application Support/Notes", ScanItemKind::applicationSupport, ScanConfidence::probable},
+    {"Caches/org.notes", ScanItemKind::cache, ScanConfidence::exact},
+    {"Caches/Shown", ScanItemKind::cache, ScanConfidence::probable},
+    {"Caches/Notes", ScanItemKind::cache, ScanConfidence::probable},
+    {"Containers/org.notes", ScanItemKind::container, ScanConfidence::exact},
+    {"Application Scripts/org.notes", ScanItemKind::container, ScanConfidence::exact},
+    {"Logs/org.notes", ScanItemKind::log, ScanConfidence::exact},
+    {"Logs/Shown", ScanItemKind::log, ScanConfidence::probable},
+    {"Logs/Notes", ScanItemKind::log, ScanConfidence::probable},
+    {"Saved Application State/org.notes.savedState", ScanItemKind::savedState, ScanConfidence::exact},
+    {"WebKit/org.notes", ScanItemKind::webData, ScanConfidence::exact},
+    {"HTTPStorages/org.notes", ScanItemKind::webData, ScanConfidence::exact},
+    {"Cookies/org.notes.binarycookies", ScanItemKind::webData, ScanConfidence::exact},
+    {"Preferences/org.notes.plist", ScanItemKind::preference, ScanConfidence::exact},
+    {"Group Containers/TEAM.notes", ScanItemKind::container, ScanConfidence::exact},
+    {"LaunchAgents/org.notes.plist", ScanItemKind::applicationSupport, ScanConfidence::exact},
+    {"LaunchAgents/org.notes.savedState", ScanItemKind::applicationSupport, ScanConfidence::exact},
+    {"LaunchAgents/org.notes.binarycookies", ScanItemKind::applicationSupport, ScanConfidence::exact},
+    {"Preferences/ByHost/org.notes.plist", ScanItemKind::preference, ScanConfidence::exact},
+    {"Preferences/ByHost/org.notes.savedState", ScanItemKind::preference, ScanConfidence::exact},
+    {"Preferences/ByHost/org.notes.binarycookies", ScanItemKind::preference, ScanConfidence::exact},
+};
 
-    EXPECT_THAT(scan(application), testing::UnorderedElementsAreArray(expected));
-    EXPECT_THAT(scan(system), testing::UnorderedElementsAreArray(ofSystem));
+TEST_F(AssociatedFileScannerTest, everyPlaceGivesItsKindAndItsSelectionAndNoOtherPlaceAnything)
+{
+    for (const auto *folder :
+         {"Application Support", "Caches", "Containers", "Application Scripts", "Logs", "Saved Application State",
+          "WebKit", "HTTPStorages", "Cookies", "Preferences", "Group Containers", "LaunchAgents",
+          "Preferences/ByHost", "Services", "Caches/Deeper"}) {
+        for (const auto *name : {"org.notes", "Shown", "Notes", "TEAM.notes"}) {
+            for (const auto *suffix : {"", ".plist", ".savedState", ".binarycookies"})
+                disk.file(QByteArray("~/Library/") + folder + '/' + name + suffix, 10);
+        }
+    }
+    const ApplicationTraits traits{
+        .identifier = "org.notes", .name = "Shown", .size = 10, .groups = {"TEAM.notes"}};
+    const auto application = disk.application("/Applications/Notes.app", traits);
+    QList<ScanItem> expected{{application.url, ScanItemKind::application, ScanConfidence::exact, 10, true}};
+    QList<ScanItem> ofSystem;
+    for (const auto &[place, kind, confidence] : everyPlace) {
+        const auto url = disk.url("~/Library/" + QByteArray(place));
+        expected.append({url, kind, confidence, 10, confidence == ScanConfidence::exact});
+        ofSystem.append({url, kind, confidence, 10, false});
+    }
+
+    // Equal sizes keep the order of the rules.
+    EXPECT_THAT(scan(application), testing::ElementsAreArray(expected));
+    EXPECT_THAT(scan(disk.application("/System/Applications/Notes.app", traits)),
+                testing::ElementsAreArray(ofSystem));
 }
 
-TEST_F(AssociatedFileScannerTest, largestComesFirstAndEqualSizesKeepTheirRows)
+TEST_F(AssociatedFileScannerTest, largestComesFirst)
 {
     const auto application = disk.application("/Applications/Notes.app", {.identifier = "org.notes", .size = 5});
-    disk.file("~/Library/Preferences/org.notes.plist", 5);
-    disk.file("~/Library/Caches/Notes/file", 5);
-    disk.file("~/Library/Caches/org.notes/file", 5);
-    disk.file("~/Library/Logs/Notes", 6);
+    disk.file("~/Library/Preferences/org.notes.plist", 4);
+    disk.file("~/Library/Caches/Notes/file", 6);
+    disk.file("~/Library/Logs/Notes", 7);
 
     EXPECT_THAT(pathsOf(scan(application)),
-                ElementsAre("~/Library/Logs/Notes", "/Applications/Notes.app", "~/Library/Caches/org.notes",
-                            "~/Library/Caches/Notes", "~/Library/Preferences/org.notes.plist"));
+                ElementsAre("~/Library/Logs/Notes", "~/Library/Caches/Notes", "/Applications/Notes.app",
+                            "~/Library/Preferences/org.notes.plist"));
 }
 
 TEST_F(AssociatedFileScannerTest, longerIdentifierWithTheSamePrefixIsNotOffered)
@@ -96,11 +111,12 @@ TEST_F(AssociatedFileScannerTest, longerIdentifierWithTheSamePrefixIsNotOffered)
 TEST_F(AssociatedFileScannerTest, nameThatIsTheIdentifierIsFoundOnceAndExactly)
 {
     const auto application = disk.application("/Applications/org.notes.app", {.identifier = "org.notes"});
-    disk.folder("~/Library/Caches/org.notes");
+    for (const auto *folder : {"Application Support", "Caches", "Logs"})
+        disk.folder(QByteArray("~/Library/") + folder + "/org.notes");
 
     const auto items = scan(application);
-    EXPECT_EQ(items.size(), 2);
-    EXPECT_EQ(items.last().confidence, ScanConfidence::exact);
+    EXPECT_EQ(items.size(), 4);
+    EXPECT_THAT(items, testing::Each(testing::Field(&ScanItem::confidence, ScanConfidence::exact)));
 }
 
 TEST_F(AssociatedFileScannerTest, hostileBundleCannotHaveAWholeAreaOffered)

@@ -84,6 +84,40 @@ TEST_F(FileFinderTest, onlyPlainFilesThatTheWalkReachesAreFound)
     EXPECT_THAT(MediaScanner(disk).scanMediaFiles(Url(), allMedia, 10), IsEmpty());
 }
 
+TEST_F(FileFinderTest, everyExtensionOfTheTablesIsFoundInItsCategory)
+{
+    const auto plant = [this](const char *extensions) {
+        QByteArrayList paths;
+        for (const auto &extension : QByteArray(extensions).split(' '))
+            paths.append("/disk/file." + extension);
+        for (const auto &path : paths)
+            disk.file(path);
+        return paths;
+    };
+    const auto video = plant("mp4 mov m4v mkv avi webm mpg mpeg wmv flv");
+    const auto audio = plant("mp3 m4a aac wav aiff aif flac ogg opus");
+    const auto image = plant("jpg jpeg png heic heif tiff tif gif bmp webp");
+    const auto office = plant(
+        "doc docx docm dot dotx dotm xls xlsx xlsm xlsb xlt xltx xltm ppt pptx pptm pot potx potm pps ppsx ppsm "
+        "pub vsd vsdx vsdm vst vstx vstm one");
+    const auto libre = plant("odt ott ods ots odp otp odg otg odf odb odm");
+    const auto plain = plant("txt");
+    const auto rich = plant("rtf");
+    const auto pdf = plant("pdf");
+    plant("svg mp2 md csv html log tex mov2 docxx epub");
+
+    // Equal sizes keep the order of the walk.
+    using testing::ElementsAreArray;
+    EXPECT_THAT(pathsOf(media(allMedia)), ElementsAreArray(video + audio + image));
+    EXPECT_THAT(pathsOf(media({MediaCategory::video})), ElementsAreArray(video));
+    EXPECT_THAT(pathsOf(media({MediaCategory::audio})), ElementsAreArray(audio));
+    EXPECT_THAT(pathsOf(documents({TextFileCategory::microsoftOffice})), ElementsAreArray(office));
+    EXPECT_THAT(pathsOf(documents({TextFileCategory::libreOffice})), ElementsAreArray(libre));
+    EXPECT_THAT(pathsOf(documents({TextFileCategory::plainText})), ElementsAreArray(plain));
+    EXPECT_THAT(pathsOf(documents({TextFileCategory::richText})), ElementsAreArray(rich));
+    EXPECT_THAT(pathsOf(documents({TextFileCategory::pdf})), ElementsAreArray(pdf));
+}
+
 TEST_F(FileFinderTest, limitHoldsInTheOrderOfTheWalkBeforeSorting)
 {
     for (int i = 0; const qint64 size : {3, 1, 9, 3, 7})

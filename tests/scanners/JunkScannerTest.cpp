@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 
 using testing::ElementsAre;
+using testing::ElementsAreArray;
 
 TEST(JunkScannerTest, everythingButTheSystemsOwnIsOfferedWholeAndUnselected)
 {
@@ -26,4 +27,17 @@ TEST(JunkScannerTest, everythingButTheSystemsOwnIsOfferedWholeAndUnselected)
                             ScanItem{log, ScanItemKind::log, ScanConfidence::exact, 10, false},
                             ScanItem{disk.url("~/Library/Caches/com.applesoft.tool"), ScanItemKind::cache,
                                      ScanConfidence::exact, 5, false}));
+}
+
+TEST(JunkScannerTest, equalSizesKeepTheOrderOfTheDisk)
+{
+    TestDisk disk;
+    QByteArrayList expected;
+    for (const auto *folder : {"Caches", "Logs"}) {
+        for (int i = 40; i > 20; --i)
+            expected.append(QByteArray("~/Library/") + folder + "/entry " + QByteArray::number(i));
+    }
+    for (const auto &path : expected)
+        disk.file(path);
+    EXPECT_THAT(pathsOf(JunkScanner(disk).scanCachesAndLogs(1)), ElementsAreArray(expected));
 }

@@ -58,6 +58,18 @@ TEST_F(LeftoverScannerTest, fiveFoldersAreSearchedOneLevelDeep)
               (ScanItem{items.first().url, ScanItemKind::leftover, ScanConfidence::probable, 6, false}));
 }
 
+TEST_F(LeftoverScannerTest, equalSizesKeepTheOrderOfTheDisk)
+{
+    QByteArrayList expected;
+    for (const auto *folder : {"Caches", "Containers", "Saved Application State", "HTTPStorages", "WebKit"}) {
+        for (int i = 9; i > 0; --i)
+            expected.append(QByteArray("~/Library/") + folder + "/com.vendor.tool" + QByteArray::number(i));
+    }
+    for (const auto &path : expected)
+        disk.file(path);
+    EXPECT_THAT(pathsOf(scanner.scanLeftovers({})), testing::ElementsAreArray(expected));
+}
+
 TEST_F(LeftoverScannerTest, knownApplicationsAreLeftAloneAndTheSystemIsAskedOnce)
 {
     disk.folder("~/Library/Caches/com.vendor.listed");
@@ -113,6 +125,23 @@ TEST_F(LeftoverScannerTest, searchComparesWholeNamesWithoutCaseAndInBothSpelling
     disk.folder("~/Library/Logs/Z\u0307o\u0301łw");
     disk.folder("~/Library/Logs/żó\u0141W");
     EXPECT_EQ(scanner.searchItems("\u017b\u00f3\u0142w").size(), 2);
+}
+
+TEST_F(LeftoverScannerTest, searchLooksIntoTwelveFolders)
+{
+    QByteArrayList expected;
+    for (const auto *folder :
+         {"Application Scripts", "Application Support", "Caches", "Containers", "Cookies", "Group Containers",
+          "HTTPStorages", "LaunchAgents", "Logs", "Preferences", "Saved Application State", "WebKit"})
+        expected.append(QByteArray("~/Library/") + folder + "/tool");
+    for (const auto &path : expected)
+        disk.file(path);
+    for (const auto *folder : {"Mail", "Documents", "Keychains", "Internet Plug-Ins", "Caches/Some.app"})
+        disk.file(QByteArray("~/Library/") + folder + "/tool");
+    const auto items = scanner.searchItems("tool");
+    EXPECT_THAT(pathsOf(items), testing::ElementsAreArray(expected));
+    EXPECT_EQ(items.first(),
+              (ScanItem{items.first().url, ScanItemKind::leftover, ScanConfidence::probable, 4096, false}));
 }
 
 TEST_F(LeftoverScannerTest, searchGoesSixLevelsDownAndNotIntoWhatItFinds)
