@@ -1,8 +1,20 @@
 #include "Text.h"
 
 #include <QRegularExpression>
+#include <QSet>
 
 #include <gtest/gtest.h>
+
+TEST(TextTest, everyKeyHasATextInEachLanguageAndAMisspeltOneShows)
+{
+    const auto keys = allTextKeys();
+    EXPECT_EQ(QSet(keys.begin(), keys.end()).size(), 124);
+    EXPECT_EQ(keys.size(), 124);
+    EXPECT_EQ(localizedText(u"refresh", AppLanguage::polish), u"Odśwież");
+    EXPECT_EQ(localizedText(u"refresh", AppLanguage::english), u"Refresh");
+    EXPECT_EQ(localizedText(u"Refresh", AppLanguage::english), u"Refresh");
+    EXPECT_EQ(localizedText(u"no such key", AppLanguage::polish), u"no such key");
+}
 
 TEST(TextTest, bothLanguagesCarryTheSamePlaceholders)
 {
@@ -23,4 +35,6 @@ TEST(TextTest, bothLanguagesCarryTheSamePlaceholders)
 TEST(TextTest, argumentsFillPlaceholdersInOrderAndAreNotReadAgain)
 {
     EXPECT_EQ(filledText("%@ and %d", "%d", 7), u"%d and 7");
+    EXPECT_EQ(filledText("50 % of %d, %d", 1), u"50 % of 1, %d");
+    EXPECT_EQ(filledText("%", 1), u"%");
 }

@@ -15,6 +15,19 @@ TEST(UrlTest, standardisingResolvesDotsAndSeparatorsTextually)
     EXPECT_EQ(standardized(""), "");
 }
 
+TEST(UrlTest, foldersAndNamesMakeOnePathAndComeApartAgain)
+{
+    EXPECT_EQ(Url("/a//").path(), "/a");
+    EXPECT_EQ(Url("//").path(), "/");
+    EXPECT_EQ((Url("/") / "a").path(), "/a");
+    EXPECT_EQ((Url("/a/") / "b/").path(), "/a/b");
+    EXPECT_EQ(Url("/a/b").parent().path(), "/a");
+    EXPECT_EQ(Url("/a").parent().path(), "/");
+    EXPECT_EQ(Url("/").parent().path(), "/");
+    EXPECT_EQ(Url("/a/b").lastPathComponent(), "b");
+    EXPECT_EQ(Url("/").lastPathComponent(), "/");
+}
+
 TEST(UrlTest, extensionsFollowTheLastDotOfTheName)
 {
     const auto split = [](const char *path) {
@@ -23,6 +36,9 @@ TEST(UrlTest, extensionsFollowTheLastDotOfTheName)
     EXPECT_EQ(split("/Applications/Foo Bar.app"), "Foo Bar|app");
     EXPECT_EQ(split("/a.b/c"), "c|");
     EXPECT_EQ(split("/a/.app"), ".app|");
+    EXPECT_EQ(split("/a/...app"), "...app|");
+    EXPECT_EQ(split("/a/..b.app"), "..b|app");
+    EXPECT_EQ(split("/a/b."), "b.|");
     EXPECT_EQ(split("/a/org.notes.agent.plist"), "org.notes.agent|plist");
 }
 
@@ -41,6 +57,8 @@ TEST(UrlTest, urisOfLocalFilesKeepEveryByte)
     EXPECT_EQ(Url::fromUri("FILE:/a")->path(), "/a");
     for (const auto *refused : {"http://x/a", "file://server/a", "file:a", "file://", "", "file:///a%00b", "/a"})
         EXPECT_EQ(Url::fromUri(refused), std::nullopt) << refused;
+
+    EXPECT_EQ(Url("/azAZ09-._~/@[`{:\xff").toUri(), "file:///azAZ09-._~/%40%5B%60%7B%3A%FF");
 
     const Url odd(QByteArray("/a b/\xff%\n#?.app"));
     EXPECT_EQ(Url::fromUri(odd.toUri()), odd);

@@ -48,6 +48,7 @@ TEST_F(LeftoverScannerTest, fiveFoldersAreSearchedOneLevelDeep)
                                "Preferences", "Logs", "Group Containers", "Caches/Vendor"})
         disk.file(QByteArray("~/Library/") + folder + "/com.vendor.tool", 5);
     disk.file("~/Library/Saved Application State/com.vendor.tool.savedState/data", 6);
+    disk.file("~/Library/Saved Application State/vendor.tool.savedState/data", 6);
 
     const auto items = scanner.scanLeftovers({});
     EXPECT_THAT(pathsOf(items),
