@@ -1,0 +1,300 @@
+#include "AllocatedSize.h"
+#include "DeepTree.h"
+#include "HiddenTypes.h"
+#include "LinuxBackgroundPriority.h"
+#include "LinuxFileSystem.h"
+#include "OrderedResults.h"
+#include "RandomTree.h"
+#include "TemporaryDisk.h"
+
+#include <atomic>
+#include <fcntl.h>
+#include <functional>
+#include <future>
+#include <gmock/gmock.h>
+#include <map>
+#include <mutex>
+#include <ranges>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+using testing::UnorderedElementsAre;
+
+namespace {
+
+using Paths = std::vector<QByteArray>;
+
+/// As long as it lives the program may have so many files open.
+class FewDescriptors
+{
+public:
+    explicit FewDescriptors(rlim_t most)
+    {
+        getrlimit(RLIMIT_NOFILE, &m_before);
+        const rlimit few{most, m_before.rlim_max};
+        setrlimit(RLIMIT_NOFILE, &few);
+    }
+    ~FewDescriptors() { setrlimit(RLIMIT_NOFILE, &m_before); }
+
+private:
+    rlimit m_before;
+};
+
+/// As long as it lives the calling thread, and what it starts, has one core.
+class OneCore
+{
+public:
+    OneCore()
+    {
+        sched_getaffinity(0, sizeof m_before, &m_before);
+        cpu_set_t one;
+        CPU_ZERO(&one);
+        CPU_SET(sched_getcpu(), &one);
+        sched_setaffinity(0, sizeof one, &one);
+    }
+    ~OneCore() { sched_setaffinity(0, sizeof m_before, &m_before); }
+
+private:
+    cpu_set_t m_before;
+};
+
+/// A file system at `folder` whose server never answers, until the object goes. `isMounted` is false for whoever may
+/// not mount.
+class HangingMount
+{
+public:
+    explicit HangingMount(std::filesystem::path folder)
+        : m_folder(std::move(folder)), m_server(open("/dev/fuse", O_RDWR | O_CLOEXEC))
+    {
+        const auto options = "fd=" + std::to_string(m_server) + ",rootmode=40000,user_id=0,group_id=0";
+        isMounted = mount("hanging", m_folder.c_str(), "fuse", 0, options.c_str()) == 0;
+    }
+    ~HangingMount()
+    {
+        // Whoever waits for the server hears that there is none any more.
+        close(m_server);
+        if (isMounted)
+            umount2(m_folder.c_str(), MNT_DETACH);
+    }
+    Q_DISABLE_COPY_MOVE(HangingMount)
+
+    bool isMounted = false;
+
+private:
+    const std::filesystem::path m_folder;
+    const int m_server;
+};
+
+ptrdiff_t openFiles()
+{
+    const std::filesystem::directory_iterator files("/proc/self/fd");
+    return std::distance(begin(files), end(files));
+}
+
+class LinuxTreeWalkTest : public testing::Test
+{
+protected:
+    TemporaryDisk disk;
+    std::stop_source stop;
+    LinuxFileSystem fileSystem{disk.root(), Url("/home"), stop.get_token()};
+
+    /// The paths below `folder` in the order of one thread; `visit` is called at every element, by one thread at a
+    /// time.
+    Paths walk(const Url &folder, const std::function<void(DirectoryEntry &)> &visit = {}) const
+    {
+        std::mutex mutex;
+        std::map<WalkPlace, QByteArray> paths;
+        fileSystem.walk({folder}, [&](FolderPart &part) {
+            for (auto &entry : part) {
+                const std::lock_guard lock(mutex);
+                EXPECT_TRUE(paths.emplace(entry.place(), entry.url().path()).second);
+                if (visit)
+                    visit(entry);
+            }
+        });
+        Paths inOrder;
+        std::ranges::copy(std::views::values(paths), std::back_inserter(inOrder));
+        return inOrder;
+    }
+};
+
+} // namespace
+
+TEST_F(LinuxTreeWalkTest, severalThreadsAnswerWhatAFunctionThatCallsItselfSees)
+{
+    for (unsigned seed = 0; seed < 15; ++seed) {
+        const RandomTree tree(disk, disk.folder("/" + QByteArray::number(seed)), seed);
+        const auto expected = tree.walked();
+        const HiddenTypes hidden(seed % 3 == 0);
+        const FewDescriptors few(seed % 2 == 0 ? 64 : 1024);
+        const auto limit = std::ssize(expected) / 3 + 1;
+        OrderedResults<RandomTree::Entry> all(1'000'000), first(limit);
+        fileSystem.walk({tree.top()}, [&](FolderPart &part) {
+            for (auto &entry : part) {
+                const auto size = *entry.resourceValues()->totalAllocatedSize;
+                const RandomTree::Entry seen{entry.url().path(), entry.type(), size};
+                all.add(entry.place(), seen);
+                if (!first.isBehindTheLast([&entry] { return entry.place(); }))
+                    first.add(entry.place(), seen);
+            }
+        });
+        EXPECT_TRUE(std::ranges::equal(all.take(), expected)) << "seed " << seed;
+        EXPECT_TRUE(std::ranges::equal(first.take(), expected | std::views::take(limit))) << "seed " << seed;
+
+        qint64 size = 0;
+        for (const auto &entry : expected) {
+            if (entry.type == FileType::regular || entry.type == FileType::symbolicLink)
+                size += entry.size;
+        }
+        EXPECT_EQ(allocatedSize(fileSystem, tree.top()), size) << "seed " << seed;
+    }
+}
+
+TEST_F(LinuxTreeWalkTest, anyDepthIsWalkedOnFewDescriptors)
+{
+    for (const auto &[allowed, most, depth] :
+         {std::tuple<rlim_t, ptrdiff_t, int>(1024, 256, 5000), {64, 16, 1000}}) {
+        const DeepTree tree(disk.host("/top"), depth);
+        // A folder whose listing takes many calls.
+        for (int i = 0; i < 3000; ++i)
+            disk.file("/top/m/m/m/" + QByteArray::number(i));
+        const FewDescriptors few(allowed);
+        const auto before = openFiles();
+        std::atomic<int> files = 0, deepest = 0, reachable = 0;
+        std::atomic<ptrdiff_t> mostOpen = 0;
+        fileSystem.walk({Url("/top")}, [&](FolderPart &part) {
+            for (const auto &entry : part) {
+                files += entry.type() == FileType::regular && entry.resourceValues();
+                if (entry.name() != "m")
+                    continue;
+                if (entry.level() > deepest)
+                    deepest = entry.level();
+                reachable += entry.level() % 1000 == 0 && fileSystem.exists(entry.url());
+            }
+            if (part.level() % 50 == 0 && openFiles() - before > mostOpen)
+                mostOpen = openFiles() - before;
+        });
+        EXPECT_EQ(files, 2 * depth + 3000);
+        EXPECT_EQ(deepest, depth);
+        EXPECT_EQ(reachable, depth / 1000) << "a path longer than the kernel takes leads nowhere";
+        EXPECT_LE(mostOpen, most);
+        EXPECT_EQ(openFiles(), before);
+    }
+}
+
+TEST_F(LinuxTreeWalkTest, aFolderThatIsMovedAwayOrReplacedWhileItIsWalkedDoesNotLeadOutOfTheTree)
+{
+    const auto isForeign = [](const QByteArray &path) { return path.contains("stranger"); };
+    const FewDescriptors few(64);
+    for (const bool isReplaced : {false, true}) {
+        const DeepTree tree(disk.host("/top"), 100);
+        const DeepTree elsewhere(disk.host("/elsewhere"), 0);
+        disk.file("/elsewhere/stranger");
+        const QByteArray moved = "/top" + QByteArray("/m").repeated(20);
+        const auto paths = walk(Url("/top"), [&](auto &entry) {
+            EXPECT_TRUE(entry.resourceValues()) << "it is looked up in the folder that it was listed in";
+            if (entry.level() != 90 || std::filesystem::exists(disk.host("/elsewhere/m")))
+                return;
+            std::filesystem::rename(disk.host(moved), disk.host("/elsewhere/m"));
+            if (isReplaced) {
+                disk.file(moved + "/m/stranger");
+                disk.file(moved + "/b/stranger");
+            }
+        });
+        EXPECT_TRUE(std::filesystem::exists(disk.host("/elsewhere/m")));
+        EXPECT_TRUE(std::ranges::none_of(paths, isForeign)) << isReplaced;
+        // All that is left at its place is found again: the files of the levels above.
+        for (int level = 0; level < 20; ++level)
+            EXPECT_THAT(paths, Contains("/top" + QByteArray("/m").repeated(level) + "/a")) << isReplaced;
+    }
+}
+
+TEST_F(LinuxTreeWalkTest, whatBecomesALinkOrVanishesAfterItWasListedIsPassedOver)
+{
+    for (const char *path : {"/top/a/1", "/top/b/2", "/top/c/3"})
+        disk.file(path);
+    disk.file("/elsewhere/private");
+    const auto paths = walk(Url("/top"), [&](auto &entry) {
+        std::filesystem::remove_all(disk.host(entry.url().path()));
+        disk.link(entry.url().path(), "../elsewhere");
+    });
+    EXPECT_THAT(paths, UnorderedElementsAre("/top/a", "/top/b", "/top/c"));
+
+    disk.file("/bottom/only");
+    walk(Url("/bottom"), [&](auto &entry) {
+        std::filesystem::remove(disk.host("/bottom/only"));
+        EXPECT_FALSE(entry.resourceValues());
+    });
+}
+
+TEST_F(LinuxTreeWalkTest, everyEntryOfALargeFolderIsListedOnceUntilTheProgramQuits)
+{
+    constexpr int count = 20'000;
+    disk.file("/top/0");
+    for (int i = 1; i < count; ++i)
+        std::filesystem::create_hard_link(disk.host("/top/0"), disk.host("/top/" + QByteArray::number(i)));
+    auto paths = walk(Url("/top"));
+    std::ranges::sort(paths);
+    EXPECT_THAT(paths, SizeIs(count));
+    EXPECT_EQ(std::ranges::adjacent_find(paths), paths.end());
+
+    const auto walkThatIsStopped = [&] { return walk(Url("/top"), [&](auto &) { stop.request_stop(); }); };
+    EXPECT_LE(walkThatIsStopped().size(), 16) << "one for each thread at most";
+    EXPECT_THAT(walkThatIsStopped(), IsEmpty());
+}
+
+TEST_F(LinuxTreeWalkTest, aFileSystemThatHangsHoldsUpNoOtherFolderAndNotTheEnd)
+{
+    for (int i = 0; i < 50; ++i)
+        disk.file("/top/" + QByteArray::number(i) + "/file");
+    disk.folder("/top/hanging");
+    auto mount = std::make_unique<HangingMount>(disk.host("/top/hanging"));
+    if (!mount->isMounted)
+        GTEST_SKIP() << "NOT TESTED: a file system that hangs; only root can mount one";
+
+    std::atomic<int> files = 0;
+    const auto walk = std::async(std::launch::async, [&] {
+        const OneCore oneCore;
+        fileSystem.walk({Url("/top/hanging"), Url("/top")}, [&files](FolderPart &part) {
+            for (const auto &entry : part)
+                files += entry.type() == FileType::regular;
+        });
+    });
+    for (int i = 0; i < 100 && files < 50; ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    EXPECT_EQ(files, 50);
+    EXPECT_EQ(walk.wait_for(std::chrono::milliseconds(0)), std::future_status::timeout);
+    mount.reset();
+    EXPECT_EQ(walk.wait_for(std::chrono::seconds(10)), std::future_status::ready);
+}
+
+TEST_F(LinuxTreeWalkTest, aThreadThatGivesWayHasHelpersThatDo)
+{
+    for (int i = 0; i < 200; ++i)
+        disk.file("/top/" + QByteArray::number(i) + "/file");
+    std::mutex mutex;
+    std::map<pid_t, int> niceness;
+    std::thread([&] {
+        LinuxBackgroundPriority().apply(TaskPriority::utility);
+        fileSystem.walk({Url("/top")}, [&](FolderPart &part) {
+            for (const auto &entry : part)
+                entry.resourceValues();
+            // As if for a disk: others are called meanwhile.
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+            const std::lock_guard lock(mutex);
+            niceness[gettid()] = getpriority(PRIO_PROCESS, static_cast<id_t>(gettid()));
+        });
+    }).join();
+    EXPECT_GT(niceness.size(), 1);
+    EXPECT_LE(niceness.size(), 8);
+    for (const auto &[thread, value] : niceness)
+        EXPECT_GT(value, getpriority(PRIO_PROCESS, static_cast<id_t>(getpid())));
+}
