@@ -34,7 +34,7 @@ void writeInformation(const fs::path &contents, int number, const std::string &n
 
 BenchDisk::BenchDisk(const QByteArray &folder)
     : m_tree(folder + "/tree"), m_applications(folder + "/applications"), m_crowd(folder + "/crowd"),
-      m_gallery(folder + "/gallery")
+      m_gallery(folder + "/gallery"), m_bundles(folder + "/bundles")
 {
 }
 
@@ -43,7 +43,8 @@ void BenchDisk::make() const
     // A name is given when all is there, so that what was broken off is made anew.
     for (const auto &[root, make] :
          {std::pair(&m_tree, &BenchDisk::makeTree), std::pair(&m_applications, &BenchDisk::makeApplications),
-          std::pair(&m_crowd, &BenchDisk::makeCrowd), std::pair(&m_gallery, &BenchDisk::makeGallery)}) {
+          std::pair(&m_crowd, &BenchDisk::makeCrowd), std::pair(&m_gallery, &BenchDisk::makeGallery),
+          std::pair(&m_bundles, &BenchDisk::makeBundles)}) {
         const fs::path done = root->prefix().toStdString() + ".done";
         if (fs::exists(done))
             continue;
@@ -100,6 +101,22 @@ void BenchDisk::makeGallery() const
         const auto color = QColor::fromHsv(i * 7 % 360, 160, 220);
         const auto icon = paintedIcns(color, QString(QLatin1Char(letter)));
         std::ofstream(contents / "Resources/icon.icns", std::ios::binary).write(icon.data(), icon.size());
+    }
+}
+
+void BenchDisk::makeBundles() const
+{
+    for (int i = 0; i < itemCount; ++i) {
+        const auto name = "Tool " + std::to_string(i);
+        const fs::path contents =
+            m_bundles.hostPath(Url("/Applications")).toStdString() + '/' + name + ".app/Contents";
+        for (int file = 0; file < filesOfABundle; ++file) {
+            const auto folder = contents / "Resources" / std::to_string(file / 30);
+            if (file % 30 == 0)
+                fs::create_directories(folder);
+            makeFile(folder / (std::to_string(file) + ".js"), 0);
+        }
+        writeInformation(contents, i, name);
     }
 }
 

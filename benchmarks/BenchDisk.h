@@ -2,12 +2,13 @@
 
 #include "DiskRoot.h"
 
-/// Four disks in a folder.
+/// Five disks in a folder.
 ///
 /// The first one's user has 150,000 files in 50 caches: per cache 10 × 10 folders of 30 files, a tenth of them
 /// media, four tenths documents. The second one has 200 applications of 12 files and, made anew each time, 200
 /// large caches. The third one's user has a million empty files in one folder. The fourth one has 500 applications,
-/// each with an icon of its own.
+/// each with an icon of its own. The fifth one has
+/// 200 applications of 3,000 files.
 class BenchDisk
 {
 public:
@@ -15,12 +16,15 @@ public:
     static constexpr int itemCount = 200;
     static constexpr int crowdCount = 1'000'000;
     static constexpr int galleryCount = 500;
+    static constexpr int filesOfABundle = 3000;
 
     explicit BenchDisk(const QByteArray &folder);
 
     /// Makes what is not there yet. Needs a QGuiApplication.
     void make() const;
 
+    /// The disk with the large applications.
+    const DiskRoot &bundles() const { return m_bundles; }
     const DiskRoot &tree() const { return m_tree; }
     const DiskRoot &applications() const { return m_applications; }
     const DiskRoot &crowd() const { return m_crowd; }
@@ -38,9 +42,11 @@ private:
     void makeApplications() const;
     void makeCrowd() const;
     void makeGallery() const;
+    void makeBundles() const;
 
     DiskRoot m_tree;
     DiskRoot m_applications;
     DiskRoot m_crowd;
     DiskRoot m_gallery;
+    DiskRoot m_bundles;
 };

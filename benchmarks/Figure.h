@@ -30,4 +30,6 @@ std::vector<Figure> rowToggle(const BenchDisk &disk);
 std::vector<Figure> bundlesAndRemoval(const BenchDisk &disk);
 std::vector<Figure> windowFigures(const BenchDisk &disk);
 std::vector<Figure> crowdedFolder(const BenchDisk &disk);
+std::vector<Figure> catalogScan(const BenchDisk &disk);
+std::vector<Figure> quitInTheMiddle(const BenchDisk &disk);
 std::vector<Figure> snapshot(const BenchDisk &disk);

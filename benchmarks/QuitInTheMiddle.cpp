@@ -28,8 +28,7 @@ double longestEnd(const DiskRoot &disk, const std::function<void(const FileSyste
         stop.request_stop();
         const auto start = Clock::now();
         thread.join();
-        longest =
-            std::max(longest, std::chrono::duration<double, std::milli>(Clock::now() - start).count());
+        longest = std::max(longest, std::chrono::duration<double, std::milli>(Clock::now() - start).count());
     }
     return longest;
 }

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <chrono>
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace {
 
@@ -35,20 +37,55 @@ Contestant program(const QString &name, const QStringList &arguments)
     };
 }
 
-std::vector<double> sideBySide(int rounds, const std::vector<Contestant> &contestants)
+namespace {
+
+/// Whether the caches were dropped.
+bool dropCaches()
 {
-    for (const auto &contestant : contestants)
-        contestant();
+    sync();
+    const int file = open("/proc/sys/vm/drop_caches", O_WRONLY | O_CLOEXEC);
+    const bool isDropped = file >= 0 && write(file, "3", 1) == 1;
+    close(file);
+    return isDropped;
+}
+
+std::vector<double> raced(int rounds, const std::vector<Contestant> &contestants,
+                          const std::function<double(const Contestant &)> &time)
+{
     std::vector<std::vector<double>> results(contestants.size());
     for (int round = 0; round < rounds; ++round) {
-        const auto first = seconds(contestants.front());
+        const auto first = time(contestants.front());
         results[0].push_back(first);
         for (size_t i = 1; i < contestants.size(); ++i)
-            results[i].push_back(seconds(contestants[i]) / first);
+            results[i].push_back(time(contestants[i]) / first);
     }
     std::vector<double> medians;
     std::ranges::transform(results, std::back_inserter(medians), median);
     return medians;
+}
+
+} // namespace
+
+std::vector<double> sideBySide(int rounds, const std::vector<Contestant> &contestants)
+{
+    for (const auto &contestant : contestants)
+        contestant();
+    return raced(rounds, contestants, seconds);
+}
+
+std::optional<std::vector<double>> coldSideBySide(int rounds, const std::vector<Contestant> &contestants)
+{
+    if (!dropCaches())
+        return std::nullopt;
+    return raced(rounds, contestants, [](const Contestant &contestant) {
+        dropCaches();
+        return seconds(contestant);
+    });
+}
+
+Figure skipped(const QString &what)
+{
+    return {what, QStringLiteral("skipped"), QStringLiteral("only root can"), true};
 }
 
 Figure atMost(const QString &what, double ratio, double limit)

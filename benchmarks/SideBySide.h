@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <optional>
 
 /// One way to do the work. All ways are taken in turn, round after round, so that what else the computer does
 /// meets them alike.
@@ -16,6 +17,13 @@ Contestant program(const QString &name, const QStringList &arguments);
 /// How the time of the contestants compares to the first one's; the median over the rounds of the ratio within a
 /// round. The first answer is the first one's median time in seconds, the others are ratios.
 std::vector<double> sideBySide(int rounds, const std::vector<Contestant> &contestants);
+
+/// The same with everything read from the disk again: the caches are dropped before each contestant, which only root
+/// can do. Nothing for anybody else.
+std::optional<std::vector<double>> coldSideBySide(int rounds, const std::vector<Contestant> &contestants);
+
+/// A figure that could not be measured, and why.
+Figure skipped(const QString &what);
 
 /// "1.02 ×" against "at most LIMIT ×".
 Figure atMost(const QString &what, double ratio, double limit);

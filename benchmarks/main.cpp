@@ -17,9 +17,9 @@ constexpr struct
     const char *name;
     std::vector<Figure> (*measure)(const BenchDisk &);
 } measurements[] = {
-    {"size", sizeWalk},       {"media", mediaScan},     {"name", nameSearch},           {"library", libraryScans},
-    {"memory", resultMemory}, {"tick", rowToggle},      {"bundles", bundlesAndRemoval}, {"window", windowFigures},
-    {"snapshot", snapshot},   {"crowd", crowdedFolder},
+    {"size", sizeWalk},       {"media", mediaScan},      {"name", nameSearch},           {"library", libraryScans},
+    {"memory", resultMemory}, {"tick", rowToggle},       {"bundles", bundlesAndRemoval}, {"window", windowFigures},
+    {"catalog", catalogScan}, {"quit", quitInTheMiddle}, {"snapshot", snapshot},         {"crowd", crowdedFolder},
 };
 
 void print(const Figure &figure)
