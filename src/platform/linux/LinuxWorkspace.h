@@ -6,7 +6,7 @@
 
 #include <QThreadPool>
 
-/// The desktop's Trash through GIO, and its file manager over the session bus.
+/// The Trash that desktops share, and their file manager over the session bus.
 class LinuxWorkspace : public Workspace
 {
 public:
