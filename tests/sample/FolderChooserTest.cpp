@@ -8,6 +8,7 @@
 #include "LinuxPlatform.h"
 #include "Robot.h"
 #include "SampleDisk.h"
+#include "Surroundings.h"
 #include "TarnvaleApp.h"
 #include "TestBus.h"
 #include "TestPortal.h"
@@ -207,6 +208,7 @@ TEST_F(FolderChoice, withoutAPortalForFoldersQtsOwnDialogIsWorkedByKeyboard)
 
 int main(int argc, char **argv)
 {
+    setSurroundings();
     // Not where temporary files go, which may be memory: the disk's files occupy what they say.
     const QTemporaryDir folder(QDir::current().filePath(QStringLiteral("folder-choice-XXXXXX")));
     const SampleDisk sampleDisk(folder.filePath(QStringLiteral("dysk")));

@@ -9,6 +9,7 @@
 #include "PrivilegedHelperClient.h"
 #include "Robot.h"
 #include "SampleDisk.h"
+#include "Surroundings.h"
 #include "TarnvaleApp.h"
 #include "TestBus.h"
 
@@ -67,7 +68,7 @@ protected:
 
     void click(QAccessible::Role role, const QString &name)
     {
-        EXPECT_TRUE(robot.click(role, name)) << qPrintable(name);
+        ASSERT_TRUE(robot.click(role, name)) << qPrintable(name);
     }
 
     void waitUntilIdle()
@@ -104,7 +105,7 @@ protected:
 TEST_F(ForeignItems, goToTheHelperWithTheApplicationsIdentifier)
 {
     ASSERT_EQ(geteuid(), secondUser);
-    click(QAccessible::Button, text(u"uninstaller"));
+    click(QAccessible::PageTab, text(u"uninstaller"));
     click(QAccessible::EditableText, text(u"search_placeholder"));
     robot.type("Lumen");
     robot.press(Qt::Key_Return);
@@ -191,6 +192,7 @@ void give(const fs::path &path, uid_t user)
 
 int main(int argc, char **argv)
 {
+    setSurroundings();
     testing::InitGoogleMock(&argc, argv);
     // Every user gets there, and it is no memory: the disk's files occupy what they say.
     QTemporaryDir folder(QStringLiteral("/var/tmp/tarnvale-XXXXXX"));

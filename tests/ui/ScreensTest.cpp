@@ -1,5 +1,6 @@
 #include "ScreenBench.h"
 #include "ShadowProvider.h"
+#include "Surroundings.h"
 #include "SymbolProvider.h"
 
 #include <QQmlContext>
@@ -39,6 +40,11 @@ private:
     ScreenBench m_bench;
 };
 
-QUICK_TEST_MAIN_WITH_SETUP(screens, ScreensTest)
+int main(int argc, char **argv)
+{
+    setSurroundings();
+    ScreensTest setup;
+    return quick_test_main_with_setup(argc, argv, "screens", QUICK_TEST_SOURCE_DIR, &setup);
+}
 
 #include "ScreensTest.moc"

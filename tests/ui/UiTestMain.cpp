@@ -1,3 +1,5 @@
+#include "Surroundings.h"
+
 #include <QGuiApplication>
 
 #include <gmock/gmock.h>
@@ -8,6 +10,7 @@ void qml_register_types_Tarnvale();
 /// The main function of tests that draw.
 int main(int argc, char **argv)
 {
+    setSurroundings();
     QGuiApplication application(argc, argv);
     qml_register_types_Tarnvale();
     testing::InitGoogleMock(&argc, argv);

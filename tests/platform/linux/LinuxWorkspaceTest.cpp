@@ -22,15 +22,6 @@ protected:
     static constexpr uid_t nobody = 65534;
 
     TrashSandbox sandbox;
-
-    /// The home folder and everything in it is another user's from now on, and programs run as that user.
-    void giveToOtherUser()
-    {
-        sandbox.user = nobody;
-        ASSERT_EQ(chown(sandbox.home().constData(), nobody, nobody), 0);
-        for (const auto &entry : fs::recursive_directory_iterator(sandbox.home().toStdString()))
-            ASSERT_EQ(lchown(entry.path().c_str(), nobody, nobody), 0);
-    }
 };
 
 } // namespace
@@ -44,7 +35,7 @@ TEST_F(LinuxWorkspaceTest, whatCannotBeMovedStaysAndSaysWhyInTheSystemsLanguage)
     const auto moved = sandbox.file("items/moved");
     const QList<Url> items{kept, longName, outOfSight, sandbox.url("items/gone"), moved, Url("relative"), Url()};
     if (getuid() == 0)
-        giveToOtherUser();
+        sandbox.giveTo(nobody);
     chmod(kept.parent().path().constData(), 0555);
     chmod(outOfSight.parent().path().constData(), 0444);
     const auto before = sandbox.snapshot("locked");
@@ -131,7 +122,7 @@ TEST_F(LinuxWorkspaceTest, everyItemOfARequestHasOneOutcomeThatIsTrueOfTheDisk)
     fs::create_symlink("closed/x", host(caches("into")));
     sandbox.environment.insert("XDG_DATA_HOME", QString::fromUtf8(disk + "/data"));
     if (getuid() == 0)
-        giveToOtherUser();
+        sandbox.giveTo(nobody);
     chmod(host(caches("locked")).c_str(), 0555);
     chmod(host(caches("closed")).c_str(), 0444);
 
@@ -159,7 +150,7 @@ TEST_F(LinuxWorkspaceTest, killedAtAnyMomentEveryItemIsWholeInOnePlace)
     constexpr int rounds = 48;
     constexpr int itemsARound = 48;
     // Every record is written through to the disk; that takes no time in memory, and a home folder may be there.
-    const TrashSandbox memory(fs::exists("/dev/shm") ? "/dev/shm" : "");
+    const TrashSandbox memory(fs::exists("/dev/shm") ? "/dev/shm" : "/var/tmp");
     // Below /dev, desktops show no Trash.
     const auto top = sandbox.home() + "/volume";
     const auto trashOfVolume = top + "/.Trash-" + QByteArray::number(getuid());
@@ -188,7 +179,7 @@ TEST_F(LinuxWorkspaceTest, killedAtAnyMomentEveryItemIsWholeInOnePlace)
         const auto before = std::pair(memory.snapshot("items"), sandbox.snapshot("volume/items"));
 
         QProcess process;
-        memory.start(process, TrashSandbox::session(), {""});
+        memory.start(process, memory.session(), {""});
         process.write(TrashSandbox::lines(items));
         // Somewhere within the move of the next item, a different one in every round.
         for (int answers = round % itemsARound; answers > 0 && process.waitForReadyRead();)

@@ -45,7 +45,7 @@ protected:
     /// Has the item revealed; shows that the program goes on at once.
     void reveal()
     {
-        sandbox.start(session, TrashSandbox::session(), {"", "reveal"});
+        sandbox.start(session, sandbox.session(), {"", "reveal"});
         session.write(TrashSandbox::lines({item}));
         session.closeWriteChannel();
         ASSERT_TRUE(QTest::qWaitFor([&] { return session.canReadLine(); }, 15'000));

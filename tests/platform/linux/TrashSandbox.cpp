@@ -1,6 +1,7 @@
 #include "TrashSandbox.h"
 
 #include <QCoreApplication>
+#include <QFile>
 
 #include <algorithm>
 #include <filesystem>
@@ -14,9 +15,9 @@
 namespace fs = std::filesystem;
 
 TrashSandbox::TrashSandbox(const QString &folder)
-    : environment(QProcessEnvironment::systemEnvironment()), user(getuid()),
-      m_folder((folder.isEmpty() ? QCoreApplication::applicationDirPath() : folder) + "/trash-XXXXXX"),
-      m_home(m_folder.path().toUtf8())
+    : environment(QProcessEnvironment::systemEnvironment()), m_folder(folder + "/tarnvale-trash-XXXXXX"),
+      m_home(m_folder.path().toUtf8()),
+      m_session(QCoreApplication::applicationDirPath() + "/workspace_session"), m_user(getuid())
 {
     EXPECT_TRUE(m_folder.isValid());
     environment.insert("HOME", m_folder.path());
@@ -30,6 +31,18 @@ TrashSandbox::~TrashSandbox()
 {
     // Qt cannot remove a name that is not UTF-8.
     fs::remove_all(m_home.toStdString());
+}
+
+void TrashSandbox::giveTo(uid_t user)
+{
+    // The test program may lie where this user does not get.
+    const auto copy = m_folder.filePath("workspace_session");
+    ASSERT_TRUE(QFile::copy(m_session, copy));
+    m_session = copy;
+    m_user = user;
+    ASSERT_EQ(lchown(m_home.constData(), user, user), 0);
+    for (const auto &entry : fs::recursive_directory_iterator(m_home.toStdString()))
+        ASSERT_EQ(lchown(entry.path().c_str(), user, user), 0);
 }
 
 Url TrashSandbox::file(const QByteArray &path, const QByteArray &content) const
@@ -85,8 +98,8 @@ std::map<QByteArray, QByteArray> TrashSandbox::trashed(const QByteArray &trash, 
 void TrashSandbox::start(QProcess &process, const QString &program, const QStringList &arguments) const
 {
     process.setProcessEnvironment(environment);
-    if (user != getuid()) {
-        process.setChildProcessModifier([user = user] {
+    if (m_user != getuid()) {
+        process.setChildProcessModifier([user = m_user] {
             if (setuid(user) != 0)
                 _exit(1);
         });
@@ -124,11 +137,6 @@ std::vector<std::string> TrashSandbox::answers(const QList<Url> &items, const QS
         all.push_back(answer);
     EXPECT_EQ(all.size(), static_cast<size_t>(items.size()));
     return all;
-}
-
-QString TrashSandbox::session()
-{
-    return QCoreApplication::applicationDirPath() + "/workspace_session";
 }
 
 QByteArray TrashSandbox::lines(const QList<Url> &items)

@@ -15,8 +15,8 @@
 class TrashSandbox
 {
 public:
-    /// Made inside of `folder`; beside the test program when it is empty, since that is no disk in memory.
-    explicit TrashSandbox(const QString &folder = {});
+    /// Made inside of `folder`; unless told where every user gets and which is no disk in memory.
+    explicit TrashSandbox(const QString &folder = QStringLiteral("/var/tmp"));
     ~TrashSandbox();
     Q_DISABLE_COPY_MOVE(TrashSandbox)
 
@@ -37,9 +37,11 @@ public:
     /// have a record; a record of nothing is left out. Its paths may be relative to `topDirectory`.
     static std::map<QByteArray, QByteArray> trashed(const QByteArray &trash, const QByteArray &topDirectory = {});
 
-    /// What programs started by `start` and `run` see, and whom they run as.
+    /// The home folder and everything in it is this user's from now on, and programs run as that user. Root only.
+    void giveTo(uid_t user);
+
+    /// What programs started by `start` and `run` see.
     QProcessEnvironment environment;
-    uid_t user = 0;
 
     void start(QProcess &process, const QString &program, const QStringList &arguments = {}) const;
     /// Everything that the program writes when it is given `input`; it has to succeed.
@@ -49,7 +51,7 @@ public:
     std::vector<std::string> recycle(const QList<Url> &items, const QByteArray &disk = {}) const;
     /// The same in one request to the trash service, whose home folder is "/Users/me" on `disk`.
     std::vector<std::string> remove(const QList<Url> &items, const QByteArray &disk) const;
-    static QString session();
+    QString session() const { return m_session; }
     static QByteArray lines(const QList<Url> &items);
 
 private:
@@ -57,4 +59,6 @@ private:
 
     QTemporaryDir m_folder;
     QByteArray m_home;
+    QString m_session;
+    uid_t m_user;
 };
