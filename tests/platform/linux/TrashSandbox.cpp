@@ -16,8 +16,8 @@ namespace fs = std::filesystem;
 
 TrashSandbox::TrashSandbox(const QString &folder)
     : environment(QProcessEnvironment::systemEnvironment()), m_folder(folder + "/tarnvale-trash-XXXXXX"),
-      m_home(m_folder.path().toUtf8()),
-      m_session(QCoreApplication::applicationDirPath() + "/workspace_session"), m_user(getuid())
+      m_home(m_folder.path().toUtf8()), m_session(QCoreApplication::applicationDirPath() + "/workspace_session"),
+      m_user(getuid())
 {
     EXPECT_TRUE(m_folder.isValid());
     environment.insert("HOME", m_folder.path());
