@@ -1,10 +1,8 @@
 // The leftover scan and the cache scan, which measure the whole tree, against the bare loop; and what the leftover scan
 // costs before that, the index of all bundles, against the bare loop over these.
 
-#include "ApplicationCatalogScanner.h"
 #include "BareLoop.h"
 #include "BenchDisk.h"
-#include "DiskBundleReader.h"
 #include "JunkScanner.h"
 #include "LeftoverScanner.h"
 #include "LinuxApplicationRegistry.h"
@@ -27,15 +25,11 @@ std::vector<Figure> libraryScans(const BenchDisk &disk)
     const LinuxApplicationRegistry applicationRegistry(disk.applications(), applicationDisk);
     if (!applicationRegistry.index()->urlForApplication(QStringLiteral("com.example.tool199")))
         qFatal("the index lacks applications");
-    const DiskBundleReader bundleReader(applicationDisk, {});
-    const ApplicationCatalogScanner catalog(applicationDisk, bundleReader);
     const auto applications = disk.applications().hostPath(Url("/Applications"));
     const auto bareApplications =
-        sideBySide(31, {[&] { BareLoop().measure(applications); }, [&] { applicationRegistry.index(); },
-                        [&] { catalog.scanApplications(); }});
+        sideBySide(31, {[&] { BareLoop().measure(applications); }, [&] { applicationRegistry.index(); }});
     return {
-        atMost("index of the bundles of 200 applications / bare loop", bareApplications[1], 5),
-        atMost("catalog of 200 applications / bare loop", bareApplications[2], 9),
+        atMost("index of the bundles of 200 applications / bare loop", bareApplications[1], 2.5),
         atMost("leftover scan of 150,000 files / bare loop", bare[1], 1.10),
         atMost("cache and log scan of 150,000 files / bare loop", bare[2], 1.10),
     };
