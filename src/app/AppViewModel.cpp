@@ -373,11 +373,7 @@ void AppViewModel::dismissNotice()
 
 void AppViewModel::refreshDashboard()
 {
-    const auto computer = m_systemInfoService->computerInfo();
-    const auto battery = m_systemInfoService->batteryInfo();
-    const auto storage = m_systemInfoService->storageInfo();
-    const auto memory = m_systemInfoService->memoryInfo();
-    set(&AppViewModel::m_dashboardSnapshot, DashboardSnapshot{computer, battery, storage, memory},
+    set(&AppViewModel::m_dashboardSnapshot, m_systemInfoService->snapshot(),
         &AppViewModel::dashboardSnapshotChanged);
 }
 

@@ -5,7 +5,7 @@
 
 #include <QList>
 
-#include <algorithm>
+#include <ranges>
 #include <utility>
 
 /// A published list of the state object. Rows are kept as the values that the scanners return; what a view shows
@@ -22,6 +22,7 @@ public:
     {
         beginResetModel();
         m_rows = std::move(rows);
+        ++m_revision;
         recount();
         endResetModel();
         Q_EMIT changed();
@@ -34,31 +35,26 @@ public:
             replace({});
     }
 
-    /// Takes every row out for which `isGone` holds. The others keep their order, and views keep their place.
-    template <typename Predicate> void removeIf(Predicate isGone)
+    /// Counts how often rows came or went. While it stays the same, so does every row's place.
+    quint64 revision() const { return m_revision; }
+
+    /// Takes out the rows at these places, which are in ascending order. The others keep their order, and views keep
+    /// their place.
+    void remove(const QList<int> &places)
     {
-        if (std::ranges::none_of(m_rows, isGone))
+        if (places.isEmpty())
             return;
         // A view pays for every gap; beyond a screenful of them one reset is the cheaper way.
         constexpr auto mostGaps = 64;
-        if (gaps(isGone) > mostGaps) {
-            auto remaining = m_rows;
-            remaining.removeIf(isGone);
-            return replace(std::move(remaining));
-        }
-        for (auto end = m_rows.size(); end > 0;) {
-            if (!isGone(m_rows.at(end - 1))) {
-                --end;
-                continue;
-            }
-            auto begin = end - 1;
-            while (begin > 0 && isGone(m_rows.at(begin - 1)))
-                --begin;
-            beginRemoveRows({}, static_cast<int>(begin), static_cast<int>(end - 1));
-            m_rows.remove(begin, end - begin);
+        const auto gaps = gapsOf(places);
+        if (gaps.size() > mostGaps)
+            return replace(without(places));
+        for (const auto &[first, last] : gaps | std::views::reverse) {
+            beginRemoveRows({}, first, last);
+            m_rows.remove(first, last - first + 1);
             endRemoveRows();
-            end = begin;
         }
+        ++m_revision;
         recount();
         Q_EMIT changed();
     }
@@ -93,15 +89,38 @@ protected:
 private:
     static constexpr bool isSelectable = requires(Row row) { row.isSelected; };
 
-    template <typename Predicate> qsizetype gaps(Predicate isGone) const
+    struct Gap
     {
-        qsizetype count = 0;
-        for (qsizetype row = 0; row < m_rows.size(); ++row) {
-            if (isGone(m_rows.at(row)) && (row == 0 || !isGone(m_rows.at(row - 1))))
-                ++count;
+        int first;
+        int last;
+    };
+
+    static QList<Gap> gapsOf(const QList<int> &places)
+    {
+        QList<Gap> gaps;
+        for (const auto place : places) {
+            if (!gaps.isEmpty() && gaps.last().last + 1 == place)
+                gaps.last().last = place;
+            else
+                gaps.append({place, place});
         }
-        return count;
+        return gaps;
     }
 
+    QList<Row> without(const QList<int> &places) const
+    {
+        QList<Row> remaining;
+        remaining.reserve(m_rows.size() - places.size());
+        auto gone = places.begin();
+        for (int place = 0; place < count(); ++place) {
+            if (gone != places.end() && *gone == place)
+                ++gone;
+            else
+                remaining.append(m_rows.at(place));
+        }
+        return remaining;
+    }
+
+    quint64 m_revision = 0;
     QList<Row> m_rows;
 };

@@ -21,8 +21,7 @@ QHash<int, QByteArray> ListModelBase::roleNames() const
             {symbolRole, "symbol"},
             {tintRole, "tint"},
             {isSelectedRole, "isSelected"},
-            {isSystemApplicationRole, "isSystemApplication"},
-            {accessibleDescriptionRole, "accessibleDescription"}};
+            {isSystemApplicationRole, "isSystemApplication"}};
 }
 
 bool ListModelBase::setData(const QModelIndex &index, const QVariant &value, int role)

@@ -37,9 +37,7 @@ public:
         /// `isSelected`: found items only; can be written.
         isSelectedRole,
         /// `isSystemApplication`: applications only.
-        isSystemApplicationRole,
-        /// `accessibleDescription`: path and size in one line.
-        accessibleDescriptionRole
+        isSystemApplicationRole
     };
     Q_ENUM(Role)
 

@@ -41,9 +41,17 @@ bool isAboutTrash(const DeletionOutcome &failure)
     return reason.contains(u"trash") || reason.contains(u"kosz");
 }
 
-OperationReport summary(const QList<DeletionOutcome> &outcomes)
+/// What the outcomes come to.
+struct Settlement
 {
     OperationReport report{0, 0, 0, {}};
+    QSet<QByteArray> movedPaths;
+};
+
+Settlement settlementOf(const QList<DeletionOutcome> &outcomes)
+{
+    Settlement settlement;
+    auto &report = settlement.report;
     for (const auto &outcome : outcomes) {
         if (outcome.errorDescription) {
             ++report.failedCount;
@@ -51,19 +59,21 @@ OperationReport summary(const QList<DeletionOutcome> &outcomes)
         } else {
             ++report.deletedCount;
             report.bytesFreed += outcome.item.sizeBytes;
+            settlement.movedPaths.insert(outcome.item.id());
         }
     }
-    return report;
+    return settlement;
 }
 
-QSet<QByteArray> movedPaths(const QList<DeletionOutcome> &outcomes)
+/// The places of the items with these paths, in ascending order.
+QList<int> placesOf(const QList<ScanItem> &items, const QSet<QByteArray> &paths)
 {
-    QSet<QByteArray> paths;
-    for (const auto &outcome : outcomes) {
-        if (!outcome.errorDescription)
-            paths.insert(outcome.item.id());
+    QList<int> places;
+    for (int place = 0; place < items.size(); ++place) {
+        if (paths.contains(items.at(place).id()))
+            places.append(place);
     }
-    return paths;
+    return places;
 }
 
 } // namespace
@@ -104,15 +114,31 @@ QCoro::Task<> RemovalWorkflow::performDeletion(DeletionRequest request)
         request.id == m_asked.request ? m_asked.bundleIdentifier : identifierOfSelected(request.scope);
     auto removal = whileAlive(&m_state, trashService->moveToTrash(request.items, bundleIdentifier));
     const auto outcomes = co_await removal;
-    const auto report = summary(outcomes);
-    m_state.setLastReport(report);
-    const auto moved = movedPaths(outcomes);
-    items(request.scope).removeIf([&moved](const ScanItem &item) { return moved.contains(item.id()); });
-    announce(request.scope, report);
+    auto summing = whileAlive(
+        &m_state, m_state.m_background.runInBackground(TaskPriority::userInitiated, &settlementOf, outcomes));
+    const auto settlement = co_await summing;
+
+    m_state.setLastReport(settlement.report);
+    auto pruning = prune(items(request.scope), settlement.movedPaths);
+    co_await pruning;
+    announce(request.scope, settlement.report);
     if (request.scope == ScanScope::uninstaller) {
         auto refreshing = refreshCatalog();
         co_await refreshing;
     }
+}
+
+QCoro::Task<> RemovalWorkflow::prune(ListModel<ScanItem> &list, QSet<QByteArray> paths)
+{
+    QList<int> places;
+    quint64 revision = 0;
+    do {
+        revision = list.revision();
+        auto looking = whileAlive(&m_state, m_state.m_background.runInBackground(TaskPriority::userInitiated,
+                                                                                 &placesOf, list.rows(), paths));
+        places = co_await looking;
+    } while (list.revision() != revision);
+    list.remove(places);
 }
 
 QCoro::Task<> RemovalWorkflow::refreshCatalog()

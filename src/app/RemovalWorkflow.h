@@ -5,6 +5,7 @@
 #include "ListModel.h"
 
 #include <QCoro/QCoroTask>
+#include <QSet>
 
 #include <memory>
 
@@ -27,6 +28,9 @@ public:
 
 private:
     QCoro::Task<> performDeletion(DeletionRequest request);
+    /// Takes the items with these paths out of the list as it is by then: ticks change meanwhile, and it may be
+    /// emptied.
+    QCoro::Task<> prune(ListModel<ScanItem> &list, QSet<QByteArray> paths);
     QCoro::Task<> refreshCatalog();
 
     std::optional<QString> identifierOfSelected(ScanScope scope) const;

@@ -18,9 +18,6 @@ QVariant fileData(const Url &url, qint64 sizeBytes, int role)
         return QString::fromLatin1(url.toUri());
     case ListModelBase::sizeTextRole:
         return formattedByteCount(sizeBytes, ByteCountStyle::file);
-    case ListModelBase::accessibleDescriptionRole:
-        return QStringLiteral("%1, %2").arg(url.displayPath(),
-                                            formattedByteCount(sizeBytes, ByteCountStyle::file));
     default:
         return {};
     }

@@ -1,6 +1,7 @@
 #include "TrashService.h"
 
 #include "BundleReader.h"
+#include "FairTurn.h"
 #include "FileSystem.h"
 #include "PermittedArea.h"
 #include "Workspace.h"
@@ -24,7 +25,10 @@ QCoro::Task<QList<DeletionOutcome>> TrashService::moveToTrash(QList<ScanItem> it
         bundleIdentifier = identifierOfFirstApplication(items);
 
     QList<DeletionOutcome> outcomes;
+    QElapsedTimer clock;
+    const FairTurn turn(clock);
     for (const auto &item : std::as_const(items)) {
+        co_await turn;
         auto move = moveItem(item.url);
         const auto error = co_await move;
         outcomes.append({item, error ? std::optional(error->description()) : std::nullopt});
@@ -34,7 +38,8 @@ QCoro::Task<QList<DeletionOutcome>> TrashService::moveToTrash(QList<ScanItem> it
         auto handedOver = handFailuresToHelper(outcomes, *bundleIdentifier);
         outcomes = co_await handedOver;
     }
-    co_return reconcileOutcomes(outcomes);
+    auto reconciled = reconcileOutcomes(std::move(outcomes));
+    co_return co_await reconciled;
 }
 
 std::optional<TrashServiceError> TrashService::validate(const Url &url) const
@@ -59,13 +64,16 @@ QCoro::Task<std::optional<TrashServiceError>> TrashService::recycle(Url url)
     co_return TrashServiceError{TrashServiceError::recycleFailed, answer.error.value_or(unconfirmed)};
 }
 
-QList<DeletionOutcome> TrashService::reconcileOutcomes(QList<DeletionOutcome> outcomes) const
+QCoro::Task<QList<DeletionOutcome>> TrashService::reconcileOutcomes(QList<DeletionOutcome> outcomes) const
 {
+    QElapsedTimer clock;
+    const FairTurn turn(clock);
     for (auto &outcome : outcomes) {
+        co_await turn;
         if (outcome.errorDescription && isGone(outcome.item.url))
             outcome.errorDescription.reset();
     }
-    return outcomes;
+    co_return outcomes;
 }
 
 std::optional<QString> TrashService::identifierOfFirstApplication(const QList<ScanItem> &items) const
@@ -100,7 +108,10 @@ QCoro::Task<QList<DeletionOutcome>> TrashService::handFailuresToHelper(QList<Del
 
     auto request = m_privilegedHelper.moveItemsToTrash(failedItems, bundleIdentifier);
     const auto reply = co_await request;
+    QElapsedTimer clock;
+    const FairTurn turn(clock);
     for (auto &outcome : outcomes) {
+        co_await turn;
         if (!outcome.errorDescription)
             continue;
         if (reply.errorDescription) {

@@ -14,7 +14,7 @@ class FileSystem;
 class Workspace;
 
 /// The only code that removes anything: moves items to the Trash, one after another, each only after its path has
-/// passed the safety check. Lives on the main thread; stateless.
+/// passed the safety check. Lives on the main thread, which is free in between however many there are; stateless.
 class TrashService
 {
 public:
@@ -36,7 +36,7 @@ public:
     QCoro::Task<std::optional<TrashServiceError>> recycle(Url url);
 
     /// Every failure whose item is no longer there, whoever removed it, becomes a success.
-    QList<DeletionOutcome> reconcileOutcomes(QList<DeletionOutcome> outcomes) const;
+    QCoro::Task<QList<DeletionOutcome>> reconcileOutcomes(QList<DeletionOutcome> outcomes) const;
 
 private:
     std::optional<QString> identifierOfFirstApplication(const QList<ScanItem> &items) const;

@@ -4,6 +4,7 @@
 #include <QSignalSpy>
 
 #include <gmock/gmock.h>
+#include <numeric>
 
 namespace {
 
@@ -42,7 +43,7 @@ TEST_F(ListModelTest, sumsFollowEveryChange)
     EXPECT_EQ(model.selectedBytes(), 8);
     EXPECT_EQ(model.selectedCount(), 2);
 
-    model.removeIf([](const ScanItem &item) { return item.sizeBytes == 5; });
+    model.remove({5});
     EXPECT_EQ(model.totalBytes(), 10);
     EXPECT_EQ(model.selectedBytes(), 3);
     EXPECT_EQ(changes.count(), 4);
@@ -64,7 +65,9 @@ TEST_F(ListModelTest, viewsKeepTheirPlaceWhenSomeRowsGo)
     model.replace(items(100));
     resets.clear();
     const QPersistentModelIndex place = model.index(50);
-    model.removeIf([](const ScanItem &item) { return item.sizeBytes < 20 || item.sizeBytes == 60; });
+    QList<int> places(20);
+    std::iota(places.begin(), places.end(), 0);
+    model.remove(places + QList<int>{60});
     EXPECT_EQ(removals.count(), 2);
     EXPECT_EQ(resets.count(), 0);
     EXPECT_EQ(place.row(), 30);
@@ -74,7 +77,11 @@ TEST_F(ListModelTest, viewsKeepTheirPlaceWhenSomeRowsGo)
     model.replace(items(20'000));
     resets.clear();
     removals.clear();
-    model.removeIf([](const ScanItem &item) { return item.sizeBytes % 2 == 0; });
+    places.clear();
+    for (int even = 0; even < 20'000; even += 2)
+        places.append(even);
+    model.remove(places);
     EXPECT_EQ(model.count(), 10'000);
+    EXPECT_EQ(model.rows().at(9'999).sizeBytes, 19'999);
     EXPECT_EQ(resets.count() + removals.count(), 1);
 }

@@ -77,6 +77,16 @@ protected:
 
 } // namespace
 
+TEST_F(TrashServiceTest, mainThreadHasItsTurnWhileManyVanishedItemsAreSettled)
+{
+    const QList<ScanItem> vanished(20'000, item(Url("/Users/me/Library/Caches/gone")));
+    auto removal = service.moveToTrash(vanished, QStringLiteral("org.notes"));
+    EXPECT_FALSE(removal.isReady());
+    const auto outcomes = QCoro::waitFor(removal);
+    EXPECT_EQ(outcomes.size(), vanished.size());
+    EXPECT_FALSE(outcomes.last().errorDescription);
+}
+
 TEST_F(TrashServiceTest, checkDecidesInItsOrderWhatIsHandedToTheTrash)
 {
     const auto cache = disk.file("~/Library/Caches/com.acme.app");
