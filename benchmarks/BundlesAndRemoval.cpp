@@ -22,10 +22,15 @@ constexpr double mostMilliseconds = 16;
 class CachesChooser : public FolderChooser
 {
 public:
+    explicit CachesChooser(DiskRoot root) : m_root(std::move(root)) { }
+
     QFuture<std::optional<Url>> chooseFolder(const QString &, const QString &) override
     {
-        return readyFuture(std::optional(BenchDisk::caches()));
+        return readyFuture(std::optional(Url(m_root.hostPath(BenchDisk::caches()))));
     }
+
+private:
+    DiskRoot m_root;
 };
 
 /// The state object on one disk, as the program has it.
@@ -33,7 +38,7 @@ class Session
 {
 public:
     explicit Session(const DiskRoot &root)
-        : m_platform(root, BenchDisk::home(), m_chooser, {}), state(m_platform.services())
+        : m_chooser(root), m_platform(root, BenchDisk::home(), m_chooser, {}), state(m_platform.services())
     {
     }
 

@@ -50,15 +50,13 @@ long long residentMemory()
     return 0;
 }
 
-const LocationMap sameLocation = [](const Url &location) { return std::optional(location); };
-
 int firstFrame(Clock::time_point start)
 {
-    FolderDialogChooser folderChooser(sameLocation);
+    FolderDialogChooser folderChooser;
     LinuxAppearance appearance;
     std::stop_source stop;
     LinuxPlatform platform(folderChooser, stop.get_token());
-    TarnvaleApp program(platform.services(), appearance, sameLocation);
+    TarnvaleApp program(platform.services(), appearance);
     QObject::connect(&program.window(), &QQuickWindow::frameSwapped, &program.window(), [&] {
         std::printf("%.1f %lld\n", millisecondsSince(start), residentMemory());
         QGuiApplication::quit();
@@ -72,9 +70,9 @@ class OpenWindow
 public:
     OpenWindow(const QByteArray &prefix, const Url &folder)
         : m_platform(DiskRoot(prefix), BenchDisk::home(), m_folderChooser, m_stop.get_token()),
-          m_program(m_platform.services(), m_appearance, sameLocation)
+          m_program(m_platform.services(), m_appearance)
     {
-        m_folderChooser.setAnswer(folder);
+        m_folderChooser.setAnswer(Url(prefix + folder.path()));
     }
 
     AppViewModel &state() { return m_program.viewModel(); }

@@ -149,6 +149,7 @@ public Q_SLOTS:
     void scan(const InstalledApplication &application);
     /// Selects the application in this row of `applications`; nothing happens for a row that is not there.
     void selectApplicationAt(int row);
+    /// `url` as the desktop hands it over.
     void handleDroppedApplication(const Url &url);
     void scanLeftovers();
     void searchLeftovers();

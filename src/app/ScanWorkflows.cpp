@@ -92,9 +92,12 @@ QCoro::Task<> ScanWorkflows::scan(InstalledApplication application)
 QCoro::Task<> ScanWorkflows::handleDroppedApplication(Url url)
 {
     const LocationAccess access(m_workspace, url);
+    const auto location = m_workspace.locationOnDisk(url);
+    if (!location)
+        co_return;
     const auto turn = m_state.turnToAnotherApplication();
     const auto query = m_state.applicationQuery();
-    const auto bundle = url.standardized();
+    const auto bundle = location->standardized();
     auto reading =
         whileAlive(&m_state, m_state.m_background.runInBackground(
                                  TaskPriority::userInitiated, &ApplicationReader::applicationAt,
@@ -221,7 +224,8 @@ QCoro::Task<> ScanWorkflows::chooseFolder(QStringView titleKey,
 {
     auto choice =
         whileAlive(&m_state, m_folderChooser.chooseFolder(m_state.text(titleKey), m_state.text(u"choose")));
-    const auto folder = co_await choice;
+    const auto location = co_await choice;
+    const auto folder = location ? m_workspace.locationOnDisk(*location) : std::nullopt;
     if (!folder)
         co_return;
     (m_state.*setFolder)(folder);

@@ -14,6 +14,7 @@ public:
     virtual ~FolderChooser() = default;
 
     /// Shows a dialog for folders only, one at most, without a way to create one. `prompt` labels the button that
-    /// confirms. Absent when the user cancels, and for a location that is not a local folder.
+    /// confirms. The answer is the folder as the desktop hands it over; absent when the user cancels, and for a
+    /// location that is not a local folder.
     virtual QFuture<std::optional<Url>> chooseFolder(const QString &title, const QString &prompt) = 0;
 };

@@ -31,6 +31,10 @@ public:
     /// the desktop can do neither. Returns at once.
     virtual void reveal(const Url &item) = 0;
 
+    /// Where, on the disk that the program works on, lies what the desktop hands over as `location` (dropped, chosen
+    /// in a dialog); absent where that disk does not have it.
+    virtual std::optional<Url> locationOnDisk(const Url &location) const = 0;
+
     /// Asks for access to a location that the user chose or dropped. True when access was granted and has to be
     /// given back with `stopAccessing`; false where the system has no such grants.
     virtual bool startAccessing(const Url &location) = 0;

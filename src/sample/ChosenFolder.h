@@ -7,6 +7,7 @@
 class ChosenFolder : public FolderChooser
 {
 public:
+    /// As the desktop hands it over.
     void setAnswer(std::optional<Url> answer) { m_answer = std::move(answer); }
 
     QFuture<std::optional<Url>> chooseFolder(const QString &, const QString &) override

@@ -187,7 +187,7 @@ void Tour::dropBundles()
 {
     say(QStringLiteral("Uninstaller: dropped items"));
     const auto drop = [&](const QString &path) {
-        const auto uri = Url((m_disk.folder() + path).toUtf8()).toUri();
+        const auto uri = onHost(path.toUtf8()).toUri();
         expect(m_robot.drop(uri + "\r\n", QAccessible::StaticText, text(QStringLiteral("drop_app_title"))),
                QStringLiteral("%1 is dropped").arg(path));
     };
@@ -270,7 +270,7 @@ void Tour::visitMedia()
     say(QStringLiteral("Media Files"));
     show(SidebarSelection::mediaFinder);
     keepPicture(QStringLiteral("media-empty"));
-    m_chosenFolder.setAnswer(m_disk.home());
+    m_chosenFolder.setAnswer(onHost("/Users/ada"));
     press(QStringLiteral("media_choose_folder"));
     waitUntilIdle();
     keepPicture(QStringLiteral("media-folder-chosen"));
@@ -287,7 +287,7 @@ void Tour::visitDocuments()
     say(QStringLiteral("Text Files"));
     show(SidebarSelection::textFinder);
     keepPicture(QStringLiteral("documents-empty"));
-    m_chosenFolder.setAnswer(m_disk.home() / "Documents");
+    m_chosenFolder.setAnswer(onHost("/Users/ada/Documents"));
     press(QStringLiteral("text_choose_folder"));
     waitUntilIdle();
     click(QAccessible::CheckBox, text(QStringLiteral("text_pdf")));
@@ -317,6 +317,11 @@ void Tour::removeSelected()
     press(QStringLiteral("delete_selected"));
     press(QStringLiteral("move_to_trash"));
     waitUntilIdle();
+}
+
+Url Tour::onHost(const QByteArray &path) const
+{
+    return Url(m_disk.folder().toUtf8() + path);
 }
 
 void Tour::waitUntilIdle()

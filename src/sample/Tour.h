@@ -46,6 +46,8 @@ private:
     /// Asks for the removal of what is ticked, confirms it and waits for its end.
     void removeSelected();
     void waitUntilIdle();
+    /// What a program of this computer calls a path of the disk.
+    Url onHost(const QByteArray &path) const;
 
     /// Where `isTrue` does not hold says so of `what`, keeps a picture and throws StepFailed.
     void expect(bool isTrue, const QString &what);

@@ -56,18 +56,13 @@ private:
     LinuxSystemFacts m_facts;
 };
 
-LocationMap mapTo(const SampleDisk &disk)
-{
-    return [root = rootOf(disk)](const Url &host) { return root.urlFor(host.path()); };
-}
-
 int openWindow(const SampleDisk &disk)
 {
-    FolderDialogChooser folderDialog(mapTo(disk));
-    LinuxFolderChooser folderChooser(rootOf(disk), folderDialog, &FolderDialogChooser::parentWindow);
+    FolderDialogChooser folderDialog;
+    LinuxFolderChooser folderChooser(folderDialog, &FolderDialogChooser::parentWindow);
     SamplePlatform platform(disk, folderChooser);
     LinuxAppearance appearance;
-    TarnvaleApp app(platform.services(), appearance, mapTo(disk));
+    TarnvaleApp app(platform.services(), appearance);
     const auto result = QGuiApplication::exec();
     platform.stop();
     return result;
@@ -90,7 +85,7 @@ int makeTour(const SampleDisk &disk, const QString &pictures)
                 ChosenAppearance appearance;
                 appearance.setDark(isDark);
                 SamplePlatform platform(disk, chosenFolder);
-                TarnvaleApp app(platform.services(), appearance, mapTo(disk));
+                TarnvaleApp app(platform.services(), appearance);
                 Tour tour(app.viewModel(), app.window(), chosenFolder, disk, pictures + u'/' + name);
                 if (!tour.run(language, size)) {
                     platform.stop();

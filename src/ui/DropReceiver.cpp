@@ -1,6 +1,5 @@
 #include "DropReceiver.h"
 
-#include "HostLocations.h"
 #include "UriList.h"
 
 #include <QMimeData>
@@ -57,13 +56,10 @@ void DropReceiver::dragLeaveEvent(QDragLeaveEvent *)
 void DropReceiver::dropEvent(QDropEvent *event)
 {
     setTargeted(false);
-    const auto host = firstFile(*event->mimeData());
-    if (!host)
+    const auto file = firstFile(*event->mimeData());
+    if (!file)
         return event->ignore();
     acceptAsCopy(*event);
-
-    const auto url = HostLocations::of(*qmlEngine(this)).onDisk(*host);
-    if (url)
-        QMetaObject::invokeMethod(
-            this, [this, dropped = *url] { Q_EMIT urlDropped(dropped); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this, dropped = *file] { Q_EMIT urlDropped(dropped); }, Qt::QueuedConnection);
 }

@@ -29,8 +29,8 @@ public:
 
 Q_SIGNALS:
     void isTargetedChanged();
-    /// The location of what was dropped, on the disk that the program works on. Comes after the drop itself, so
-    /// that the program that was dragged from does not wait for what is done with it.
+    /// The location of what was dropped, as the desktop hands it over. Comes after the drop itself, so that the
+    /// program that was dragged from does not wait for what is done with it.
     void urlDropped(const Url &url);
 
 protected:

@@ -22,8 +22,6 @@ QQuickWindow *programWindow()
 
 } // namespace
 
-FolderDialogChooser::FolderDialogChooser(LocationMap onDisk) : m_onDisk(std::move(onDisk)) { }
-
 QString FolderDialogChooser::parentWindow()
 {
     const auto *window = programWindow();
@@ -58,8 +56,7 @@ QFuture<std::optional<Url>> FolderDialogChooser::chooseFolder(const QString &tit
 void FolderDialogChooser::accept()
 {
     const auto folder = m_dialog->property("selectedFolder").toUrl();
-    const auto host = Url::fromUri(folder.toEncoded());
-    answer(host ? m_onDisk(*host) : std::nullopt);
+    answer(Url::fromUri(folder.toEncoded()));
 }
 
 void FolderDialogChooser::reject()

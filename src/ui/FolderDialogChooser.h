@@ -1,7 +1,6 @@
 #pragma once
 
 #include "FolderChooser.h"
-#include "HostLocations.h"
 
 #include <QObject>
 #include <QPromise>
@@ -14,8 +13,6 @@ class FolderDialogChooser : public QObject, public FolderChooser
     Q_OBJECT
 
 public:
-    explicit FolderDialogChooser(LocationMap onDisk);
-
     /// The window that a dialog of the desktop belongs to, as the desktop's portals name it. Empty where there is no
     /// window, or where Qt does not tell its name: it does for X11 alone.
     static QString parentWindow();
@@ -30,7 +27,6 @@ private Q_SLOTS:
 private:
     void answer(const std::optional<Url> &folder);
 
-    LocationMap m_onDisk;
     std::unique_ptr<QObject> m_dialog;
     QPromise<std::optional<Url>> m_promise;
 };

@@ -38,7 +38,7 @@ void dressApplication()
 
 } // namespace
 
-TarnvaleApp::TarnvaleApp(const Platform &platform, Appearance &appearance, LocationMap onDisk)
+TarnvaleApp::TarnvaleApp(const Platform &platform, Appearance &appearance)
     : m_viewModel(std::make_unique<AppViewModel>(platform)), m_engine(std::make_unique<QQmlApplicationEngine>())
 {
     qml_register_types_Tarnvale();
@@ -48,7 +48,6 @@ TarnvaleApp::TarnvaleApp(const Platform &platform, Appearance &appearance, Locat
                                new BundleIconProvider(platform.bundleReader, platform.fileSystem));
     m_engine->addImageProvider(QStringLiteral("shadows"), new ShadowProvider);
     m_engine->addImageProvider(QStringLiteral("symbols"), new SymbolProvider);
-    HostLocations::of(*m_engine).onDisk = std::move(onDisk);
 
     m_engine->setInitialProperties({
         {QStringLiteral("viewModel"), QVariant::fromValue(m_viewModel.get())},

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "HostLocations.h"
-
 #include <memory>
 
 class Appearance;
@@ -15,8 +13,8 @@ struct Platform;
 class TarnvaleApp
 {
 public:
-    /// The services outlive the program. `onDisk` maps what is dropped on the window.
-    TarnvaleApp(const Platform &platform, Appearance &appearance, LocationMap onDisk);
+    /// The services outlive the program.
+    TarnvaleApp(const Platform &platform, Appearance &appearance);
     ~TarnvaleApp();
 
     AppViewModel &viewModel() { return *m_viewModel; }

@@ -11,14 +11,12 @@ int main(int argc, char **argv)
 {
     QGuiApplication application(argc, argv);
 
-    // The computer's own disk, so what the desktop hands over is where it says.
-    const LocationMap sameLocation = [](const Url &location) { return std::optional(location); };
-    FolderDialogChooser folderDialog(sameLocation);
-    LinuxFolderChooser folderChooser(DiskRoot(), folderDialog, &FolderDialogChooser::parentWindow);
+    FolderDialogChooser folderDialog;
+    LinuxFolderChooser folderChooser(folderDialog, &FolderDialogChooser::parentWindow);
     LinuxAppearance appearance;
     std::stop_source stop;
     LinuxPlatform platform(folderChooser, stop.get_token());
-    TarnvaleApp program(platform.services(), appearance, sameLocation);
+    TarnvaleApp program(platform.services(), appearance);
 
     const auto exitCode = QGuiApplication::exec();
     // Nothing is awaited any more: a scan in progress ends early, a move in progress is finished.

@@ -121,11 +121,11 @@ protected:
 private:
     std::stop_source m_stop;
     const DiskRoot m_root{QFile::encodeName(disk->folder())};
-    FolderDialogChooser m_dialog{[this](const Url &host) { return m_root.urlFor(host.path()); }};
-    LinuxFolderChooser m_chooser{m_root, m_dialog, [] { return QString("x11:2a"); }, bus.address()};
+    FolderDialogChooser m_dialog;
+    LinuxFolderChooser m_chooser{m_dialog, [] { return QString("x11:2a"); }, bus.address()};
     LinuxPlatform m_platform{m_root, disk->home(), m_chooser, m_stop.get_token()};
     ChosenAppearance m_appearance;
-    TarnvaleApp m_app{m_platform.services(), m_appearance, {}};
+    TarnvaleApp m_app{m_platform.services(), m_appearance};
 
 protected:
     Robot robot{m_app.window()};

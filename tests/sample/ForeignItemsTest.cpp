@@ -94,8 +94,7 @@ private:
                           .helperService = m_own.helperService,
                           .folderChooser = m_own.folderChooser,
                       },
-                      m_appearance,
-                      {}};
+                      m_appearance};
 
 protected:
     AppViewModel &state = m_app.viewModel();

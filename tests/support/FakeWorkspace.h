@@ -47,6 +47,7 @@ public:
         return promise->future();
     }
     void reveal(const Url &item) override { revealed.append(item); }
+    std::optional<Url> locationOnDisk(const Url &location) const override { return location; }
     bool startAccessing(const Url &) override
     {
         ++openGrants;

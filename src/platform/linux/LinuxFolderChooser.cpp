@@ -43,10 +43,9 @@ template <typename Finished> void whenFinished(const QDBusPendingCall &call, QOb
 
 } // namespace
 
-LinuxFolderChooser::LinuxFolderChooser(DiskRoot root, FolderChooser &otherwise,
-                                       std::function<QString()> parentWindow, QString busAddress)
-    : m_root(std::move(root)), m_otherwise(otherwise), m_parentWindow(std::move(parentWindow)),
-      m_busAddress(std::move(busAddress))
+LinuxFolderChooser::LinuxFolderChooser(FolderChooser &otherwise, std::function<QString()> parentWindow,
+                                       QString busAddress)
+    : m_otherwise(otherwise), m_parentWindow(std::move(parentWindow)), m_busAddress(std::move(busAddress))
 {
 }
 
@@ -119,8 +118,7 @@ void LinuxFolderChooser::takeResponse(const QDBusMessage &response)
     const auto results = qdbus_cast<QVariantMap>(arguments.value(1));
     const auto uris = results.value(QStringLiteral("uris")).toStringList();
     const bool isChosen = arguments.value(0).toUInt() == chosen && uris.size() == 1;
-    const auto host = isChosen ? Url::fromUri(uris.first().toUtf8()) : std::nullopt;
-    answer(host ? m_root.urlFor(host->path()) : std::nullopt);
+    answer(isChosen ? Url::fromUri(uris.first().toUtf8()) : std::nullopt);
 }
 
 void LinuxFolderChooser::takeLossOfPortal()

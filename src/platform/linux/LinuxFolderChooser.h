@@ -1,6 +1,5 @@
 #pragma once
 
-#include "DiskRoot.h"
 #include "FolderChooser.h"
 
 #include <QDBusConnection>
@@ -23,11 +22,9 @@ class LinuxFolderChooser : public QObject, public FolderChooser
     Q_OBJECT
 
 public:
-    /// Folders are chosen on the disk of `root`: one that lies elsewhere is answered as cancelled. `otherwise`
-    /// outlives this. `parentWindow` tells which window the dialog belongs to, as portals name it ("x11:1a2b"), or
+    /// `otherwise` outlives this. `parentWindow` tells which window the dialog belongs to, as portals name it ("x11:1a2b"), or
     /// nothing. `busAddress` names another bus than the session's, for tests.
-    LinuxFolderChooser(DiskRoot root, FolderChooser &otherwise, std::function<QString()> parentWindow,
-                       QString busAddress = {});
+    LinuxFolderChooser(FolderChooser &otherwise, std::function<QString()> parentWindow, QString busAddress = {});
     ~LinuxFolderChooser() override;
 
     QFuture<std::optional<Url>> chooseFolder(const QString &title, const QString &prompt) override;
@@ -44,7 +41,6 @@ private:
     void chooseOtherwise(const QString &title, const QString &prompt);
     void answer(const std::optional<Url> &folder);
 
-    DiskRoot m_root;
     FolderChooser &m_otherwise;
     std::function<QString()> m_parentWindow;
     QString m_busAddress;

@@ -43,6 +43,11 @@ void LinuxWorkspace::reveal(const Url &item)
         m_fileManager.reveal(path);
 }
 
+std::optional<Url> LinuxWorkspace::locationOnDisk(const Url &location) const
+{
+    return m_disk.urlFor(location.path());
+}
+
 bool LinuxWorkspace::startAccessing(const Url &)
 {
     return false;

@@ -20,6 +20,8 @@ public:
     QFuture<RecycleAnswer> recycle(const Url &item) override;
     void reveal(const Url &item) override;
 
+    std::optional<Url> locationOnDisk(const Url &location) const override;
+
     /// Linux has no such grants.
     bool startAccessing(const Url &location) override;
     void stopAccessing(const Url &location) override;
