@@ -71,8 +71,7 @@ public:
     /// An abbreviated date and the time without seconds, the month in the interface's language.
     QString date(const std::optional<QDateTime> &date) const
     {
-        const QLocale locale(m_language == AppLanguage::polish ? QLocale::Polish : QLocale::English);
-        return date ? locale.toString(*date, QStringLiteral("d MMM yyyy, HH:mm")) : notAvailable();
+        return date ? localeOf(m_language).toString(*date, QStringLiteral("d MMM yyyy, HH:mm")) : notAvailable();
     }
 
     Gauge gauge(std::optional<double> part, double whole) const

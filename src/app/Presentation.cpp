@@ -59,11 +59,10 @@ QString Presentation::text(const QString &key, AppLanguage language)
 
 QString Presentation::filledText(const QString &key, AppLanguage language, const QVariantList &arguments)
 {
-    auto rest = localizedText(key, language);
-    QString filled;
+    QStringList texts;
     for (const auto &argument : arguments)
-        filled += TextFormat::filledOnce(rest, argumentText(argument));
-    return filled + rest;
+        texts.append(argumentText(argument));
+    return TextFormat::filled(localizedText(key, language), texts);
 }
 
 QString Presentation::sizeText(qint64 bytes)

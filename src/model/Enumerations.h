@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QList>
+#include <QLocale>
 #include <QMetaEnum>
 #include <QObject>
 #include <QString>
@@ -60,6 +61,9 @@ template <typename Enumeration> QString rawValue(Enumeration value)
     return QString::fromLatin1(QMetaEnum::fromType<Enumeration>().valueToKey(static_cast<int>(value)));
 }
 template <> QString rawValue(AppLanguage language);
+
+/// How dates and names are written and ordered in a language.
+QLocale localeOf(AppLanguage language);
 
 /// All cases in the order of their declaration.
 template <typename Enumeration> QList<Enumeration> allCases()

@@ -1,5 +1,7 @@
 #include "Text.h"
 
+#include "LocalText.h"
+
 #include <QHash>
 
 namespace {
@@ -7,8 +9,7 @@ namespace {
 struct Entry
 {
     QStringView key;
-    QStringView polish;
-    QStringView english;
+    LocalText text;
 };
 
 // clang-format off
@@ -210,7 +211,7 @@ QString localizedText(QStringView key, AppLanguage language)
     const auto *entry = byKey.value(key);
     if (!entry)
         return key.toString();
-    return (language == AppLanguage::polish ? entry->polish : entry->english).toString();
+    return entry->text.in(language).toString();
 }
 
 QList<QString> allTextKeys()
@@ -221,15 +222,19 @@ QList<QString> allTextKeys()
     return keys;
 }
 
-QString TextFormat::filledOnce(QString &rest, const QString &value)
+QString TextFormat::filled(QStringView format, const QStringList &values)
 {
-    for (qsizetype i = rest.indexOf(u'%'); i >= 0; i = rest.indexOf(u'%', i + 1)) {
-        const auto conversion = QStringView(rest).sliced(i + 1);
-        if (conversion.startsWith(u'd') || conversion.startsWith(u'@')) {
-            auto filled = rest.first(i) + value;
-            rest.remove(0, i + 2);
-            return filled;
+    QString text;
+    auto value = values.begin();
+    while (!format.isEmpty()) {
+        const bool isPlaceholder = format.startsWith(u"%d") || format.startsWith(u"%@");
+        if (isPlaceholder && value != values.end()) {
+            text += *value++;
+            format = format.sliced(2);
+        } else {
+            text += format.front();
+            format = format.sliced(1);
         }
     }
-    return {};
+    return text;
 }

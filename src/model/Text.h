@@ -3,6 +3,7 @@
 #include "Enumerations.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <concepts>
 
@@ -14,9 +15,9 @@ QString localizedText(QStringView key, AppLanguage language);
 QList<QString> allTextKeys();
 
 namespace TextFormat {
-/// Cuts the text up to and with its first placeholder off `rest` and answers it with the placeholder replaced by
-/// `value`; empty when `rest` has none.
-QString filledOnce(QString &rest, const QString &value);
+/// `format` with its placeholders replaced by `values` in order; those that are too many are left out, and a
+/// placeholder without a value stays.
+QString filled(QStringView format, const QStringList &values);
 
 inline QString argument(std::integral auto number)
 {
@@ -30,9 +31,7 @@ inline QString argument(const QString &text)
 
 /// `format` with its placeholders ("%d" for a number, "%@" for a text) replaced by the arguments in order. What an
 /// argument holds is never taken for a placeholder.
-template <typename... Arguments> QString filledText(QString format, const Arguments &...arguments)
+template <typename... Arguments> QString filledText(const QString &format, const Arguments &...arguments)
 {
-    QString text;
-    (text.append(TextFormat::filledOnce(format, TextFormat::argument(arguments))), ...);
-    return text + format;
+    return TextFormat::filled(format, {TextFormat::argument(arguments)...});
 }

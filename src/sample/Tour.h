@@ -2,6 +2,7 @@
 
 #include "Enumerations.h"
 #include "Robot.h"
+#include "Url.h"
 
 #include <QSize>
 

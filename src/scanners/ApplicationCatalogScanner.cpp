@@ -1,6 +1,7 @@
 #include "ApplicationCatalogScanner.h"
 
 #include "AllocatedSize.h"
+#include "Enumerations.h"
 #include "FileSystem.h"
 #include "NameMatcher.h"
 
@@ -28,12 +29,12 @@ QList<Root> roots(const FileSystem &fileSystem)
     };
 }
 
-// The C locale orders by code points, which puts Polish letters behind "z". Polish order suits both languages of
-// the program: English knows nothing of the letters in which they differ.
+// The C locale orders by code points, which puts letters with marks behind "z". The order of the language that the
+// program starts in takes its place.
 QCollator systemCollator()
 {
     const auto locale = QLocale::system().collation();
-    QCollator collator(locale.language() == QLocale::C ? QLocale(QLocale::Polish) : locale);
+    QCollator collator(locale.language() == QLocale::C ? localeOf(AppLanguage{}) : locale);
     collator.setCaseSensitivity(Qt::CaseInsensitive);
     return collator;
 }

@@ -1,5 +1,6 @@
 #include "TrashFailure.h"
 
+#include "LocalText.h"
 #include "Text.h"
 
 #include <QLocale>
@@ -13,29 +14,28 @@ namespace {
 struct Row
 {
     TrashFailure failure;
-    const char *polish;
-    const char *english;
+    LocalText text;
 };
 
 constexpr Row reasons[] = {
-    {TrashFailure::itemIsMissing, "ponieważ już nie istnieje.", "because it no longer exists."},
-    {TrashFailure::itemIsOutOfSight, "ponieważ nie można go sprawdzić. Może nadal tam być.",
-     "because it can't be looked at. It may still be there."},
-    {TrashFailure::noTrashOnDisk, "ponieważ na jego dysku nie ma Kosza.",
-     "because the disk that it is on has no Trash."},
-    {TrashFailure::noPermission, "ponieważ nie masz do tego uprawnień.",
-     "because you don't have permission to do that."},
-    {TrashFailure::diskIsReadOnly, "ponieważ jego dysk jest tylko do odczytu.",
-     "because the disk that it is on can only be read."},
-    {TrashFailure::diskIsFull, "ponieważ dysk jest pełny. Zwolnij trochę miejsca i spróbuj ponownie.",
-     "because the disk is full. Free some space and try again."},
-    {TrashFailure::nameIsTooLong, "ponieważ jego nazwa jest za długa. Skróć ją i spróbuj ponownie.",
-     "because its name is too long. Make it shorter and try again."},
+    {TrashFailure::itemIsMissing, u"ponieważ już nie istnieje.", u"because it no longer exists."},
+    {TrashFailure::itemIsOutOfSight, u"ponieważ nie można go sprawdzić. Może nadal tam być.",
+     u"because it can't be looked at. It may still be there."},
+    {TrashFailure::noTrashOnDisk, u"ponieważ na jego dysku nie ma Kosza.",
+     u"because the disk that it is on has no Trash."},
+    {TrashFailure::noPermission, u"ponieważ nie masz do tego uprawnień.",
+     u"because you don't have permission to do that."},
+    {TrashFailure::diskIsReadOnly, u"ponieważ jego dysk jest tylko do odczytu.",
+     u"because the disk that it is on can only be read."},
+    {TrashFailure::diskIsFull, u"ponieważ dysk jest pełny. Zwolnij trochę miejsca i spróbuj ponownie.",
+     u"because the disk is full. Free some space and try again."},
+    {TrashFailure::nameIsTooLong, u"ponieważ jego nazwa jest za długa. Skróć ją i spróbuj ponownie.",
+     u"because its name is too long. Make it shorter and try again."},
     {TrashFailure::itemIsInUse,
-     "ponieważ jest używany. Zamknij programy, które z niego korzystają, i spróbuj ponownie.",
-     "because it is in use. Quit the programs that use it and try again."},
-    {TrashFailure::itemIsOutsideOfDisk, "ponieważ leży poza tym dyskiem.", "because it is not on this disk."},
-    {TrashFailure::other, "ponieważ Kosz go nie przyjął.", "because the Trash didn't accept it."},
+     u"ponieważ jest używany. Zamknij programy, które z niego korzystają, i spróbuj ponownie.",
+     u"because it is in use. Quit the programs that use it and try again."},
+    {TrashFailure::itemIsOutsideOfDisk, u"ponieważ leży poza tym dyskiem.", u"because it is not on this disk."},
+    {TrashFailure::other, u"ponieważ Kosz go nie przyjął.", u"because the Trash didn't accept it."},
 };
 
 struct ErrorRow
@@ -64,14 +64,17 @@ QString trashFailureText(TrashFailure failure, const QString &name, AppLanguage 
 {
     const auto *reason = std::ranges::find(reasons, failure, &Row::failure);
     Q_ASSERT(reason != std::end(reasons));
-    return language == AppLanguage::polish ? filledText(QStringLiteral("Nie można przenieść „%@” do Kosza, %@"),
-                                                        name, QString::fromUtf8(reason->polish))
-                                           : filledText(QStringLiteral("“%@” couldn't be moved to the Trash %@"),
-                                                        name, QString::fromUtf8(reason->english));
+    constexpr LocalText sentence{u"Nie można przenieść „%@” do Kosza, %@",
+                                 u"“%@” couldn't be moved to the Trash %@"};
+    return filledText(sentence.in(language).toString(), name, reason->text.in(language).toString());
 }
 
 AppLanguage systemLanguage()
 {
-    const auto languages = QLocale::system().uiLanguages();
-    return QLocale(languages.value(0)).language() == QLocale::Polish ? AppLanguage::polish : AppLanguage::english;
+    const QLocale system(QLocale::system().uiLanguages().value(0));
+    for (const auto language : allCases<AppLanguage>()) {
+        if (localeOf(language).language() == system.language())
+            return language;
+    }
+    return AppLanguage::english;
 }

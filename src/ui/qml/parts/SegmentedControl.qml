@@ -13,6 +13,7 @@ FocusScope {
 
     signal chosen(int index)
 
+    implicitWidth: segments.length * Theme.segmentWidth
     implicitHeight: 26
     activeFocusOnTab: true
     Accessible.role: Accessible.PageTabList

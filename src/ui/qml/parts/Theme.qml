@@ -120,6 +120,7 @@ QtObject {
     readonly property int gaugeCardWidth: 390
     readonly property int checkSide: 16
     readonly property int pillWidth: 176
+    readonly property int segmentWidth: 71
     readonly property int focusWidth: 3
 
     /// Milliseconds that a change of state takes.

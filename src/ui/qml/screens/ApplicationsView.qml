@@ -22,7 +22,6 @@ FocusScope {
             systemImage: "app.badge"
 
             ProminentButton {
-                focus: true
                 text: Texts.of("scan")
                 systemImage: "magnifyingglass"
                 enabled: view.viewModel.canScan

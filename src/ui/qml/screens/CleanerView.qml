@@ -23,7 +23,6 @@ FocusScope {
             systemImage: "gauge.with.dots.needle.33percent"
 
             ProminentButton {
-                focus: true
                 text: Texts.of("scan")
                 systemImage: "magnifyingglass"
                 enabled: view.viewModel.canScan

@@ -44,7 +44,6 @@ FocusScope {
             spacing: 10
 
             PushButton {
-                focus: true
                 text: view.chooseText
                 systemImage: "folder.badge.plus"
                 onClicked: view.folderAskedFor()

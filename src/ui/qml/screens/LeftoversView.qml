@@ -35,7 +35,6 @@ FocusScope {
 
             RoundedTextField {
                 Layout.fillWidth: true
-                focus: true
                 placeholderText: Texts.of("leftover_search_placeholder")
                 text: view.viewModel.leftoverQuery
                 onTextEdited: view.viewModel.leftoverQuery = text

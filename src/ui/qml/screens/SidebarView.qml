@@ -117,7 +117,6 @@ FocusScope {
                 bottom: parent.bottom
                 bottomMargin: Theme.medium
             }
-            width: 142
             segments: Array.from(Presentation.languages, choice => choice.label)
             current: sidebar.viewModel.language
             name: segments.join(", ")

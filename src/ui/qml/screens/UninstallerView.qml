@@ -31,7 +31,6 @@ FocusScope {
 
             RoundedTextField {
                 Layout.fillWidth: true
-                focus: true
                 placeholderText: Texts.of("search_placeholder")
                 text: view.viewModel.applicationQuery
                 onTextEdited: view.viewModel.applicationQuery = text
