@@ -12,9 +12,6 @@ using Error = PrivilegedHelperClientError;
 
 namespace {
 
-// The numbers of the platform's service management.
-enum ServiceStatus { notRegistered = 0, enabled = 1, requiresApproval = 2, notFound = 3 };
-
 constexpr const char *acceptedFolders[] = {"/Applications/", "/Users/Shared/Applications/"};
 
 QList<QByteArray> pathsThatAreText(const QList<Url> &items)
@@ -41,28 +38,45 @@ QCoro::Task<HelperReply> PrivilegedHelperClient::moveItemsToTrash(QList<Url> ite
     const auto paths = pathsThatAreText(items);
     if (paths.isEmpty())
         co_return HelperReply{};
-    if (const auto error = ensureHelperReady())
+    auto preparation = ensureHelperReady();
+    const auto error = co_await preparation;
+    if (error)
         co_return HelperReply{{}, error->description()};
     auto request = sendMoveRequest(paths, bundleIdentifier);
     co_return co_await request;
 }
 
-std::optional<Error> PrivilegedHelperClient::ensureHelperReady()
+const QByteArray &PrivilegedHelperClient::helperExecutablePath()
+{
+    static const auto path = QByteArray("Contents/Library/HelperTools/") + HelperService::helperLabel;
+    return path;
+}
+
+const QByteArray &PrivilegedHelperClient::helperDaemonPlistPath()
+{
+    static const auto path = QByteArray("Contents/Library/LaunchDaemons/") + HelperService::helperLabel + ".plist";
+    return path;
+}
+
+QCoro::Task<std::optional<Error>> PrivilegedHelperClient::ensureHelperReady()
 {
     if (auto error = validateHelperInstallation())
-        return error;
-    switch (m_service.status()) {
-    case requiresApproval:
-        return askForApproval();
-    case enabled:
-        return std::nullopt;
-    case notRegistered:
-    case notFound:
-        return registerHelper();
+        co_return error;
+    const auto query = m_service.status();
+    switch (co_await query) {
+    case HelperStatus::requiresApproval:
+        co_return askForApproval();
+    case HelperStatus::enabled:
+        co_return std::nullopt;
+    case HelperStatus::notRegistered:
+    case HelperStatus::notFound:
+        break;
     default:
-        return Error{Error::connectionFailed,
-                     QStringLiteral("Nieznany status SMAppService dla helpera administratora.")};
+        co_return Error{Error::connectionFailed,
+                        QStringLiteral("Nieznany status SMAppService dla helpera administratora.")};
     }
+    auto registration = registerHelper();
+    co_return co_await registration;
 }
 
 std::optional<Error> PrivilegedHelperClient::validateHelperInstallation() const
@@ -75,12 +89,12 @@ std::optional<Error> PrivilegedHelperClient::validateHelperInstallation() const
     const auto notFoundError = [](const QString &reason, const Url &url) {
         return Error{Error::helperNotFound, reason + url.displayPath()};
     };
-    const auto executable = bundle / helperExecutablePath;
+    const auto executable = bundle / helperExecutablePath();
     if (!isFile(executable))
         return notFoundError(QStringLiteral("Oczekiwana ścieżka helpera: "), executable);
     if (!m_fileSystem.isExecutable(executable))
         return notFoundError(QStringLiteral("Helper istnieje, ale nie jest plikiem wykonywalnym: "), executable);
-    const auto daemonPlist = bundle / helperDaemonPlistPath;
+    const auto daemonPlist = bundle / helperDaemonPlistPath();
     if (!isFile(daemonPlist))
         return notFoundError(QStringLiteral("Oczekiwana ścieżka pliku LaunchDaemon: "), daemonPlist);
     return std::nullopt;
@@ -98,28 +112,31 @@ std::optional<Error> PrivilegedHelperClient::validateApplicationLocation(const U
                                       "rejestrowany z DerivedData, Downloads ani Desktop.")};
 }
 
-std::optional<Error> PrivilegedHelperClient::registerHelper()
+QCoro::Task<std::optional<Error>> PrivilegedHelperClient::registerHelper()
 {
-    const auto registrationError = m_service.registerService();
-    const auto status = m_service.status();
-    if (status == enabled)
-        return std::nullopt;
-    if (status == requiresApproval)
-        return askForApproval();
+    const auto registration = m_service.registerService();
+    const auto registrationError = co_await registration;
+    const auto query = m_service.status();
+    const auto status = co_await query;
+    if (status == HelperStatus::enabled)
+        co_return std::nullopt;
+    if (status == HelperStatus::requiresApproval)
+        co_return askForApproval();
 
-    const auto number = QString::number(status);
+    const auto number = QString::number(static_cast<int>(status));
     if (registrationError) {
-        return Error{Error::connectionFailed, QStringLiteral("Rejestracja helpera nie powiodła się. Status: ")
-                                                  + number + QStringLiteral(". Błąd: ") + *registrationError};
+        co_return Error{Error::connectionFailed, QStringLiteral("Rejestracja helpera nie powiodła się. Status: ")
+                                                     + number + QStringLiteral(". Błąd: ") + *registrationError};
     }
-    if (status == notRegistered || status == notFound) {
-        return Error{Error::connectionFailed,
-                     QStringLiteral("Helper został znaleziony w paczce aplikacji, ale macOS nie zarejestrował "
-                                    "usługi. Status: ")
-                         + number + QStringLiteral(".")};
+    if (status == HelperStatus::notRegistered || status == HelperStatus::notFound) {
+        co_return Error{Error::connectionFailed,
+                        QStringLiteral("Helper został znaleziony w paczce aplikacji, ale macOS nie zarejestrował "
+                                       "usługi. Status: ")
+                            + number + QStringLiteral(".")};
     }
-    return Error{Error::connectionFailed, QStringLiteral("Nieznany status SMAppService po rejestracji helpera: ")
-                                              + number + QStringLiteral(".")};
+    co_return Error{Error::connectionFailed,
+                    QStringLiteral("Nieznany status SMAppService po rejestracji helpera: ") + number
+                        + QStringLiteral(".")};
 }
 
 QCoro::Task<HelperReply> PrivilegedHelperClient::sendMoveRequest(QList<QByteArray> standardizedPaths,

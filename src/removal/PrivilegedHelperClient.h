@@ -14,12 +14,9 @@ class HelperService;
 class PrivilegedHelperClient : public PrivilegedHelper
 {
 public:
-    /// The daemon's label and the name of its service.
-    static constexpr char helperLabel[] = "com.example.Tarnvale.Helper";
     /// Both relative to the application's bundle.
-    static constexpr char helperExecutablePath[] = "Contents/Library/HelperTools/com.example.Tarnvale.Helper";
-    static constexpr char helperDaemonPlistPath[] =
-        "Contents/Library/LaunchDaemons/com.example.Tarnvale.Helper.plist";
+    static const QByteArray &helperExecutablePath();
+    static const QByteArray &helperDaemonPlistPath();
 
     PrivilegedHelperClient(const FileSystem &fileSystem, const BundleReader &bundleReader, HelperService &service);
 
@@ -30,10 +27,10 @@ public:
     // The steps of a call. Each answers why it failed, and nothing when it succeeded.
 
     /// The daemon is in its place, our bundle is where it may be registered from, and its service is enabled.
-    std::optional<PrivilegedHelperClientError> ensureHelperReady();
+    QCoro::Task<std::optional<PrivilegedHelperClientError>> ensureHelperReady();
     std::optional<PrivilegedHelperClientError> validateHelperInstallation() const;
     static std::optional<PrivilegedHelperClientError> validateApplicationLocation(const Url &bundle);
-    std::optional<PrivilegedHelperClientError> registerHelper();
+    QCoro::Task<std::optional<PrivilegedHelperClientError>> registerHelper();
 
     /// One connection, one request, one reply.
     QCoro::Task<HelperReply> sendMoveRequest(QList<QByteArray> standardizedPaths, QString bundleIdentifier);

@@ -22,8 +22,9 @@ class AppFixture : public testing::Test, protected FakeComputer
 protected:
     AppFixture()
     {
-        disk.executable(QByteArray("/Applications/Tarnvale.app/") + PrivilegedHelperClient::helperExecutablePath);
-        disk.file(QByteArray("/Applications/Tarnvale.app/") + PrivilegedHelperClient::helperDaemonPlistPath);
+        disk.executable(QByteArray("/Applications/Tarnvale.app/")
+                        + PrivilegedHelperClient::helperExecutablePath());
+        disk.file(QByteArray("/Applications/Tarnvale.app/") + PrivilegedHelperClient::helperDaemonPlistPath());
     }
 
     std::unique_ptr<AppViewModel> owner = std::make_unique<AppViewModel>(platform);

@@ -122,7 +122,7 @@ private:
     std::stop_source m_stop;
     const DiskRoot m_root{QFile::encodeName(disk->folder())};
     FolderDialogChooser m_dialog;
-    LinuxFolderChooser m_chooser{m_dialog, [] { return QString("x11:2a"); }, bus.address()};
+    LinuxFolderChooser m_chooser{m_dialog, [] { return QString("x11:2a"); }, bus.address().toUtf8()};
     LinuxPlatform m_platform{m_root, disk->home(), m_chooser, m_stop.get_token()};
     ChosenAppearance m_appearance;
     TarnvaleApp m_app{m_platform.services(), m_appearance};
@@ -195,7 +195,8 @@ TEST_F(FolderChoice, withoutAPortalForFoldersQtsOwnDialogIsWorkedByKeyboard)
         EXPECT_FALSE(state().selectedMediaFolder());
     }
     pressChoose();
-    ASSERT_TRUE(Robot::waitUntil([this] { return dialogItem(); }, patience));
+    const auto isOnFirstFolder = [this] { return dialogItem() && dialogItem()->objectName().endsWith("0"); };
+    ASSERT_TRUE(Robot::waitUntil(isOnFirstFolder, patience));
     robot.press(Qt::Key_Down);
     robot.press(Qt::Key_Tab);
     robot.press(Qt::Key_Tab);

@@ -5,6 +5,7 @@
 #include "ChosenAppearance.h"
 #include "ChosenFolder.h"
 #include "DiskBundleReader.h"
+#include "HelperService.h"
 #include "LinuxPlatform.h"
 #include "PrivilegedHelperClient.h"
 #include "Robot.h"
@@ -172,8 +173,8 @@ int buildDisk(int argc, char **argv)
 void installHelper()
 {
     const Url bundle(disk->folder().toUtf8() + "/Applications/Tarnvale.app");
-    for (const auto *path :
-         {PrivilegedHelperClient::helperExecutablePath, PrivilegedHelperClient::helperDaemonPlistPath}) {
+    for (const auto &path :
+         {PrivilegedHelperClient::helperExecutablePath(), PrivilegedHelperClient::helperDaemonPlistPath()}) {
         const fs::path file((bundle / path).path().toStdString());
         fs::create_directories(file.parent_path());
         fs::copy_file("/bin/true", file);
@@ -210,7 +211,7 @@ int main(int argc, char **argv)
 
     fs::create_directories(onDisk("/run/dbus"));
     TestBus systemBus(QString::fromStdString(onDisk("/run/dbus/system_bus_socket")));
-    systemBus.addService(QString::fromLatin1(PrivilegedHelperClient::helperLabel),
+    systemBus.addService(QString::fromLatin1(HelperService::helperLabel),
                          QStringLiteral(TEST_HELPER_PATH " moves ") + sampleDisk.folder());
     return inProcess(secondUser, [&] {
         const QGuiApplication application(argc, argv);

@@ -18,15 +18,16 @@ public:
     QList<QList<QByteArray>> requests;
     QString bundleIdentifier;
 
-    int status() const override
+    QFuture<HelperStatus> status() const override
     {
         const auto query = m_queries++;
-        return statuses.value(std::min(query, statuses.size() - 1));
+        const auto number = statuses.value(std::min(query, statuses.size() - 1));
+        return readyFuture(static_cast<HelperStatus>(number));
     }
-    std::optional<QString> registerService() override
+    QFuture<std::optional<QString>> registerService() override
     {
         ++registrations;
-        return registrationError;
+        return readyFuture(registrationError);
     }
     void openApprovalSettings() override { ++timesSettingsOpened; }
     QFuture<HelperAnswer> moveItemsToTrash(const QList<QByteArray> &standardizedPaths,

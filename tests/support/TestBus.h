@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QCoreApplication>
 #include <QDir>
+#include <QEventLoop>
 #include <QFile>
-#include <QFuture>
+#include <QFutureWatcher>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -64,7 +64,10 @@ private:
 /// What `future` brings, waited for in an event loop.
 template <typename Result> Result waitFor(const QFuture<Result> &future)
 {
-    while (!future.isFinished())
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    QEventLoop loop;
+    QFutureWatcher<Result> watcher;
+    QObject::connect(&watcher, &QFutureWatcherBase::finished, &loop, &QEventLoop::quit);
+    watcher.setFuture(future);
+    loop.exec();
     return future.result();
 }

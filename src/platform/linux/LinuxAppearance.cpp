@@ -1,69 +1,85 @@
 #include "LinuxAppearance.h"
 
+#include "BusConnection.h"
 #include "SessionBus.h"
 
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
-#include <QDBusVariant>
+#include <QPromise>
+
+#include <thread>
 
 namespace {
 
-const auto portalService = QStringLiteral("org.freedesktop.portal.Desktop");
-const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
-const auto settingsInterface = QStringLiteral("org.freedesktop.portal.Settings");
-const auto appearanceGroup = QStringLiteral("org.freedesktop.appearance");
-const auto colorSchemeKey = QStringLiteral("color-scheme");
+constexpr auto portalService = "org.freedesktop.portal.Desktop";
+constexpr auto portalPath = "/org/freedesktop/portal/desktop";
+constexpr auto settingsInterface = "org.freedesktop.portal.Settings";
+constexpr auto appearanceGroup = "org.freedesktop.appearance";
+constexpr auto colorSchemeKey = "color-scheme";
+
+// The bus may have to start the portal first; this is what its library gives every call.
+constexpr std::chrono::seconds patienceForPortal{25};
+
+/// Takes over `value`, which may be a variant, or one in another.
+bool isDarkScheme(GVariant *value)
+{
+    // 0: no preference, 1: dark, 2: light; anything else is to be taken for 0.
+    constexpr guint32 dark = 1;
+    while (g_variant_is_of_type(value, G_VARIANT_TYPE_VARIANT)) {
+        auto *inner = g_variant_get_variant(value);
+        g_variant_unref(value);
+        value = inner;
+    }
+    const bool isDark = g_variant_is_of_type(value, G_VARIANT_TYPE_UINT32) && g_variant_get_uint32(value) == dark;
+    g_variant_unref(value);
+    return isDark;
+}
+
+/// Tells `isDark` now and after every change, until it is to stop. Blocks.
+void watchColorScheme(const QByteArray &address, const std::stop_token &stop, QPromise<bool> &isDark)
+{
+    BusConnection bus(address, BusConnection::noLimit, stop);
+    // Before the first reading, so that no change falls between the two.
+    bus.subscribe({portalService, settingsInterface, "SettingChanged", appearanceGroup}, [&](GVariant *change) {
+        if (!g_variant_is_of_type(change, G_VARIANT_TYPE("(ssv)")))
+            return;
+        const char *key = nullptr;
+        GVariant *value = nullptr;
+        g_variant_get(change, "(&s&s@v)", nullptr, &key, &value);
+        if (g_str_equal(key, colorSchemeKey))
+            isDark.addResult(isDarkScheme(value));
+        else
+            g_variant_unref(value);
+    });
+    // "ReadOne" would do without the variant in a variant, but portals before 1.17 do not have it.
+    const auto scheme = bus.call({portalService, portalPath, settingsInterface, "Read"},
+                                 g_variant_new("(ss)", appearanceGroup, colorSchemeKey), "(v)", patienceForPortal);
+    if (scheme.values)
+        isDark.addResult(isDarkScheme(g_variant_get_child_value(scheme.values.get(), 0)));
+    bus.listen([] { return false; });
+}
 
 } // namespace
 
-LinuxAppearance::LinuxAppearance(const QString &busAddress, QObject *parent)
-    : Appearance(parent), m_bus(openSessionBus(busAddress))
+LinuxAppearance::LinuxAppearance(const QByteArray &busAddress, QObject *parent) : Appearance(parent)
 {
-    if (!m_bus.isConnected())
-        return;
-    // Before the first reading, so that no change falls between the two.
-    m_bus.connect(portalService, portalPath, settingsInterface, QStringLiteral("SettingChanged"), this,
-                  SLOT(settingChanged(QDBusMessage)));
-    readColorScheme();
+    connect(&m_told, &QFutureWatcherBase::resultReadyAt, this,
+            [this](int index) { setDark(m_told.resultAt(index)); });
+    QPromise<bool> promise;
+    promise.start();
+    m_told.setFuture(promise.future());
+    std::thread([promise = std::move(promise), stop = m_stop.get_token(),
+                 address = busAddress.isEmpty() ? sessionBusAddress() : busAddress]() mutable {
+        watchColorScheme(address, stop, promise);
+        promise.finish();
+    }).detach();
 }
 
 LinuxAppearance::~LinuxAppearance()
 {
-    QDBusConnection::disconnectFromBus(m_bus.name());
+    m_stop.request_stop();
 }
 
-void LinuxAppearance::readColorScheme()
+void LinuxAppearance::setDark(bool isDark)
 {
-    // "ReadOne" would do without the variant in a variant, but portals before 1.17 do not have it.
-    auto request =
-        QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface, QStringLiteral("Read"));
-    request.setArguments({appearanceGroup, colorSchemeKey});
-    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(request), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
-        const QDBusPendingReply<QDBusVariant> reply(*watcher);
-        if (!reply.isError())
-            setColorScheme(reply.value().variant());
-        watcher->deleteLater();
-    });
-}
-
-void LinuxAppearance::settingChanged(const QDBusMessage &signal)
-{
-    const auto arguments = signal.arguments();
-    if (arguments.value(0) == appearanceGroup && arguments.value(1) == colorSchemeKey)
-        setColorScheme(arguments.value(2));
-}
-
-void LinuxAppearance::setColorScheme(const QVariant &value)
-{
-    // 0: no preference, 1: dark, 2: light; anything else is to be taken for 0.
-    constexpr uint dark = 1;
-    auto scheme = value;
-    while (scheme.canConvert<QDBusVariant>())
-        scheme = scheme.value<QDBusVariant>().variant();
-    const auto isDark = scheme.metaType() == QMetaType::fromType<uint>() && scheme.toUInt() == dark;
-    if (isDark == m_isDark)
-        return;
-    m_isDark = isDark;
-    Q_EMIT changed();
+    if (std::exchange(m_isDark, isDark) != isDark)
+        Q_EMIT changed();
 }

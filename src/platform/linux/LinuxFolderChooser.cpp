@@ -1,151 +1,172 @@
 #include "LinuxFolderChooser.h"
 
+#include "BusConnection.h"
+#include "OwnThread.h"
 #include "ReadyFuture.h"
 #include "SessionBus.h"
 
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
-#include <QDBusServiceWatcher>
-#include <QDBusVariant>
 #include <QDir>
 #include <QFile>
 #include <QFutureWatcher>
 
 namespace {
 
-const auto portalService = QStringLiteral("org.freedesktop.portal.Desktop");
-const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
-const auto chooserInterface = QStringLiteral("org.freedesktop.portal.FileChooser");
+constexpr auto portalService = "org.freedesktop.portal.Desktop";
+constexpr auto portalPath = "/org/freedesktop/portal/desktop";
+constexpr auto chooserInterface = "org.freedesktop.portal.FileChooser";
 
 /// Given to the portal until it says what it is; the bus may have to start it first. The user looks at a button
 /// meanwhile.
-constexpr int patienceForPortal = 3000;
+constexpr std::chrono::seconds patienceForPortal{3};
+/// Given to it to open a dialog, which is what the bus's library gives every call.
+constexpr std::chrono::seconds patienceForDialog{25};
 
-QVariantMap dialogOptions(const QString &prompt)
+/// What a dialog is to say, and whose it is, in the bytes of the bus.
+struct DialogWords
 {
-    // A path is bytes here, and ends with a zero.
-    const auto home = QFile::encodeName(QDir::homePath()) + '\0';
-    return {
-        {QStringLiteral("accept_label"), prompt}, {QStringLiteral("current_folder"), home},
-        {QStringLiteral("directory"), true},      {QStringLiteral("modal"), true},
-        {QStringLiteral("multiple"), false},
-    };
+    QByteArray parentWindow;
+    QByteArray title;
+    QByteArray prompt;
+};
+
+/// How the portal's dialog ended.
+struct PortalAnswer
+{
+    /// Whether there was one at all.
+    bool isOffered = false;
+    /// Absent when the user chose nothing.
+    std::optional<QByteArray> uri = {};
+};
+
+bool offersFolders(const BusConnection &bus)
+{
+    constexpr guint32 firstWithFolders = 3;
+    const auto answer = bus.call({portalService, portalPath, "org.freedesktop.DBus.Properties", "Get"},
+                                 g_variant_new("(ss)", chooserInterface, "version"), "(v)", patienceForPortal);
+    if (!answer.values)
+        return false;
+    GVariant *version = nullptr;
+    g_variant_get(answer.values.get(), "(v)", &version);
+    const bool isOffered =
+        g_variant_is_of_type(version, G_VARIANT_TYPE_UINT32) && g_variant_get_uint32(version) >= firstWithFolders;
+    g_variant_unref(version);
+    return isOffered;
 }
 
-template <typename Finished> void whenFinished(const QDBusPendingCall &call, QObject *context, Finished finished)
+bool opensDialog(const BusConnection &bus, const DialogWords &words)
 {
-    auto *watcher = new QDBusPendingCallWatcher(call, context);
-    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, context, [watcher, finished] {
-        finished(*watcher);
+    GVariantBuilder options;
+    g_variant_builder_init(&options, G_VARIANT_TYPE_VARDICT);
+    const auto add = [&](const char *key, GVariant *value) {
+        g_variant_builder_add(&options, "{sv}", key, value);
+    };
+    add("accept_label", g_variant_new_string(words.prompt.constData()));
+    // A path is bytes here, and ends with a zero.
+    add("current_folder", g_variant_new_bytestring(QFile::encodeName(QDir::homePath()).constData()));
+    add("directory", g_variant_new_boolean(TRUE));
+    add("modal", g_variant_new_boolean(TRUE));
+    add("multiple", g_variant_new_boolean(FALSE));
+    auto *request = g_variant_new("(ssa{sv})", words.parentWindow.constData(), words.title.constData(), &options);
+    const auto opened =
+        bus.call({portalService, portalPath, chooserInterface, "OpenFile"}, request, "(o)", patienceForDialog);
+    return opened.values != nullptr;
+}
+
+/// The one chosen location in the portal's response; absent in any other.
+std::optional<QByteArray> chosenUri(GVariant *response)
+{
+    // 0: chosen, 1: cancelled, 2: ended in some other way.
+    constexpr guint32 chosen = 0;
+    if (!g_variant_is_of_type(response, G_VARIANT_TYPE("(ua{sv})")))
+        return std::nullopt;
+    guint32 code = 0;
+    GVariant *results = nullptr;
+    g_variant_get(response, "(u@a{sv})", &code, &results);
+    std::optional<QByteArray> uri;
+    const char **uris = nullptr;
+    if (code == chosen && g_variant_lookup(results, "uris", "^a&s", &uris)) {
+        if (uris[0] && !uris[1])
+            uri = uris[0];
+        g_free(uris);
+    }
+    g_variant_unref(results);
+    return uri;
+}
+
+/// Blocks until the dialog has come to its end.
+PortalAnswer askPortal(const QByteArray &address, const DialogWords &words, const std::stop_token &stop)
+{
+    std::optional<PortalAnswer> answer;
+    // Opened for one dialog, so whatever a portal tells it is about that one. Its end closes what is still open.
+    BusConnection bus(address, patienceForPortal, stop);
+    if (!offersFolders(bus))
+        return {};
+    // Before the request, so that no answer comes too early.
+    bus.subscribe({portalService, "org.freedesktop.portal.Request", "Response"}, [&](GVariant *response) {
+        answer = {true, chosenUri(response)};
+    });
+    bus.subscribe({"org.freedesktop.DBus", "org.freedesktop.DBus", "NameOwnerChanged", portalService},
+                  [&](GVariant *change) {
+                      const char *newOwner = nullptr;
+                      g_variant_get(change, "(&s&s&s)", nullptr, nullptr, &newOwner);
+                      if (g_str_equal(newOwner, ""))
+                          answer = {true, std::nullopt};
+                  });
+    if (!opensDialog(bus, words))
+        return {};
+    bus.listen([&] { return answer.has_value(); });
+    return answer.value_or(PortalAnswer{true});
+}
+
+template <typename Result, typename Finished>
+void whenFinished(const QFuture<Result> &future, QObject *context, Finished finished)
+{
+    auto *watcher = new QFutureWatcher<Result>(context);
+    QObject::connect(watcher, &QFutureWatcherBase::finished, context, [watcher, finished] {
+        finished(watcher->result());
         watcher->deleteLater();
     });
+    watcher->setFuture(future);
 }
 
 } // namespace
 
 LinuxFolderChooser::LinuxFolderChooser(FolderChooser &otherwise, std::function<QString()> parentWindow,
-                                       QString busAddress)
-    : m_otherwise(otherwise), m_parentWindow(std::move(parentWindow)), m_busAddress(std::move(busAddress))
+                                       QByteArray busAddress)
+    : m_otherwise(otherwise), m_parentWindow(std::move(parentWindow)),
+      m_busAddress(busAddress.isEmpty() ? sessionBusAddress() : std::move(busAddress))
 {
 }
 
 LinuxFolderChooser::~LinuxFolderChooser()
 {
-    QDBusConnection::disconnectFromBus(m_bus.name());
+    m_stop.request_stop();
 }
 
 QFuture<std::optional<Url>> LinuxFolderChooser::chooseFolder(const QString &title, const QString &prompt)
 {
-    if (m_step != Step::idle)
+    if (m_isChoosing)
         return readyFuture(std::optional<Url>());
 
+    m_isChoosing = true;
     m_promise = {};
     m_promise.start();
-    auto future = m_promise.future();
-    m_step = Step::asking;
-    m_bus = openSessionBus(m_busAddress);
-    if (m_bus.isConnected())
-        askForVersion(title, prompt);
-    else
-        chooseOtherwise(title, prompt);
-    return future;
-}
-
-void LinuxFolderChooser::askForVersion(const QString &title, const QString &prompt)
-{
-    constexpr uint firstWithFolders = 3;
-    auto request = QDBusMessage::createMethodCall(
-        portalService, portalPath, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
-    request.setArguments({chooserInterface, QStringLiteral("version")});
-    whenFinished(m_bus.asyncCall(request, patienceForPortal), this, [=, this](const QDBusPendingCall &call) {
-        const QDBusPendingReply<QDBusVariant> version(call);
-        if (version.isError() || version.value().variant().toUInt() < firstWithFolders)
-            chooseOtherwise(title, prompt);
-        else
-            openDialog(title, prompt);
+    const DialogWords words{m_parentWindow().toUtf8(), title.toUtf8(), prompt.toUtf8()};
+    const auto dialog = onThreadOfItsOwn(
+        [bus = m_busAddress, words, stop = m_stop.get_token()] { return askPortal(bus, words, stop); });
+    whenFinished(dialog, this, [=, this](const PortalAnswer &ended) {
+        if (!ended.isOffered) {
+            return whenFinished(m_otherwise.chooseFolder(title, prompt), this,
+                                [this](const std::optional<Url> &folder) { answer(folder); });
+        }
+        answer(ended.uri ? Url::fromUri(*ended.uri) : std::nullopt);
     });
-}
-
-void LinuxFolderChooser::openDialog(const QString &title, const QString &prompt)
-{
-    // Before the request, so that no answer comes too early.
-    m_bus.connect(portalService, {}, QStringLiteral("org.freedesktop.portal.Request"), QStringLiteral("Response"),
-                  this, SLOT(takeResponse(QDBusMessage)));
-    m_bus.connect({}, QStringLiteral("/org/freedesktop/DBus/Local"), QStringLiteral("org.freedesktop.DBus.Local"),
-                  QStringLiteral("Disconnected"), this, SLOT(takeLossOfPortal()));
-    m_bus.connect(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-                  QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameOwnerChanged"), {portalService}, {},
-                  this, SLOT(takeLossOfPortal()));
-
-    auto request =
-        QDBusMessage::createMethodCall(portalService, portalPath, chooserInterface, QStringLiteral("OpenFile"));
-    request.setArguments({m_parentWindow(), title, dialogOptions(prompt)});
-    whenFinished(m_bus.asyncCall(request), this, [=, this](const QDBusPendingCall &call) {
-        if (m_step != Step::asking)
-            return;
-        if (call.isError())
-            chooseOtherwise(title, prompt);
-        else
-            m_step = Step::open;
-    });
-}
-
-void LinuxFolderChooser::takeResponse(const QDBusMessage &response)
-{
-    // 0: chosen, 1: cancelled, 2: ended in some other way.
-    constexpr uint chosen = 0;
-    const auto arguments = response.arguments();
-    const auto results = qdbus_cast<QVariantMap>(arguments.value(1));
-    const auto uris = results.value(QStringLiteral("uris")).toStringList();
-    const bool isChosen = arguments.value(0).toUInt() == chosen && uris.size() == 1;
-    answer(isChosen ? Url::fromUri(uris.first().toUtf8()) : std::nullopt);
-}
-
-void LinuxFolderChooser::takeLossOfPortal()
-{
-    // Before the dialog is open, the request fails and is dealt with there.
-    if (m_step == Step::open)
-        answer(std::nullopt);
-}
-
-void LinuxFolderChooser::chooseOtherwise(const QString &title, const QString &prompt)
-{
-    m_step = Step::otherwise;
-    auto *watcher = new QFutureWatcher<std::optional<Url>>(this);
-    connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher] {
-        answer(watcher->result());
-        watcher->deleteLater();
-    });
-    watcher->setFuture(m_otherwise.chooseFolder(title, prompt));
+    return m_promise.future();
 }
 
 void LinuxFolderChooser::answer(const std::optional<Url> &folder)
 {
-    if (m_step == Step::idle)
-        return;
-    m_step = Step::idle;
-    // Closes what is still open of the dialog.
-    QDBusConnection::disconnectFromBus(m_bus.name());
+    m_isChoosing = false;
     m_promise.addResult(folder);
     m_promise.finish();
 }

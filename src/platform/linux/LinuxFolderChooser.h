@@ -2,12 +2,11 @@
 
 #include "FolderChooser.h"
 
-#include <QDBusConnection>
-#include <QDBusMessage>
 #include <QObject>
 #include <QPromise>
 
 #include <functional>
+#include <stop_token>
 
 /// The desktop's own folder dialog, as its portal shows it (org.freedesktop.portal.FileChooser on the session
 /// bus): the one that the user knows from other programs, whatever the desktop, and the same inside of a sandbox.
@@ -24,28 +23,19 @@ class LinuxFolderChooser : public QObject, public FolderChooser
 public:
     /// `otherwise` outlives this. `parentWindow` tells which window the dialog belongs to, as portals name it ("x11:1a2b"), or
     /// nothing. `busAddress` names another bus than the session's, for tests.
-    LinuxFolderChooser(FolderChooser &otherwise, std::function<QString()> parentWindow, QString busAddress = {});
+    LinuxFolderChooser(FolderChooser &otherwise, std::function<QString()> parentWindow,
+                       QByteArray busAddress = {});
     ~LinuxFolderChooser() override;
 
     QFuture<std::optional<Url>> chooseFolder(const QString &title, const QString &prompt) override;
 
-private Q_SLOTS:
-    void takeResponse(const QDBusMessage &response);
-    void takeLossOfPortal();
-
 private:
-    enum class Step { idle, asking, open, otherwise };
-
-    void askForVersion(const QString &title, const QString &prompt);
-    void openDialog(const QString &title, const QString &prompt);
-    void chooseOtherwise(const QString &title, const QString &prompt);
     void answer(const std::optional<Url> &folder);
 
     FolderChooser &m_otherwise;
     std::function<QString()> m_parentWindow;
-    QString m_busAddress;
-    Step m_step = Step::idle;
-    // Opened for one dialog, so whatever a portal tells it is about that one.
-    QDBusConnection m_bus{QString()};
+    QByteArray m_busAddress;
+    bool m_isChoosing = false;
     QPromise<std::optional<Url>> m_promise;
+    std::stop_source m_stop;
 };

@@ -1,188 +1,149 @@
 #include "LinuxHelperService.h"
 
-#include <QDBusConnection>
-#include <QDBusMetaType>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
-#include <QMap>
-#include <QPromise>
-#include <QUuid>
+#include "BusConnection.h"
+#include "OwnThread.h"
+#include "ReadyFuture.h"
 
-#include <chrono>
-#include <functional>
-#include <future>
-#include <limits>
-#include <thread>
+#include <algorithm>
 
 namespace {
 
-using Messages = QMap<QString, QString>;
+using namespace std::chrono_literals;
 
-// The platform's own numbers.
-constexpr int notRegistered = 0;
-constexpr int enabled = 1;
-constexpr int notFound = 3;
+constexpr std::chrono::milliseconds patienceForBus = 1s;
+// Longer than the bus's own limit, so that it is the bus who says why.
+constexpr std::chrono::milliseconds patienceForStart = 30s;
 
-// Given to one call to the bus and, as even connecting to a bus that hangs waits, to all of an answer.
-constexpr std::chrono::milliseconds patienceForBus{1000};
+constexpr auto label = HelperService::helperLabel;
 
-QString helperName()
+/// A question to the bus itself.
+BusAnswer ask(const BusConnection &bus, const char *question, GVariant *arguments, const char *answerType,
+              std::chrono::milliseconds patience = patienceForBus)
 {
-    return QStringLiteral("com.example.Tarnvale.Helper");
+    constexpr auto service = "org.freedesktop.DBus";
+    return bus.call({service, "/org/freedesktop/DBus", service, question}, arguments, answerType, patience);
 }
 
-/// A connection that nobody else uses, closed with this object.
-class BusConnection
+bool containsLabel(GVariant *listOfNames)
 {
-public:
-    /// To the system bus when `address` is empty.
-    explicit BusConnection(const QString &address)
-        : m_name(QUuid::createUuid().toString()),
-          m_connection(address.isEmpty() ? QDBusConnection::connectToBus(QDBusConnection::SystemBus, m_name)
-                                         : QDBusConnection::connectToBus(address, m_name))
-    {
-    }
-    ~BusConnection() { QDBusConnection::disconnectFromBus(m_name); }
-    Q_DISABLE_COPY_MOVE(BusConnection)
-
-    const QDBusConnection &connection() const { return m_connection; }
-
-    /// A question to the bus itself.
-    QDBusMessage ask(const QString &method, const QVariantList &arguments = {}) const
-    {
-        const auto bus = QStringLiteral("org.freedesktop.DBus");
-        auto message = QDBusMessage::createMethodCall(bus, QStringLiteral("/org/freedesktop/DBus"), bus, method);
-        message.setArguments(arguments);
-        return m_connection.call(message, QDBus::Block, static_cast<int>(patienceForBus.count()));
-    }
-
-private:
-    QString m_name;
-    QDBusConnection m_connection;
-};
-
-/// The system's words for a failure, which some failures lack.
-QString words(const QDBusError &error)
-{
-    return error.message().isEmpty() ? error.name() : error.message();
+    const char **names = nullptr;
+    g_variant_get(listOfNames, "(^a&s)", &names);
+    const bool isContained = g_strv_contains(names, label);
+    g_free(names);
+    return isContained;
 }
 
-int statusOnBus(const QString &address)
+HelperStatus statusOnBus(const QByteArray &address)
 {
-    const BusConnection bus(address);
-    const auto activatable = bus.ask(QStringLiteral("ListActivatableNames"));
-    if (activatable.type() != QDBusMessage::ReplyMessage)
-        return notRegistered;
-    if (activatable.arguments().value(0).toStringList().contains(helperName()))
-        return enabled;
-    const auto owned = bus.ask(QStringLiteral("NameHasOwner"), {helperName()});
-    return owned.arguments().value(0).toBool() ? enabled : notFound;
+    const BusConnection bus(address, patienceForBus);
+    const auto activatable = ask(bus, "ListActivatableNames", nullptr, "(as)");
+    if (!activatable.values)
+        return HelperStatus::notRegistered;
+    if (containsLabel(activatable.values.get()))
+        return HelperStatus::enabled;
+    const auto owned = ask(bus, "NameHasOwner", g_variant_new("(s)", label), "(b)");
+    if (!owned.values)
+        return HelperStatus::notRegistered;
+    gboolean isOwned = FALSE;
+    g_variant_get(owned.values.get(), "(b)", &isOwned);
+    return isOwned ? HelperStatus::enabled : HelperStatus::notFound;
 }
 
-std::optional<QString> registerOnBus(const QString &address)
+std::optional<QString> registerOnBus(const QByteArray &address)
 {
-    const BusConnection bus(address);
-    if (!bus.connection().isConnected())
-        return words(bus.connection().lastError());
+    const BusConnection bus(address, patienceForBus);
     // Where this is not allowed, the bus has noticed a new file by itself.
-    bus.ask(QStringLiteral("ReloadConfig"));
-    const auto reply = bus.ask(QStringLiteral("StartServiceByName"), {helperName(), 0U});
-    return reply.type() == QDBusMessage::ErrorMessage ? std::optional(words(QDBusError(reply))) : std::nullopt;
+    ask(bus, "ReloadConfig", nullptr, nullptr);
+    const auto start =
+        ask(bus, "StartServiceByName", g_variant_new("(su)", label, guint32(0)), "(u)", patienceForStart);
+    return start.values ? std::nullopt : std::optional(start.error);
 }
 
-/// What `question` answers, or `otherwise` when it takes longer than the bus is given: it is then left behind on
-/// its thread.
-template <typename Answer> Answer inTime(std::function<Answer()> question, const Answer &otherwise)
+bool isText(const QByteArray &bytes)
 {
-    std::packaged_task<Answer()> task(std::move(question));
-    auto answer = task.get_future();
-    std::thread(std::move(task)).detach();
-    return answer.wait_for(patienceForBus) == std::future_status::ready ? answer.get() : otherwise;
+    return g_utf8_validate_len(bytes.constData(), static_cast<gsize>(bytes.size()), nullptr);
 }
 
-/// Those of the paths that can be texts of the bus.
-QStringList sendable(const QList<QByteArray> &paths)
+GVariant *requestOf(const QList<QByteArray> &paths, const QByteArray &bundleIdentifier)
 {
-    QStringList texts;
-    for (const auto &path : paths) {
-        const auto text = QString::fromUtf8(path);
-        if (text.toUtf8() == path)
-            texts.append(text);
-    }
-    return texts;
+    GVariantBuilder list;
+    g_variant_builder_init(&list, G_VARIANT_TYPE_STRING_ARRAY);
+    for (const auto &path : paths)
+        g_variant_builder_add(&list, "s", path.constData());
+    return g_variant_new("(ass)", &list, bundleIdentifier.constData());
 }
 
-HelperAnswer answerTo(const QDBusPendingCall &call, const QStringList &sentPaths)
+HelperAnswer answerOf(const BusAnswer &reply, const QList<QByteArray> &sentPaths)
 {
-    if (call.isError())
-        return {{}, words(call.error())};
-    if (call.reply().signature().isEmpty())
+    if (!reply.values)
+        return {{}, reply.error};
+    const std::string type = g_variant_get_type_string(reply.values.get());
+    if (type == "()")
         return {};
-    const QDBusPendingReply<Messages> reply(call);
-    if (reply.isError())
-        return {{}, words(reply.error())};
+    if (type != "(a{ss})")
+        return {{}, QStringLiteral("The helper answered %1 and not (a{ss}).").arg(QString::fromStdString(type))};
 
     HelperAnswer answer;
-    const auto messages = reply.value();
-    for (const auto &path : sentPaths) {
-        const auto message = messages.constFind(path);
-        if (message != messages.constEnd())
-            answer.messages.insert(path.toUtf8(), *message);
+    const QSet<QByteArray> sent(sentPaths.begin(), sentPaths.end());
+    GVariantIter *entries = nullptr;
+    g_variant_get(reply.values.get(), "(a{ss})", &entries);
+    const char *path = nullptr;
+    const char *message = nullptr;
+    while (g_variant_iter_next(entries, "{&s&s}", &path, &message)) {
+        if (sent.contains(path))
+            answer.messages.insert(path, QString::fromUtf8(message));
     }
+    g_variant_iter_free(entries);
     return answer;
+}
+
+HelperAnswer askHelper(const QByteArray &address, const QList<QByteArray> &paths,
+                       const QByteArray &bundleIdentifier)
+{
+    const auto object = '/' + QByteArray(label).replace('.', '/');
+    const BusConnection bus(address, patienceForBus);
+    const auto reply =
+        bus.call({label, object.constData(), label, "moveItemsToTrash"}, requestOf(paths, bundleIdentifier),
+                 nullptr, BusConnection::noLimit, G_DBUS_CALL_FLAGS_ALLOW_INTERACTIVE_AUTHORIZATION);
+    return answerOf(reply, paths);
+}
+
+/// The library does not look for it anywhere, so this takes no time.
+QByteArray systemBusAddress()
+{
+    auto *address = g_dbus_address_get_for_bus_sync(G_BUS_TYPE_SYSTEM, nullptr, nullptr);
+    const QByteArray copy(address);
+    g_free(address);
+    return copy;
 }
 
 } // namespace
 
-LinuxHelperService::LinuxHelperService(QString busAddress) : m_busAddress(std::move(busAddress))
+LinuxHelperService::LinuxHelperService(QByteArray busAddress)
+    : m_busAddress(busAddress.isEmpty() ? systemBusAddress() : std::move(busAddress))
 {
-    qDBusRegisterMetaType<Messages>();
 }
 
-int LinuxHelperService::status() const
+QFuture<HelperStatus> LinuxHelperService::status() const
 {
-    return inTime<int>([address = m_busAddress] { return statusOnBus(address); }, notRegistered);
+    return onThreadOfItsOwn([bus = m_busAddress] { return statusOnBus(bus); });
 }
 
-std::optional<QString> LinuxHelperService::registerService()
+QFuture<std::optional<QString>> LinuxHelperService::registerService()
 {
-    return inTime<std::optional<QString>>([address = m_busAddress] { return registerOnBus(address); },
-                                          QStringLiteral("The system bus does not answer."));
+    return onThreadOfItsOwn([bus = m_busAddress] { return registerOnBus(bus); });
 }
 
 QFuture<HelperAnswer> LinuxHelperService::moveItemsToTrash(const QList<QByteArray> &standardizedPaths,
                                                            const QString &bundleIdentifier)
 {
-    QPromise<HelperAnswer> promise;
-    auto future = promise.future();
-    promise.start();
-    const auto answer =
-        [promise = std::make_shared<QPromise<HelperAnswer>>(std::move(promise))](const HelperAnswer &given) {
-            promise->addResult(given);
-            promise->finish();
-        };
-
-    const auto paths = sendable(standardizedPaths);
-    if (paths.isEmpty()) {
-        answer({});
-        return future;
-    }
-    auto bus = std::make_shared<BusConnection>(m_busAddress);
-    if (!bus->connection().isConnected()) {
-        answer({{}, words(bus->connection().lastError())});
-        return future;
-    }
-
-    auto request = QDBusMessage::createMethodCall(helperName(), QStringLiteral("/com/example/Tarnvale/Helper"),
-                                                  helperName(), QStringLiteral("moveItemsToTrash"));
-    request.setArguments({paths, bundleIdentifier});
-    request.setInteractiveAuthorizationAllowed(true);
-    constexpr auto noTimeLimit = std::numeric_limits<int>::max();
-    auto *watcher = new QDBusPendingCallWatcher(bus->connection().asyncCall(request, noTimeLimit));
-    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [=, bus = std::move(bus)]() mutable {
-        answer(answerTo(*watcher, paths));
-        bus.reset();
-        watcher->deleteLater();
-    });
-    return future;
+    auto paths = standardizedPaths;
+    paths.removeIf([](const QByteArray &path) { return !isText(path); });
+    if (paths.isEmpty())
+        return readyFuture(HelperAnswer());
+    const auto identifier = bundleIdentifier.toUtf8();
+    if (!isText(identifier))
+        return readyFuture(
+            HelperAnswer{{}, QStringLiteral("The application's identifier holds what no text of the bus may.")});
+    return onThreadOfItsOwn([bus = m_busAddress, paths, identifier] { return askHelper(bus, paths, identifier); });
 }

@@ -2,8 +2,8 @@
 
 #include "HelperService.h"
 
-/// The privileged helper as a service of the system bus: the name com.example.Tarnvale.Helper, and at
-/// /com/example/Tarnvale/Helper the interface of the same name with one method,
+/// The privileged helper as a service of the system bus: its label is a name there, the object is the label as a path
+/// (/com/example/Tarnvale/Helper), and the interface has the label's name and one method,
 ///
 ///     moveItemsToTrash(in as paths, in s bundleIdentifier, out a{ss} messages)
 ///
@@ -11,23 +11,27 @@
 /// a package; the bus starts the helper when it is called.
 ///
 /// - status: enabled (1) when the bus could start the helper or it runs, not found (3) when neither, not registered (0)
-///   when the bus does not answer: registering then says why.
+///   when the bus does not answer, or answers something else than was asked: registering then says why.
 /// - registerService: lets the bus read its service files anew and asks it to start the helper. A file cannot be put
 ///   in place from here, as only an administrator may.
 /// - openApprovalSettings: nothing, since no status asks for it. The bus's policy has approved the helper beforehand,
 ///   or the helper lets polkit ask the user while the request waits.
-/// - moveItemsToTrash: the call above, without the 25 seconds after which Qt would give up.
+/// - moveItemsToTrash: the call above, however long the reply takes.
 ///
-/// The first two wait for the bus, which is a process of this computer and answers in less than a millisecond;
-/// after one second they give up, and the answer is that of a bus that does not answer.
+/// Connecting to the bus and each question about the bus itself, a process of this computer that answers in less than
+/// a millisecond, may take one second; starting the helper as long as the bus gives it, which is 25 seconds unless an
+/// administrator has set it otherwise. What takes longer has no answer.
+///
+/// Nobody waits for a bus that hangs: each call works on a thread of its own, which is left behind when the program
+/// ends.
 class LinuxHelperService : public HelperService
 {
 public:
-    /// `busAddress` names another bus than the system's, for tests.
-    explicit LinuxHelperService(QString busAddress = {});
+    /// `busAddress` names another bus than the system's.
+    explicit LinuxHelperService(QByteArray busAddress = {});
 
-    int status() const override;
-    std::optional<QString> registerService() override;
+    QFuture<HelperStatus> status() const override;
+    QFuture<std::optional<QString>> registerService() override;
     void openApprovalSettings() override { }
 
     /// A path that is not UTF-8 cannot be a text of the bus: it is not sent, and the answer has nothing for it;
@@ -38,5 +42,5 @@ public:
                                            const QString &bundleIdentifier) override;
 
 private:
-    QString m_busAddress;
+    QByteArray m_busAddress;
 };

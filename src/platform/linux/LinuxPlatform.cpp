@@ -10,12 +10,12 @@
 namespace {
 
 /// The address of the disk's own system bus; empty, which stands for the computer's, on the computer's own disk.
-QString systemBusOf(const DiskRoot &root)
+QByteArray systemBusOf(const DiskRoot &root)
 {
     if (root.prefix().isEmpty())
         return {};
     const auto socket = root.hostPath(Url("/run/dbus/system_bus_socket"));
-    return QStringLiteral("unix:path=") + QString::fromLatin1(socket.toPercentEncoding("/"));
+    return "unix:path=" + socket.toPercentEncoding("/");
 }
 
 /// The folder that the program was started from, which is what it has for a bundle off the Mac.

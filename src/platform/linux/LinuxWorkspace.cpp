@@ -1,6 +1,7 @@
 #include "LinuxWorkspace.h"
 
 #include "DesktopTrash.h"
+#include "FileManager.h"
 
 #include <QtConcurrent>
 
@@ -40,7 +41,7 @@ QFuture<RecycleAnswer> LinuxWorkspace::recycle(const Url &item)
 void LinuxWorkspace::reveal(const Url &item)
 {
     if (const auto path = m_disk.hostPath(item); !path.isEmpty())
-        m_fileManager.reveal(path);
+        showInFileManager(path);
 }
 
 std::optional<Url> LinuxWorkspace::locationOnDisk(const Url &location) const

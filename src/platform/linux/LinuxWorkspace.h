@@ -1,6 +1,5 @@
 #pragma once
 
-#include "DesktopFileManager.h"
 #include "DiskRoot.h"
 #include "Workspace.h"
 
@@ -31,6 +30,5 @@ public:
 
 private:
     DiskRoot m_disk;
-    DesktopFileManager m_fileManager;
     QThreadPool m_trashThread;
 };

@@ -56,7 +56,7 @@ TEST_F(LinuxAppearanceTest, followsTheDesktop)
 {
     SettingsPortal portal(bus.address());
     portal.scheme = 1U;
-    const LinuxAppearance appearance(bus.address());
+    const LinuxAppearance appearance(bus.address().toUtf8());
     int changes = 0;
     QObject::connect(&appearance, &Appearance::changed, [&] { ++changes; });
     EXPECT_FALSE(appearance.isDark()) << "the portal is not waited for";
@@ -78,14 +78,16 @@ TEST_F(LinuxAppearanceTest, followsTheDesktop)
 
 TEST_F(LinuxAppearanceTest, withoutAPortalOrABusItIsLight)
 {
-    const LinuxAppearance appearance(bus.address());
+    const LinuxAppearance appearance(bus.address().toUtf8());
     EXPECT_FALSE(LinuxAppearance("unix:path=/nowhere").isDark());
 
     // A portal that comes later is heard.
     SettingsPortal portal(bus.address());
     EXPECT_FALSE(appearance.isDark());
-    portal.change("org.freedesktop.appearance", "color-scheme", 1U);
-    EXPECT_TRUE(comesTrue([&] { return appearance.isDark(); }));
+    EXPECT_TRUE(comesTrue([&] {
+        portal.change("org.freedesktop.appearance", "color-scheme", 1U);
+        return appearance.isDark();
+    }));
 }
 
 } // namespace

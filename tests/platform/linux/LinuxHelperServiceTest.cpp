@@ -1,5 +1,6 @@
 #include "LinuxHelperService.h"
 
+#include "ScriptedBus.h"
 #include "TestBus.h"
 
 #include <QElapsedTimer>
@@ -14,7 +15,7 @@ using testing::HasSubstr;
 using testing::Ne;
 using Messages = QHash<QByteArray, QString>;
 
-const QString helperName = "com.example.Tarnvale.Helper";
+const QString helperName = QString::fromLatin1(HelperService::helperLabel);
 
 /// A bus, and what a removal meets when it asks the helper on it for help.
 struct HelperOnBus
@@ -39,8 +40,13 @@ struct HelperOnBus
         return answer.connectionError.value_or("none").toStdString();
     }
 
+    int status() { return statusOf(service); }
+    std::string registrationError() { return waitFor(service.registerService()).value_or("none").toStdString(); }
+
+    static int statusOf(const HelperService &service) { return static_cast<int>(waitFor(service.status())); }
+
     TestBus bus;
-    LinuxHelperService service{bus.address()};
+    LinuxHelperService service{bus.address().toUtf8()};
 };
 
 TEST(LinuxHelperService, repliesReportOnWhatWasSentAndOnNothingElse)
@@ -59,8 +65,8 @@ TEST(LinuxHelperService, repliesReportOnWhatWasSentAndOnNothingElse)
             EXPECT_EQ(answer.connectionError, std::nullopt) << command << request;
             EXPECT_EQ(answer.messages, messages) << command << request;
         }
-        EXPECT_EQ(helper.service.status(), 1);
-        EXPECT_EQ(helper.service.registerService(), std::nullopt);
+        EXPECT_EQ(helper.status(), 1);
+        EXPECT_EQ(helper.registrationError(), "none");
     }
 }
 
@@ -75,15 +81,15 @@ TEST(LinuxHelperService, failuresOfTheHelperAreErrorsInTheSystemsWords)
     for (const auto &[command, words] : rows) {
         HelperOnBus helper(command);
         EXPECT_THAT(helper.error(), HasSubstr(words)) << command;
-        EXPECT_EQ(helper.service.status(), 1);
+        EXPECT_EQ(helper.status(), 1);
     }
 }
 
 TEST(LinuxHelperService, aHelperThatWasNeverThere)
 {
     HelperOnBus helper("");
-    EXPECT_EQ(helper.service.status(), 3);
-    EXPECT_THAT(helper.service.registerService().value_or("none").toStdString(),
+    EXPECT_EQ(helper.status(), 3);
+    EXPECT_THAT(helper.registrationError(),
                 HasSubstr(helperName.toStdString() + " was not provided by any .service files"));
 }
 
@@ -91,8 +97,8 @@ TEST(LinuxHelperService, noBus)
 {
     HelperOnBus helper("");
     helper.bus.kill();
-    EXPECT_EQ(helper.service.status(), 0);
-    EXPECT_THAT(helper.service.registerService().value_or("none").toStdString(), HasSubstr("connect"));
+    EXPECT_EQ(helper.status(), 0);
+    EXPECT_THAT(helper.registrationError(), HasSubstr("connect"));
     EXPECT_THAT(helper.error(), HasSubstr("connect"));
 }
 
@@ -103,15 +109,43 @@ TEST(LinuxHelperService, aBusThatGoesAwayEndsTheRequestAndSaysWhy)
     EXPECT_THAT(helper.error(), AllOf(Ne("none"), Ne("")));
 }
 
-TEST(LinuxHelperService, aBusThatHangsIsNotWaitedForLong)
+TEST(LinuxHelperService, aBusThatHangsIsNotWaitedFor)
 {
     HelperOnBus helper(TEST_HELPER_PATH " full");
+    EXPECT_EQ(helper.status(), 1);
     helper.bus.freeze();
     QElapsedTimer clock;
     clock.start();
-    EXPECT_EQ(helper.service.status(), 0);
-    EXPECT_EQ(helper.service.registerService(), "The system bus does not answer.");
-    EXPECT_LT(clock.elapsed(), 10'000);
+    const auto status = helper.service.status();
+    const auto registration = helper.service.registerService();
+    const auto request = helper.service.moveItemsToTrash({"/a"}, "org.ala");
+    EXPECT_LT(clock.elapsed(), 500) << "on the main thread";
+    EXPECT_FALSE(status.isFinished() || registration.isFinished() || request.isFinished());
+    EXPECT_EQ(waitFor(status), HelperStatus::notRegistered);
+    EXPECT_EQ(waitFor(registration), "The bus does not answer.");
+    EXPECT_EQ(waitFor(request).connectionError, "The bus does not answer.");
+}
+
+TEST(LinuxHelperService, silenceOfTheBusAndAnswersOfTheWrongTypeAreNoAnswers)
+{
+    const std::string label = HelperService::helperLabel;
+    const std::pair<const std::string, std::string> unknown{"ListActivatableNames", "(['org.other'],)"};
+    const std::pair<ScriptedBus::Script, int> rows[] = {
+        {{}, 0},
+        {{ScriptedBus::hello()}, 0},
+        {{ScriptedBus::hello(), {"ListActivatableNames", "('" + label + "',)"}}, 0},
+        {{ScriptedBus::hello(), {"ListActivatableNames", "(['" + label + "'],)"}}, 1},
+        {{ScriptedBus::hello(), unknown}, 0},
+        {{ScriptedBus::hello(), unknown, {"NameHasOwner", "('yes',)"}}, 0},
+        {{ScriptedBus::hello(), unknown, {"NameHasOwner", "(@u 1,)"}}, 0},
+        {{ScriptedBus::hello(), unknown, {"NameHasOwner", "(true,)"}}, 1},
+        {{ScriptedBus::hello(), unknown, {"NameHasOwner", "(false,)"}}, 3},
+    };
+    for (const auto &[script, status] : rows) {
+        const ScriptedBus bus(script);
+        const LinuxHelperService service(bus.address());
+        EXPECT_EQ(HelperOnBus::statusOf(service), status) << testing::PrintToString(script);
+    }
 }
 
 TEST(LinuxHelperService, aPathThatIsNotTextIsNotSent)
@@ -122,6 +156,11 @@ TEST(LinuxHelperService, aPathThatIsNotTextIsNotSent)
     const auto nobodyCalled = helper.service.moveItemsToTrash({"/bad\xff"}, "org.ala");
     EXPECT_TRUE(nobodyCalled.isFinished());
     EXPECT_EQ(nobodyCalled.result().connectionError, std::nullopt);
+
+    // Cut at the zero, it would be the name of another application.
+    const auto cut = helper.service.moveItemsToTrash({"/good"}, QString("org.ala") + QChar(0) + "b");
+    EXPECT_TRUE(waitFor(cut).messages.isEmpty());
+    EXPECT_NE(waitFor(cut).connectionError, std::nullopt);
 }
 
 } // namespace

@@ -14,7 +14,7 @@ TEST(SlowHelper, isWaitedForWhileTheMainThreadLives)
 {
     TestBus bus;
     bus.addService("com.example.Tarnvale.Helper", TEST_HELPER_PATH " slow");
-    LinuxHelperService service(bus.address());
+    LinuxHelperService service(bus.address().toUtf8());
 
     // A heart beats on the main thread; `longestPause` is the longest time in which it did not.
     qint64 longestPause = 0;

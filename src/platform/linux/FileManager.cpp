@@ -1,0 +1,33 @@
+#include "FileManager.h"
+
+#include "BusConnection.h"
+#include "OwnThread.h"
+#include "SessionBus.h"
+#include "Url.h"
+
+namespace {
+
+// The bus may have to start the file manager first; this is what its library gives every call.
+constexpr std::chrono::seconds patienceForFileManager{25};
+
+bool showItem(const QByteArray &bus, const Url &item)
+{
+    constexpr BusMethod showItems{"org.freedesktop.FileManager1", "/org/freedesktop/FileManager1",
+                                  "org.freedesktop.FileManager1", "ShowItems"};
+    const auto uri = item.toUri();
+    const char *const uris[] = {uri.constData(), nullptr};
+    const BusConnection connection(bus, patienceForFileManager);
+    const auto shown =
+        connection.call(showItems, g_variant_new("(^ass)", uris, ""), nullptr, patienceForFileManager);
+    return shown.values != nullptr;
+}
+
+} // namespace
+
+void showInFileManager(const QByteArray &path)
+{
+    onThreadOfItsOwn([bus = sessionBusAddress(), item = Url(path)] {
+        if (!showItem(bus, item))
+            g_app_info_launch_default_for_uri(item.parent().toUri().constData(), nullptr, nullptr);
+    });
+}
