@@ -28,6 +28,17 @@ struct BatteryRegistryEntry
     std::optional<QString> permanentFailureStatus;
 };
 
+/// What the power sources tell at one moment.
+struct PowerReading
+{
+    /// The computer's first power source; absent when it has none.
+    std::optional<PowerSourceDescription> source;
+    /// Absent when the computer has no battery that keeps such an entry.
+    std::optional<BatteryRegistryEntry> registryEntry;
+    /// Seconds of work left, of all batteries together; -1 while it is being computed, -2 on external power.
+    double timeRemainingEstimate = -1;
+};
+
 /// Counts of memory pages.
 struct VirtualMemoryStatistics
 {
@@ -60,16 +71,10 @@ public:
     /// Seconds since the system was started; 0 when not known.
     virtual double uptime() const = 0;
 
-    /// Finished when the power sources have been read for the first time. Before, there may be none in the answers
+    /// Finished when the power sources have been read for the first time. Before, there may be none in the answer
     /// below only because their firmware is slow; one that hangs never finishes.
     virtual QFuture<void> firstPowerReading() const = 0;
-    /// The computer's first power source; absent when it has none. The reading that this takes is what the two calls
-    /// below answer from, so a snapshot asks this first.
-    virtual std::optional<PowerSourceDescription> powerSource() const = 0;
-    /// Absent when the computer has no battery that keeps such an entry.
-    virtual std::optional<BatteryRegistryEntry> batteryRegistryEntry() const = 0;
-    /// Seconds of work left, of all batteries together; -1 while it is being computed, -2 on external power.
-    virtual double timeRemainingEstimate() const = 0;
+    virtual PowerReading powerReading() const = 0;
 
     /// Bytes; 0 when not known.
     virtual quint64 pageSize() const = 0;

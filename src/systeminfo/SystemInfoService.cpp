@@ -85,17 +85,18 @@ ComputerInfo SystemInfoService::computerInfo() const
 
 std::optional<BatteryInfo> SystemInfoService::batteryInfo() const
 {
-    const auto source = m_facts.powerSource();
+    const auto power = m_facts.powerReading();
+    const auto &source = power.source;
     if (!source)
         return std::nullopt;
-    const auto entry = m_facts.batteryRegistryEntry().value_or(BatteryRegistryEntry{});
+    const auto entry = power.registryEntry.value_or(BatteryRegistryEntry{});
     const auto isCharging = source->isCharging.value_or(false);
 
     return BatteryInfo{
         .percentage = clampedPercentage(source->currentCapacity, source->maxCapacity).value_or(0),
         .isCharging = isCharging,
         .powerSource = powerSourceText(source->powerSourceState),
-        .timeRemaining = timeRemainingText(m_facts.timeRemainingEstimate(), isCharging),
+        .timeRemaining = timeRemainingText(power.timeRemainingEstimate, isCharging),
         .healthPercentage = clampedPercentage(source->maxCapacity, entry.designCapacity),
         .condition = entry.batteryHealth ? entry.batteryHealth : entry.permanentFailureStatus,
         .cycleCount = entry.cycleCount,

@@ -100,7 +100,7 @@ TEST_F(AppViewModelTest, aBatteryThatIsReadLateIsShownByItself)
     AppViewModel late(platform);
     late.refreshDashboard();
     EXPECT_FALSE(late.dashboardSnapshot()->battery);
-    facts.powerSourceValue.emplace();
+    facts.power.source.emplace();
     reading.finish();
     EXPECT_TRUE(QTest::qWaitFor([&] { return late.dashboardSnapshot()->battery.has_value(); }));
 }

@@ -15,9 +15,7 @@ public:
     quint64 physicalMemory() const override { return physicalMemoryValue; }
     double uptime() const override { return ++timesRead, uptimeValue; }
     QFuture<void> firstPowerReading() const override { return firstPowerReadingValue; }
-    std::optional<PowerSourceDescription> powerSource() const override { return powerSourceValue; }
-    std::optional<BatteryRegistryEntry> batteryRegistryEntry() const override { return registryEntryValue; }
-    double timeRemainingEstimate() const override { return timeRemainingValue; }
+    PowerReading powerReading() const override { return power; }
     quint64 pageSize() const override { return pageSizeValue; }
     std::optional<VirtualMemoryStatistics> virtualMemoryStatistics() const override { return pagesValue; }
 
@@ -29,9 +27,7 @@ public:
     quint64 physicalMemoryValue = 0;
     double uptimeValue = 0;
     QFuture<void> firstPowerReadingValue = readyFuture();
-    std::optional<PowerSourceDescription> powerSourceValue;
-    std::optional<BatteryRegistryEntry> registryEntryValue;
-    double timeRemainingValue = -1;
+    PowerReading power;
     quint64 pageSizeValue = 0;
     std::optional<VirtualMemoryStatistics> pagesValue;
     /// How often the whole was read.

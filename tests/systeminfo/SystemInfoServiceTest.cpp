@@ -19,14 +19,14 @@ protected:
     /// The battery of a computer that has one with this charge.
     BatteryInfo battery(std::optional<qint64> current, std::optional<qint64> max)
     {
-        facts.powerSourceValue = PowerSourceDescription{current, max, std::nullopt, std::nullopt};
+        facts.power.source = PowerSourceDescription{current, max, std::nullopt, std::nullopt};
         return *service.batteryInfo();
     }
 
     QString timeRemaining(double estimate, bool isCharging = false)
     {
-        facts.powerSourceValue.emplace().isCharging = isCharging;
-        facts.timeRemainingValue = estimate;
+        facts.power.source.emplace().isCharging = isCharging;
+        facts.power.timeRemainingEstimate = estimate;
         return service.batteryInfo()->timeRemaining;
     }
 
@@ -82,20 +82,20 @@ TEST_F(SystemInfoServiceTest, chargeIsCutOffInDoublePrecisionAndClamped)
 TEST_F(SystemInfoServiceTest, healthIsAbsentWhereItCannotBeComputed)
 {
     EXPECT_EQ(battery(80, 100).healthPercentage, std::nullopt) << "no registry entry";
-    facts.registryEntryValue.emplace();
+    facts.power.registryEntry.emplace();
     EXPECT_EQ(battery(80, 100).healthPercentage, std::nullopt);
-    facts.registryEntryValue->designCapacity = 0;
+    facts.power.registryEntry->designCapacity = 0;
     EXPECT_EQ(battery(80, 100).healthPercentage, std::nullopt);
-    facts.registryEntryValue->designCapacity = 120;
+    facts.power.registryEntry->designCapacity = 120;
     EXPECT_THAT(battery(80, 100).healthPercentage, Optional(83));
     EXPECT_EQ(battery(80, std::nullopt).healthPercentage, std::nullopt);
 }
 
 TEST_F(SystemInfoServiceTest, conditionIsTheHealthAndOnlyWithoutItTheFailure)
 {
-    facts.registryEntryValue.emplace().permanentFailureStatus = "Cell failure";
+    facts.power.registryEntry.emplace().permanentFailureStatus = "Cell failure";
     EXPECT_THAT(battery(1, 2).condition, Optional(Eq("Cell failure")));
-    facts.registryEntryValue->batteryHealth = "Good";
+    facts.power.registryEntry->batteryHealth = "Good";
     EXPECT_THAT(battery(1, 2).condition, Optional(Eq("Good")));
 }
 
@@ -107,7 +107,7 @@ TEST_F(SystemInfoServiceTest, powerSourceIsTranslatedOnlyWhereItIsKnown)
                                                                     {"UPS Power", "UPS Power"},
                                                                     {std::nullopt, "Unknown"}};
     for (const auto &[state, shown] : rows) {
-        facts.powerSourceValue.emplace().powerSourceState = state;
+        facts.power.source.emplace().powerSourceState = state;
         EXPECT_EQ(service.batteryInfo()->powerSource, shown);
     }
     EXPECT_FALSE(service.batteryInfo()->isCharging);

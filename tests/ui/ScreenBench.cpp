@@ -90,9 +90,9 @@ void ScreenBench::becomeLaptop(const QString &name, const QString &batteryHealth
     facts.physicalMemoryValue = 1000;
     facts.pageSizeValue = 1;
     facts.pagesValue = VirtualMemoryStatistics{100, 0, 300, 200, 20};
-    facts.powerSourceValue = PowerSourceDescription{4080, 5000, "AC Power", true};
-    facts.registryEntryValue = BatteryRegistryEntry{213, 5550, batteryHealth, std::nullopt};
-    facts.timeRemainingValue = -2;
+    facts.power.source = PowerSourceDescription{4080, 5000, "AC Power", true};
+    facts.power.registryEntry = BatteryRegistryEntry{213, 5550, batteryHealth, std::nullopt};
+    facts.power.timeRemainingEstimate = -2;
 }
 
 QQuickItem *ScreenBench::control(QQuickItem *item, const QString &name)

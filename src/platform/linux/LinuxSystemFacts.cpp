@@ -1,6 +1,7 @@
 #include "LinuxSystemFacts.h"
 
 #include "KeyedText.h"
+#include "PowerSupplies.h"
 #include "ProcessorName.h"
 
 #include <QSysInfo>
@@ -113,20 +114,9 @@ double LinuxSystemFacts::uptime() const
     return seconds > 0 && seconds < longest ? seconds : 0;
 }
 
-std::optional<PowerSourceDescription> LinuxSystemFacts::powerSource() const
+PowerReading LinuxSystemFacts::powerReading() const
 {
-    m_powerSupplies = m_powerReadings.take().value_or(PowerSupplies{});
-    return m_powerSupplies.source;
-}
-
-std::optional<BatteryRegistryEntry> LinuxSystemFacts::batteryRegistryEntry() const
-{
-    return m_powerSupplies.registryEntry;
-}
-
-double LinuxSystemFacts::timeRemainingEstimate() const
-{
-    return m_powerSupplies.timeRemainingEstimate;
+    return m_powerReadings.take().value_or(PowerReading{});
 }
 
 quint64 LinuxSystemFacts::pageSize() const

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "LatestReading.h"
-#include "PowerSupplies.h"
 #include "SystemFacts.h"
 #include "SystemFiles.h"
 
@@ -55,9 +54,7 @@ public:
     double uptime() const override;
 
     QFuture<void> firstPowerReading() const override { return m_powerReadings.first(); }
-    std::optional<PowerSourceDescription> powerSource() const override;
-    std::optional<BatteryRegistryEntry> batteryRegistryEntry() const override;
-    double timeRemainingEstimate() const override;
+    PowerReading powerReading() const override;
 
     quint64 pageSize() const override;
     std::optional<VirtualMemoryStatistics> virtualMemoryStatistics() const override;
@@ -66,7 +63,5 @@ private:
     quint64 compressedBytes(const QByteArray &meminfo) const;
 
     SystemFiles m_files;
-    LatestReading<PowerSupplies> m_powerReadings;
-    // What powerSource() answered from last, so that the three battery calls of a snapshot are one reading.
-    mutable PowerSupplies m_powerSupplies;
+    LatestReading<PowerReading> m_powerReadings;
 };

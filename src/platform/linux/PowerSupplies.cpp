@@ -36,8 +36,14 @@ public:
         return *online != 0;
     }
 
-    QString text(const QByteArray &attribute) const { return m_files.line(m_folder + attribute).value_or(QString()); }
-    std::optional<qint64> number(const QByteArray &attribute) const { return m_files.number(m_folder + attribute); }
+    QString text(const QByteArray &attribute) const
+    {
+        return m_files.line(m_folder + attribute).value_or(QString());
+    }
+    std::optional<qint64> number(const QByteArray &attribute) const
+    {
+        return m_files.number(m_folder + attribute);
+    }
 
     /// The attribute's number if it is above 0.
     std::optional<double> amount(const QByteArray &attribute) const
@@ -192,7 +198,7 @@ double secondsLeft(const std::vector<Battery> &batteries)
 
 } // namespace
 
-PowerSupplies readPowerSupplies(const SystemFiles &files)
+PowerReading readPowerSupplies(const SystemFiles &files)
 {
     std::vector<Supply> supplies;
     std::vector<Battery> batteries;

@@ -4,17 +4,7 @@
 
 class SystemFiles;
 
-/// What /sys/class/power_supply tells at one moment.
-struct PowerSupplies
-{
-    /// The computer's first battery: see `SystemFacts`.
-    std::optional<PowerSourceDescription> source;
-    std::optional<BatteryRegistryEntry> registryEntry;
-    /// Seconds, of all batteries together; -1 unknown, -2 on external power.
-    double timeRemainingEstimate = -1;
-};
-
-/// Reads every supply once. May wait for the firmware: see `LatestReading`.
+/// What /sys/class/power_supply tells. Reads every supply once. May wait for the firmware: see `LatestReading`.
 ///
 /// - A battery is a supply of type "Battery" that is present and not of scope "Device": that one is a mouse's.
 ///   Of several, the first by name is described; how long they last counts all of them.
@@ -26,6 +16,5 @@ struct PowerSupplies
 /// - The estimate is what is left (energy_now, or charge_now times the voltage) divided by what is drawn
 ///   (power_now, or current_now times the voltage); more than ten days is no draw that could be measured.
 /// - cycle_count 0 means that it is not counted. `health` is passed on only where it says good or poor: most of
-/// its
-///   words are about the temperature of the moment.
-PowerSupplies readPowerSupplies(const SystemFiles &files);
+///   its words are about the temperature of the moment.
+PowerReading readPowerSupplies(const SystemFiles &files);

@@ -48,11 +48,11 @@ protected:
     /// when full, and by design.
     std::string battery() const
     {
-        const auto system = facts();
-        const auto source = system.powerSource();
+        const auto power = facts().powerReading();
+        const auto &source = power.source;
         if (!source)
             return "none";
-        const auto entry = system.batteryRegistryEntry().value_or(BatteryRegistryEntry{});
+        const auto entry = power.registryEntry.value_or(BatteryRegistryEntry{});
         const auto number = [](std::optional<qint64> value) {
             return value ? QString::number(*value) : QString("-");
         };
@@ -60,7 +60,7 @@ protected:
             .arg(number(source->currentCapacity), number(source->maxCapacity), number(entry.designCapacity),
                  number(entry.cycleCount), entry.batteryHealth.value_or("-"),
                  source->powerSourceState.value_or("-"), number(source->isCharging),
-                 QString::number(system.timeRemainingEstimate()))
+                 QString::number(power.timeRemainingEstimate))
             .toStdString();
     }
 
@@ -129,8 +129,8 @@ TEST_F(LinuxSystemFactsTest, desktopWithABoardThatNobodyFilledInAndAVirtualMachi
     disk.file("/usr/lib/os-release", "NAME=Old\nPRETTY_NAME='Debian GNU/Linux 12 (bookworm)'\n");
     const auto system = facts();
 
-    EXPECT_FALSE(system.powerSource()) << "a mouse's battery is not the computer's";
-    EXPECT_EQ(system.timeRemainingEstimate(), -1);
+    EXPECT_FALSE(system.powerReading().source) << "a mouse's battery is not the computer's";
+    EXPECT_EQ(system.powerReading().timeRemainingEstimate, -1);
     EXPECT_THAT(system.model(), Optional(Eq("Acme Inc. PRIME X570")));
     EXPECT_THAT(system.processorBrand(), Optional(Eq("AMD Ryzen 7 3700X 8-Core Processor")));
     EXPECT_EQ(system.uptime(), 93784.21);
