@@ -33,3 +33,4 @@ std::vector<Figure> crowdedFolder(const BenchDisk &disk);
 std::vector<Figure> catalogScan(const BenchDisk &disk);
 std::vector<Figure> quitInTheMiddle(const BenchDisk &disk);
 std::vector<Figure> snapshot(const BenchDisk &disk);
+std::vector<Figure> silentBus(const BenchDisk &disk);

@@ -6,6 +6,10 @@
 //   window_probe scroll PREFIX FOLDER       milliseconds of the longest frame while those results are scrolled, then
 //                                           how many there are
 //   window_probe scroll-applications PREFIX the same for the applications of the disk in PREFIX
+//   window_probe buses PREFIX               milliseconds of the longest stall of the main thread while everything is
+//                                           asked that is asked of the session's bus and of the system bus of the disk
+//                                           in PREFIX, then the moment (steady clock, ns) when the program quits
+//                                           with all of it asked again
 
 #include "AppViewModel.h"
 #include "BenchDisk.h"
@@ -13,9 +17,13 @@
 #include "ChosenFolder.h"
 #include "DiskRoot.h"
 #include "FolderDialogChooser.h"
+#include "Heartbeat.h"
+#include "HelperService.h"
 #include "LinuxAppearance.h"
+#include "LinuxFolderChooser.h"
 #include "LinuxPlatform.h"
 #include "TarnvaleApp.h"
+#include "Workspace.h"
 
 #include <QFile>
 #include <QGuiApplication>
@@ -26,6 +34,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <optional>
 #include <vector>
 
 namespace {
@@ -184,6 +193,41 @@ int scrollApplications(const QByteArray &prefix)
     return scroll(open, *state.applicationModel());
 }
 
+int askBuses(const QByteArray &prefix)
+{
+    using namespace std::chrono_literals;
+    ChosenFolder otherwise;
+    const DiskRoot root(prefix);
+    LinuxFolderChooser folderChooser(root, otherwise, [] { return QString(); });
+    LinuxAppearance appearance;
+    const std::stop_source stop;
+    const LinuxPlatform platform(root, BenchDisk::home(), folderChooser, stop.get_token());
+    TarnvaleApp program(platform.services(), appearance, sameLocation);
+
+    const auto askAll = [&] {
+        auto &helper = platform.services().helperService;
+        helper.status();
+        helper.registerService();
+        helper.moveItemsToTrash({"/Applications/Tool.app"}, QStringLiteral("com.example.tool"));
+        platform.services().workspace.reveal(BenchDisk::home());
+        folderChooser.chooseFolder(QStringLiteral("title"), QStringLiteral("prompt"));
+    };
+    std::optional<Heartbeat> heartbeat;
+    // The window has come up by then, and the last of what is waited for is given up after three seconds.
+    QTimer::singleShot(1s, &program.window(), [&] {
+        heartbeat.emplace();
+        askAll();
+    });
+    QTimer::singleShot(5s, &program.window(), [&] {
+        const auto stall = heartbeat->takeLongestStall();
+        askAll();
+        const std::chrono::nanoseconds now = Clock::now().time_since_epoch();
+        std::printf("%.1f %lld\n", stall, static_cast<long long>(now.count()));
+        QGuiApplication::quit();
+    });
+    return program.run(stop);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -198,5 +242,7 @@ int main(int argc, char **argv)
         return scrollDocuments(QFile::encodeName(arguments[2]), QFile::encodeName(arguments[3]));
     if (arguments.size() == 3 && arguments[1] == u"scroll-applications")
         return scrollApplications(QFile::encodeName(arguments[2]));
+    if (arguments.size() == 3 && arguments[1] == u"buses")
+        return askBuses(QFile::encodeName(arguments[2]));
     return 2;
 }

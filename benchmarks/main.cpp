@@ -20,6 +20,7 @@ constexpr struct
     {"size", sizeWalk},       {"media", mediaScan},      {"name", nameSearch},           {"library", libraryScans},
     {"memory", resultMemory}, {"tick", rowToggle},       {"bundles", bundlesAndRemoval}, {"window", windowFigures},
     {"catalog", catalogScan}, {"quit", quitInTheMiddle}, {"snapshot", snapshot},         {"crowd", crowdedFolder},
+    {"bus", silentBus},
 };
 
 void print(const Figure &figure)
