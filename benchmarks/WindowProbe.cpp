@@ -198,11 +198,11 @@ int askBuses(const QByteArray &prefix)
     using namespace std::chrono_literals;
     ChosenFolder otherwise;
     const DiskRoot root(prefix);
-    LinuxFolderChooser folderChooser(root, otherwise, [] { return QString(); });
+    LinuxFolderChooser folderChooser(otherwise, [] { return QString(); });
     LinuxAppearance appearance;
     const std::stop_source stop;
     const LinuxPlatform platform(root, BenchDisk::home(), folderChooser, stop.get_token());
-    TarnvaleApp program(platform.services(), appearance, sameLocation);
+    TarnvaleApp program(platform.services(), appearance);
 
     const auto askAll = [&] {
         auto &helper = platform.services().helperService;

@@ -138,9 +138,13 @@ public:
     ScanWorkflows &scans() { return *m_scans; }
     RemovalWorkflow &removal() { return *m_removal; }
 
-    /// Blocks until no scan runs. For the end of the program, after its stop token is set and before the object is
-    /// destroyed; a workflow that waits for such a scan is abandoned.
-    void waitForBackground() { m_background.waitForBackground(); }
+    /// Blocks until no scan runs, or until the deadline: false then, and the object cannot be destroyed, as the scan
+    /// uses it. For the end of the program, after its stop token is set; a workflow that waits for such a scan is
+    /// abandoned.
+    bool waitForBackground(QDeadlineTimer deadline = QDeadlineTimer::Forever)
+    {
+        return m_background.waitForBackground(deadline);
+    }
 
 public Q_SLOTS:
     /// Scans for the installed applications; unless forced, only while none is known.

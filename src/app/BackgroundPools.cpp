@@ -1,9 +1,11 @@
 #include "BackgroundPools.h"
 
-void BackgroundPools::waitForBackground()
+bool BackgroundPools::waitForBackground(QDeadlineTimer deadline)
 {
-    m_userInitiated.waitForDone();
-    m_utility.waitForDone();
+    const auto isDone = [&](QThreadPool &pool) {
+        return pool.waitForDone(static_cast<int>(deadline.remainingTime()));
+    };
+    return isDone(m_userInitiated) && isDone(m_utility);
 }
 
 QThreadPool &BackgroundPools::pool(TaskPriority priority)

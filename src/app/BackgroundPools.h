@@ -2,6 +2,7 @@
 
 #include "BackgroundPriority.h"
 
+#include <QDeadlineTimer>
 #include <QThreadPool>
 #include <QtConcurrent>
 
@@ -37,8 +38,9 @@ public:
         return QtConcurrent::run(&pool(priority), work, std::forward<Arguments>(arguments)...);
     }
 
-    /// Blocks until nothing runs any more. Used when the program quits, after its stop token is set.
-    void waitForBackground();
+    /// Blocks until nothing runs any more, or until the deadline: false then. Used when the program quits, after
+    /// its stop token is set.
+    bool waitForBackground(QDeadlineTimer deadline);
 
 private:
     QThreadPool &pool(TaskPriority priority);

@@ -27,6 +27,9 @@ public:
     /// off the calling thread and is finished even when the program quits; the answer comes exactly once.
     virtual QFuture<RecycleAnswer> recycle(const Url &item) = 0;
 
+    /// Returns when every move that was asked for has been made. Blocks; for when the program quits.
+    virtual void waitForMoves() = 0;
+
     /// Shows `item` selected in the desktop's file manager, else the folder that holds it; nothing happens where
     /// the desktop can do neither. Returns at once.
     virtual void reveal(const Url &item) = 0;

@@ -47,11 +47,11 @@ public:
             linux.backgroundPriority, linux.workspace,    linux.helperService, linux.folderChooser};
     }
 
-    /// Lets scans in progress end.
-    void stop() { m_stop.request_stop(); }
+    /// What ends the scans in progress.
+    const std::stop_source &stop() const { return m_stop; }
 
 private:
-    std::stop_source m_stop;
+    const std::stop_source m_stop;
     LinuxPlatform m_linux;
     LinuxSystemFacts m_facts;
 };
@@ -63,9 +63,7 @@ int openWindow(const SampleDisk &disk)
     SamplePlatform platform(disk, folderChooser);
     LinuxAppearance appearance;
     TarnvaleApp app(platform.services(), appearance);
-    const auto result = QGuiApplication::exec();
-    platform.stop();
-    return result;
+    return app.run(platform.stop());
 }
 
 int makeTour(const SampleDisk &disk, const QString &pictures)

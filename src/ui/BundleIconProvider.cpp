@@ -45,8 +45,13 @@ BundleIconProvider::BundleIconProvider(const BundleReader &bundleReader, const F
 
 BundleIconProvider::~BundleIconProvider()
 {
+    waitForIcons(QDeadlineTimer::Forever);
+}
+
+bool BundleIconProvider::waitForIcons(QDeadlineTimer deadline)
+{
     m_threads.clear();
-    m_threads.waitForDone();
+    return m_threads.waitForDone(static_cast<int>(deadline.remainingTime()));
 }
 
 QQuickImageResponse *BundleIconProvider::requestImageResponse(const QString &id, const QSize &requestedSize)

@@ -3,6 +3,7 @@
 #include "Url.h"
 
 #include <QCache>
+#include <QDeadlineTimer>
 #include <QMutex>
 #include <QQuickAsyncImageProvider>
 #include <QThreadPool>
@@ -23,6 +24,9 @@ public:
     /// Both outlive the provider.
     BundleIconProvider(const BundleReader &bundleReader, const FileSystem &fileSystem);
     ~BundleIconProvider() override;
+
+    /// Drops what has not begun and blocks until nothing runs any more, or until the deadline: false then.
+    bool waitForIcons(QDeadlineTimer deadline);
 
     /// Called by the engine, on a thread of its own.
     QQuickImageResponse *requestImageResponse(const QString &id, const QSize &requestedSize) override;

@@ -6,13 +6,19 @@
 #include "Platform.h"
 #include "ShadowProvider.h"
 #include "SymbolProvider.h"
+#include "Workspace.h"
 
+#include <QDeadlineTimer>
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QQmlApplicationEngine>
 #include <QQuickStyle>
 #include <QQuickWindow>
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
 
 // Written by the build: makes the QML module's C++ types known. A library that is linked statically has to be
 // asked.
@@ -39,13 +45,14 @@ void dressApplication()
 } // namespace
 
 TarnvaleApp::TarnvaleApp(const Platform &platform, Appearance &appearance)
-    : m_viewModel(std::make_unique<AppViewModel>(platform)), m_engine(std::make_unique<QQmlApplicationEngine>())
+    : m_workspace(platform.workspace), m_viewModel(std::make_unique<AppViewModel>(platform)),
+      m_engine(std::make_unique<QQmlApplicationEngine>()),
+      m_icons(new BundleIconProvider(platform.bundleReader, platform.fileSystem))
 {
     qml_register_types_Tarnvale();
     dressApplication();
     m_engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
-    m_engine->addImageProvider(QStringLiteral("bundles"),
-                               new BundleIconProvider(platform.bundleReader, platform.fileSystem));
+    m_engine->addImageProvider(QStringLiteral("bundles"), m_icons);
     m_engine->addImageProvider(QStringLiteral("shadows"), new ShadowProvider);
     m_engine->addImageProvider(QStringLiteral("symbols"), new SymbolProvider);
 
@@ -60,6 +67,19 @@ TarnvaleApp::TarnvaleApp(const Platform &platform, Appearance &appearance)
 }
 
 TarnvaleApp::~TarnvaleApp() = default;
+
+int TarnvaleApp::run(std::stop_source stop)
+{
+    const auto exitCode = QGuiApplication::exec();
+    const QDeadlineTimer deadline(std::chrono::seconds(1));
+    stop.request_stop();
+    m_workspace.waitForMoves();
+    if (!m_viewModel->waitForBackground(deadline) || !m_icons->waitForIcons(deadline)) {
+        std::fflush(nullptr);
+        std::_Exit(exitCode);
+    }
+    return exitCode;
+}
 
 QQuickWindow &TarnvaleApp::window()
 {

@@ -46,6 +46,7 @@ public:
         });
         return promise->future();
     }
+    void waitForMoves() override { }
     void reveal(const Url &item) override { revealed.append(item); }
     std::optional<Url> locationOnDisk(const Url &location) const override { return location; }
     bool startAccessing(const Url &) override

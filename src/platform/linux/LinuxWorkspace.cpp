@@ -30,12 +30,17 @@ LinuxWorkspace::LinuxWorkspace(DiskRoot disk) : m_disk(std::move(disk))
 
 LinuxWorkspace::~LinuxWorkspace()
 {
-    waitForDone();
+    LinuxWorkspace::waitForMoves();
 }
 
 QFuture<RecycleAnswer> LinuxWorkspace::recycle(const Url &item)
 {
     return QtConcurrent::run(&m_trashThread, recycleNow, m_disk, item);
+}
+
+void LinuxWorkspace::waitForMoves()
+{
+    m_trashThread.waitForDone();
 }
 
 void LinuxWorkspace::reveal(const Url &item)
@@ -55,8 +60,3 @@ bool LinuxWorkspace::startAccessing(const Url &)
 }
 
 void LinuxWorkspace::stopAccessing(const Url &) { }
-
-void LinuxWorkspace::waitForDone()
-{
-    m_trashThread.waitForDone();
-}

@@ -17,6 +17,7 @@ public:
     /// An error is worded in Polish or English, after the system's language. An item is refused that is not on the
     /// disk once links are resolved. Moves are made one after another.
     QFuture<RecycleAnswer> recycle(const Url &item) override;
+    void waitForMoves() override;
     void reveal(const Url &item) override;
 
     std::optional<Url> locationOnDisk(const Url &location) const override;
@@ -24,9 +25,6 @@ public:
     /// Linux has no such grants.
     bool startAccessing(const Url &location) override;
     void stopAccessing(const Url &location) override;
-
-    /// Returns when every move that was asked for has been made. Blocks; for when the program quits.
-    void waitForDone();
 
 private:
     DiskRoot m_disk;
