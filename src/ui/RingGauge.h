@@ -2,7 +2,7 @@
 
 #include <QColor>
 #include <QQuickPaintedItem>
-#include <QtQml/qqmlregistration.h>
+#include <qqmlregistration.h>
 
 /// A share as an arc on a ring, clockwise from the top; smooth with every renderer, sharp at every scale.
 class RingGauge : public QQuickPaintedItem

@@ -9,7 +9,7 @@
 #include "Url.h"
 #include "UserNotice.h"
 
-#include <QtQml/qqml.h>
+#include <qqml.h>
 
 // What the QML files name of the layers below, which do not know QML.
 
