@@ -1,5 +1,7 @@
 #include "Spelling.h"
 
+#include "FileNames.h"
+
 #include <QStringDecoder>
 
 #include <algorithm>
@@ -22,9 +24,8 @@ bool isAscii(QByteArrayView utf8)
 
 QByteArray canonicalFileName(QByteArrayView fileName)
 {
-    if (isAscii(fileName) || !QUtf8StringView(fileName).isValidUtf8())
-        return fileName.toByteArray();
-    return canonicalForm(decodedText(fileName)).toUtf8();
+    const auto text = isAscii(fileName) ? std::nullopt : decodedFileName(fileName);
+    return text ? canonicalForm(*text).toUtf8() : fileName.toByteArray();
 }
 
 // What the Unicode standard calls a canonical caseless match: folding may take letters apart, and is right only for

@@ -1,6 +1,7 @@
 #include "PrivilegedHelperClient.h"
 
 #include "BundleReader.h"
+#include "FileNames.h"
 #include "FileSystem.h"
 #include "HelperService.h"
 
@@ -19,7 +20,7 @@ QList<QByteArray> pathsThatAreText(const QList<Url> &items)
     QList<QByteArray> paths;
     for (const auto &item : items) {
         const auto path = item.standardizedPath();
-        if (QString::fromUtf8(path).toUtf8() == path)
+        if (decodedFileName(path))
             paths.append(path);
     }
     return paths;

@@ -7,6 +7,7 @@
 #include "Spelling.h"
 
 #include <algorithm>
+#include <functional>
 #include <unordered_set>
 
 namespace {

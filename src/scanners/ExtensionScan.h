@@ -9,6 +9,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <functional>
 #include <span>
 
 /// The extensions of one category's files, lowercase and without the dot. No extension is in two categories.

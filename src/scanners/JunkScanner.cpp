@@ -4,6 +4,7 @@
 #include "LibraryFolder.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace {
 

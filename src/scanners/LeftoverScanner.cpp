@@ -11,6 +11,7 @@
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
+#include <functional>
 #include <limits>
 #include <unordered_set>
 

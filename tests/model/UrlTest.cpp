@@ -1,5 +1,7 @@
 #include "Url.h"
 
+#include "FileNames.h"
+
 #include <gtest/gtest.h>
 
 TEST(UrlTest, standardisingResolvesDotsAndSeparatorsTextually)
@@ -46,6 +48,23 @@ TEST(UrlTest, namesAreShownWithTheirMarks)
 {
     EXPECT_EQ(Url("/a/\ufeffnotes\xff").displayName(), u"\ufeffnotes\ufffd");
     EXPECT_EQ(Url("/\ufeffa").displayPath(), u"/\ufeffa");
+}
+
+TEST(FileNamesTest, aNameIsTheTextThatSpellsItAndNoOther)
+{
+    for (const QByteArray name : {"Zażółć", "", "\xef\xbf\xbd",
+                                  "\xef\xbb\xbf"
+                                  "Caches"}) {
+        const auto text = decodedFileName(name);
+        ASSERT_TRUE(text) << name.constData();
+        EXPECT_EQ(encodedFileName(*text), name);
+    }
+    for (const auto *name : {"\xff", "a\xc5", "\xed\xa0\x80"})
+        EXPECT_FALSE(decodedFileName(name)) << name;
+    for (const auto &name :
+         {QByteArray(), QByteArray("."), QByteArray(".."), QByteArray("a/b"), QByteArray("a\0", 2)})
+        EXPECT_FALSE(isFileName(name)) << name.constData();
+    EXPECT_TRUE(isFileName("..."));
 }
 
 TEST(UrlTest, urisOfLocalFilesKeepEveryByte)

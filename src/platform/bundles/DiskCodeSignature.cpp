@@ -2,6 +2,7 @@
 
 #include "BundleLayout.h"
 #include "Entitlements.h"
+#include "FileNames.h"
 #include "FileSystem.h"
 #include "PropertyList.h"
 
@@ -15,9 +16,7 @@ std::optional<QByteArray> executableName(const QVariantMap &information, const U
     const auto name = value.typeId() == QMetaType::QString ? value.toString().toUtf8() : QByteArray();
     if (name.isEmpty())
         return bundle.nameWithoutExtension();
-    if (name == "." || name == ".." || name.contains('/') || name.contains('\0'))
-        return std::nullopt;
-    return name;
+    return isFileName(name) ? std::optional(name) : std::nullopt;
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "LinuxApplicationRegistry.h"
 
 #include "BundleSearch.h"
+#include "FileNames.h"
 #include "FileSystem.h"
 #include "Spelling.h"
 
@@ -116,8 +117,8 @@ void addDesktopEntriesIn(const Url &folder, const FileSystem &fileSystem, Index 
         auto id = url.path().sliced(folder.path().size() + 1).replace('/', '-');
         id.chop(desktopEntrySuffix.size());
         // What a removed package leaves of its entry may be a link that leads nowhere.
-        if (QUtf8StringView(id).isValidUtf8() && fileSystem.exists(url))
-            index.add(decodedText(id), url);
+        if (const auto text = decodedFileName(id); text && fileSystem.exists(url))
+            index.add(*text, url);
     }
 }
 

@@ -5,8 +5,8 @@
 
 #include <optional>
 
-/// The text that a file's name spells; absent when it is not UTF-8. Unlike a name decoded for display, such a name
-/// is equal to no text.
+/// The text that a file's name or path spells; absent when it is not UTF-8. Unlike one that is decoded for display,
+/// such a name is equal to no text.
 std::optional<QString> decodedFileName(QByteArrayView fileName);
 
 /// Whether a file can have this name and a path that ends in it leads nowhere else: not empty, neither "." nor
