@@ -3,21 +3,15 @@
 #include "FileStatus.h"
 #include "LinuxTreeWalk.h"
 #include "ReachablePath.h"
+#include "RegularFile.h"
 #include "VolumeLabel.h"
 
-#include <algorithm>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/statvfs.h>
+#include <system_error>
 
 namespace {
-
-FileDescriptor openPath(const QByteArray &hostPath, int flags)
-{
-    const ReachablePath path(hostPath);
-    return FileDescriptor(
-        uninterrupted([&] { return openat(path.directory(), path.path(), flags | O_CLOEXEC | O_NOCTTY); }));
-}
 
 enum class Links { followed, described };
 
@@ -34,42 +28,6 @@ std::optional<struct stat> statusOf(const FileDescriptor &file)
 {
     struct stat status;
     return fstat(file.number(), &status) == 0 ? std::optional(status) : std::nullopt;
-}
-
-bool isRegular(const std::optional<struct stat> &status)
-{
-    return status && S_ISREG(status->st_mode);
-}
-
-/// Not open where there is anything but a regular file.
-FileDescriptor openRegularFile(const QByteArray &hostPath)
-{
-    // Looked at before it is opened: opening a pipe or a device can do something. And once more afterwards: it may
-    // have become one in between.
-    if (!isRegular(statusAt(hostPath, Links::followed)))
-        return {};
-    auto file = openPath(hostPath, O_RDONLY | O_NONBLOCK);
-    return isRegular(statusOf(file)) ? std::move(file) : FileDescriptor();
-}
-
-/// The bytes from `offset` on, at most `maximumLength`, whatever size the file claims; absent when reading fails.
-std::optional<QByteArray> readPart(const FileDescriptor &file, qint64 offset, qint64 maximumLength)
-{
-    constexpr qint64 step = 64 * 1024;
-    QByteArray bytes;
-    while (bytes.size() < maximumLength) {
-        const auto size = bytes.size();
-        const auto room = std::min(step, maximumLength - size);
-        bytes.resize(size + room);
-        const auto count = uninterrupted(
-            [&] { return ::pread(file.number(), bytes.data() + size, static_cast<size_t>(room), offset + size); });
-        if (count < 0)
-            return std::nullopt;
-        bytes.resize(size + count);
-        if (count == 0)
-            break;
-    }
-    return bytes;
 }
 
 } // namespace
@@ -159,10 +117,7 @@ std::optional<QByteArray> LinuxFileSystem::readFile(const Url &url, qint64 maxim
 
 std::optional<QByteArray> LinuxFileSystem::readFilePart(const Url &url, qint64 offset, qint64 maximumLength) const
 {
-    const auto file = openRegularFile(m_root.hostPath(url));
-    if (!file.isOpen() || offset < 0)
-        return std::nullopt;
-    return readPart(file, offset, maximumLength);
+    return readPart(openRegularFile(m_root.hostPath(url)), offset, maximumLength);
 }
 
 std::optional<VolumeValues> LinuxFileSystem::volumeValues(const Url &url) const

@@ -1,43 +1,16 @@
 #include "SystemFiles.h"
 
+#include "RegularFile.h"
+
 #include <algorithm>
-#include <cerrno>
 #include <dirent.h>
-#include <fcntl.h>
 #include <memory>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <utility>
 
 namespace {
 
-constexpr qsizetype longestFile = 64 * 1024;
+constexpr qint64 longestFile = 64 * 1024;
 constexpr qsizetype mostNames = 256;
-
-class Descriptor
-{
-public:
-    explicit Descriptor(const QByteArray &path)
-        : m_number(::open(path.constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC))
-    {
-    }
-    ~Descriptor()
-    {
-        if (m_number >= 0)
-            ::close(m_number);
-    }
-    Q_DISABLE_COPY_MOVE(Descriptor)
-
-    int number() const { return m_number; }
-
-    bool isRegularFile() const
-    {
-        struct stat status;
-        return ::fstat(m_number, &status) == 0 && S_ISREG(status.st_mode);
-    }
-
-private:
-    int m_number;
-};
 
 } // namespace
 
@@ -45,24 +18,7 @@ SystemFiles::SystemFiles(QByteArray root) : m_root(std::move(root)) { }
 
 std::optional<QByteArray> SystemFiles::read(const QByteArray &path) const
 {
-    const Descriptor file(m_root + path);
-    if (!file.isRegularFile())
-        return std::nullopt;
-
-    QByteArray content(longestFile, Qt::Uninitialized);
-    qsizetype length = 0;
-    while (length < longestFile) {
-        const auto count =
-            ::read(file.number(), content.data() + length, static_cast<size_t>(longestFile - length));
-        if (count == 0)
-            break;
-        if (count > 0)
-            length += count;
-        else if (errno != EINTR)
-            return std::nullopt;
-    }
-    content.truncate(length);
-    return content;
+    return readPart(openRegularFile(m_root + path), 0, longestFile);
 }
 
 std::optional<QString> SystemFiles::line(const QByteArray &path) const
