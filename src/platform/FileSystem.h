@@ -10,6 +10,7 @@
 #include <iterator>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 enum class FileType { regular, directory, symbolicLink, other };
@@ -152,7 +153,9 @@ struct VolumeValues
 /// What the program asks of files and folders. Nothing here changes a file.
 ///
 /// Safe to call from any thread. Nothing here fails: what cannot be read is missing from the answer, so a scan of
-/// a damaged disk still ends. When the program quits, every enumeration in progress ends where it stands.
+/// a damaged disk still ends. A URL that no file can have (empty, relative, with a byte of value zero) leads to
+/// nothing, and so does everything below what is no folder or may not be entered. When the program quits, every
+/// enumeration in progress ends where it stands.
 class FileSystem
 {
 public:
@@ -174,7 +177,8 @@ public:
     /// Where `url` leads when every link on the way is followed; absent when nothing is there.
     virtual std::optional<Url> resolved(const Url &url) const = 0;
 
-    /// Whether the current user may execute the file at `url`, links followed.
+    /// Whether the current user may execute the file at `url`, links followed; of a folder, whether it may be
+    /// entered.
     virtual bool isExecutable(const Url &url) const = 0;
 
     /// The entries directly inside `folder`, all at level 1, hidden ones (name beginning with ".") left out, in
@@ -205,8 +209,9 @@ public:
     virtual std::optional<QByteArray> readFile(const Url &url, qint64 maximumSize) const = 0;
 
     /// Up to `maximumLength` bytes of the regular file at `url` from `offset` on, links followed; fewer where the file
-    /// ends earlier, none behind its end; absent when there is no such file or it cannot be read. Takes memory for
-    /// what is there, not for what is asked. Never waits for a pipe or a device.
+    /// ends earlier, none behind its end; absent when there is no such file, when it cannot be read, or when
+    /// `offset` is below zero. Takes memory for what is there, not for what is asked. Never waits for a pipe or a
+    /// device.
     virtual std::optional<QByteArray> readFilePart(const Url &url, qint64 offset, qint64 maximumLength) const = 0;
 
     /// The volume that holds `url`; absent when the system does not answer.

@@ -7,6 +7,10 @@
 #include <limits>
 #include <mutex>
 #include <thread>
+#include <utility>
+
+// As of nearly every file system.
+static constexpr qsizetype longestName = 255;
 
 /// A walk over what each folder held at the moment when the walk entered it.
 class InMemoryFileSystem::Walk : public DirectoryWalk
@@ -14,14 +18,21 @@ class InMemoryFileSystem::Walk : public DirectoryWalk
 public:
     enum class Depth { oneLevel, full };
 
-    static DirectoryEnumeration into(const Url &folder, const NodePointer &node, Depth depth)
+    static DirectoryEnumeration into(const Url &folder, const NodePointer &node, Depth depth, std::stop_token stop)
     {
-        return node ? DirectoryEnumeration(std::make_unique<Walk>(folder, *node, depth)) : DirectoryEnumeration();
+        return node ? DirectoryEnumeration(std::make_unique<Walk>(folder, *node, depth, std::move(stop)))
+                    : DirectoryEnumeration();
     }
-    Walk(const Url &folder, const Node &node, Depth depth) : m_depth(depth) { enter(folder, node); }
+    Walk(const Url &folder, const Node &node, Depth depth, std::stop_token stop)
+        : m_depth(depth), m_stop(std::move(stop))
+    {
+        enter(folder, node);
+    }
 
     bool next() override
     {
+        if (m_stop.stop_requested())
+            return false;
         if (m_current && m_depth == Depth::full && !m_isSkipped && isPlainFolder())
             enter(url(), *m_current);
         m_isSkipped = false;
@@ -62,6 +73,7 @@ private:
     bool isPlainFolder() const { return InMemoryFileSystem::isPlainFolder(*m_current); }
 
     Depth m_depth;
+    std::stop_token m_stop;
     bool m_isSkipped = false;
     NodePointer m_current;
     std::vector<Level> m_levels;
@@ -130,6 +142,12 @@ void InMemoryFileSystem::remove(const QByteArray &path)
         std::erase(item->parent.lock()->children, item);
 }
 
+bool InMemoryFileSystem::isGone(const Url &url) const
+{
+    const auto found = lookUp(url, LastLink::followed, Rights::ofTheUser);
+    return !found.item && found.isCertain && !m_outOfSight.contains(url);
+}
+
 bool InMemoryFileSystem::isDirectory(const Url &url) const
 {
     const auto item = find(url, LastLink::followed);
@@ -148,17 +166,17 @@ std::optional<Url> InMemoryFileSystem::resolved(const Url &url) const
 bool InMemoryFileSystem::isExecutable(const Url &url) const
 {
     const auto item = find(url, LastLink::followed);
-    return item && item->isExecutable;
+    return item && (item->values.type == FileType::directory ? item->isReadable : item->isExecutable);
 }
 
 DirectoryEnumeration InMemoryFileSystem::contentsOfDirectory(const Url &folder) const
 {
-    return Walk::into(folder, find(folder, LastLink::followed), Walk::Depth::oneLevel);
+    return Walk::into(folder, find(folder, LastLink::followed), Walk::Depth::oneLevel, m_stop);
 }
 
 DirectoryEnumeration InMemoryFileSystem::enumerate(const Url &folder) const
 {
-    return Walk::into(folder, find(folder, LastLink::followed), Walk::Depth::full);
+    return Walk::into(folder, find(folder, LastLink::followed), Walk::Depth::full, m_stop);
 }
 
 void InMemoryFileSystem::walk(const QList<Url> &folders, const FolderVisitor &visit) const
@@ -172,7 +190,7 @@ void InMemoryFileSystem::walk(const QList<Url> &folders, const FolderVisitor &vi
     // Whatever order and threads can do to a visitor: the last ones first, by two threads.
     std::mutex mutex;
     const auto work = [&] {
-        for (std::unique_lock lock(mutex); !parts.empty();) {
+        for (std::unique_lock lock(mutex); !parts.empty() && !m_stop.stop_requested();) {
             auto part = std::move(parts.back());
             parts.pop_back();
             lock.unlock();
@@ -181,7 +199,7 @@ void InMemoryFileSystem::walk(const QList<Url> &folders, const FolderVisitor &vi
             std::ranges::move(part.takeFound(), std::back_inserter(parts));
         }
     };
-    while (!parts.empty()) {
+    while (!parts.empty() && !m_stop.stop_requested()) {
         std::jthread other(work);
         work();
     }
@@ -204,25 +222,31 @@ std::optional<QByteArray> InMemoryFileSystem::readFilePart(const Url &url, qint6
 {
     const auto item = find(url, LastLink::followed);
     const bool canBeRead = item && item->values.type == FileType::regular && item->isReadable;
-    return canBeRead ? std::optional(item->content.mid(offset, maximumLength)) : std::nullopt;
+    if (!canBeRead || offset < 0)
+        return std::nullopt;
+    return item->content.mid(offset, std::max<qint64>(maximumLength, 0));
 }
 
 Url InMemoryFileSystem::put(const QByteArray &path, Node item)
 {
     const Url where(url(path).standardizedPath());
-    auto there = find(where, LastLink::kept);
+    Q_ASSERT_X(where.lastPathComponent().size() <= longestName, "InMemoryFileSystem", "no file has such a name");
+    const auto locate = [this](const Url &place) {
+        return lookUp(place, LastLink::kept, Rights::ofTheBuilder).item;
+    };
+    auto there = locate(where);
     if (there) {
         Q_ASSERT_X(there->values.type == item.values.type, "InMemoryFileSystem",
                    "something else is there already");
         item.children = there->children;
     } else {
-        if (!find(where.parent(), LastLink::kept))
+        if (!locate(where.parent()))
             put(where.parent().path(), {.values = {FileType::directory, {}, {}}});
         there = std::make_shared<Node>();
-        find(where.parent(), LastLink::kept)->children.push_back(there);
+        locate(where.parent())->children.push_back(there);
     }
     item.name = where.lastPathComponent();
-    item.parent = find(where.parent(), LastLink::kept);
+    item.parent = locate(where.parent());
     *there = std::move(item);
     return url(path);
 }
@@ -238,15 +262,24 @@ InMemoryFileSystem::NodePointer InMemoryFileSystem::child(const Node &folder, co
     return found == folder.children.end() ? nullptr : *found;
 }
 
-InMemoryFileSystem::NodePointer InMemoryFileSystem::find(const Url &url, LastLink lastLink) const
+InMemoryFileSystem::LookUp InMemoryFileSystem::lookUp(const Url &url, LastLink lastLink, Rights rights) const
 {
     constexpr int mostLinks = 40;
+    const LookUp outOfReach{.isCertain = false};
     int links = 0;
+    if (!url.path().startsWith('/'))
+        return {};
     auto item = m_root;
     auto rest = url.path().split('/');
-    while (item && !rest.isEmpty()) {
+    while (!rest.isEmpty()) {
         const auto name = rest.takeFirst();
-        if (name.isEmpty() || name == ".")
+        if (name.isEmpty())
+            continue;
+        if (item->values.type != FileType::directory)
+            return {};
+        if (name.size() > longestName || (rights == Rights::ofTheUser && !item->isReadable))
+            return outOfReach;
+        if (name == ".")
             continue;
         if (name == "..") {
             item = item->parent.expired() ? m_root : item->parent.lock();
@@ -254,10 +287,10 @@ InMemoryFileSystem::NodePointer InMemoryFileSystem::find(const Url &url, LastLin
         }
         const auto next = child(*item, name);
         if (!next || next->isGone)
-            return nullptr;
+            return {};
         if (next->values.type == FileType::symbolicLink && (!rest.isEmpty() || lastLink == LastLink::followed)) {
             if (++links > mostLinks)
-                return nullptr;
+                return outOfReach;
             if (next->linkTarget.startsWith('/'))
                 item = m_root;
             rest = next->linkTarget.split('/') + rest;
@@ -265,5 +298,5 @@ InMemoryFileSystem::NodePointer InMemoryFileSystem::find(const Url &url, LastLin
             item = next;
         }
     }
-    return item;
+    return {item};
 }

@@ -5,6 +5,8 @@
 #include <QList>
 
 #include <memory>
+#include <stop_token>
+#include <utility>
 #include <vector>
 
 /// A disk in memory that keeps the contract of `FileSystem`, for testing rules: exact sizes, faults, names of any
@@ -65,7 +67,7 @@ public:
     /// Neither a file nor a folder nor a link.
     Url device(const QByteArray &path) { return put(path, {.values = {FileType::other, 4096, {}}}); }
 
-    /// The folder can no longer be listed; the file can no longer be read.
+    /// The folder can no longer be listed or entered; the file can no longer be read.
     void makeUnreadable(const QByteArray &path) { node(path)->isReadable = false; }
     /// The item is still listed, but gone when it is looked at.
     void makeVanishing(const QByteArray &path) { node(path)->isGone = true; }
@@ -78,11 +80,13 @@ public:
         m_outOfSight.append(item);
     }
     void remove(const QByteArray &path);
+    /// Every enumeration, begun or not, ends where it stands when `stop` is requested.
+    void stopWith(std::stop_token stop) { m_stop = std::move(stop); }
     void setVolume(const std::optional<VolumeValues> &values) { m_volume = values; }
 
     Url homeDirectory() const override { return Url("/Users/me"); }
     bool exists(const Url &url) const override { return find(url, LastLink::followed) != nullptr; }
-    bool isGone(const Url &url) const override { return !exists(url) && !m_outOfSight.contains(url); }
+    bool isGone(const Url &url) const override;
     bool isDirectory(const Url &url) const override;
     std::optional<Url> resolved(const Url &url) const override;
     bool isExecutable(const Url &url) const override;
@@ -101,15 +105,31 @@ private:
     class Walk;
     class Part;
     enum class LastLink { kept, followed };
+    /// Who builds the disk gets everywhere, who uses it does not.
+    enum class Rights { ofTheUser, ofTheBuilder };
 
     /// Makes the item, or gives the one that is there other values.
     Url put(const QByteArray &path, Node item);
-    NodePointer find(const Url &url, LastLink lastLink) const;
-    NodePointer node(const QByteArray &path) const { return find(url(path), LastLink::kept); }
+    struct LookUp
+    {
+        NodePointer item = nullptr;
+        /// Where there is no item: whether that is known, or only that one cannot get there.
+        bool isCertain = true;
+    };
+    LookUp lookUp(const Url &url, LastLink lastLink, Rights rights) const;
+    NodePointer find(const Url &url, LastLink lastLink) const
+    {
+        return lookUp(url, lastLink, Rights::ofTheUser).item;
+    }
+    NodePointer node(const QByteArray &path) const
+    {
+        return lookUp(url(path), LastLink::kept, Rights::ofTheBuilder).item;
+    }
     static bool isPlainFolder(const Node &node);
     static NodePointer child(const Node &folder, const QByteArray &name);
 
     NodePointer m_root = std::make_shared<Node>(Node{.values = {FileType::directory, {}, {}}});
     std::optional<VolumeValues> m_volume;
     QList<Url> m_outOfSight;
+    std::stop_token m_stop;
 };

@@ -2,12 +2,14 @@
 #include "DeepTree.h"
 #include "HiddenTypes.h"
 #include "LinuxFileSystem.h"
+#include "OrdinaryUser.h"
 #include "RandomTree.h"
 #include "TemporaryDisk.h"
 
 #include <fcntl.h>
 #include <functional>
 #include <gmock/gmock.h>
+#include <map>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -20,21 +22,6 @@ using testing::UnorderedElementsAre;
 namespace {
 
 using Paths = std::vector<QByteArray>;
-
-/// As long as it lives the system takes the program for an ordinary user's; nothing changes where it is.
-class OrdinaryUser
-{
-public:
-    OrdinaryUser() { becomes(65534); }
-    ~OrdinaryUser() { becomes(getuid()); }
-
-private:
-    static void becomes(uid_t user)
-    {
-        const bool may = getuid() != 0 || seteuid(user) == 0;
-        EXPECT_TRUE(may);
-    }
-};
 
 ptrdiff_t openFiles()
 {

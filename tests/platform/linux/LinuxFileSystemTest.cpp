@@ -21,31 +21,6 @@ protected:
 
 } // namespace
 
-TEST_F(LinuxFileSystemTest, existenceFollowsLinks)
-{
-    disk.file("/tool");
-    std::filesystem::permissions(disk.host("/tool"), std::filesystem::perms(0755));
-    disk.file("/text");
-    disk.link("/to tool", "tool");
-    disk.link("/to folder", ".");
-    disk.link("/dangling", "nowhere");
-    disk.link("/loop", "loop");
-
-    EXPECT_EQ(fileSystem.homeDirectory(), Url("/home/me"));
-    EXPECT_TRUE(fileSystem.exists(Url("/to tool")));
-    EXPECT_TRUE(fileSystem.isExecutable(Url("/to tool")));
-    EXPECT_FALSE(fileSystem.isExecutable(Url("/text")));
-    EXPECT_TRUE(fileSystem.isDirectory(Url("/to folder")));
-    EXPECT_FALSE(fileSystem.isDirectory(Url("/to tool")));
-    for (const char *nothing : {"/dangling", "/loop", "/text/below", "/missing", ""}) {
-        EXPECT_FALSE(fileSystem.exists(Url(nothing))) << nothing;
-        EXPECT_FALSE(fileSystem.isExecutable(Url(nothing))) << nothing;
-        EXPECT_EQ(fileSystem.isGone(Url(nothing)), qstrcmp(nothing, "/loop") != 0) << nothing;
-    }
-    EXPECT_FALSE(fileSystem.isGone(Url("/to tool")));
-    EXPECT_EQ(fileSystem.resourceValues(Url("/dangling"))->type, FileType::symbolicLink);
-}
-
 TEST_F(LinuxFileSystemTest, sizesAreBlocksOnDiskNotLengths)
 {
     disk.file("/full", QByteArray(100'000, 'x'));
@@ -59,20 +34,6 @@ TEST_F(LinuxFileSystemTest, sizesAreBlocksOnDiskNotLengths)
     EXPECT_EQ(full->allocatedSize, full->totalAllocatedSize);
     EXPECT_LT(fileSystem.resourceValues(Url("/hole"))->totalAllocatedSize, 100'000);
     EXPECT_THAT(fileSystem.resourceValues(Url("/missing")), Eq(std::nullopt));
-}
-
-TEST_F(LinuxFileSystemTest, aFileIsReadWholeUpToTheLimitAndInPart)
-{
-    const QByteArray content(200'000, 'x');
-    disk.file("/folder/file", content);
-    disk.link("/link", "folder/file");
-    EXPECT_EQ(fileSystem.readFile(Url("/link"), 200'000), content);
-    EXPECT_THAT(fileSystem.readFile(Url("/link"), 199'999), Eq(std::nullopt));
-    EXPECT_THAT(fileSystem.readFile(Url("/folder"), 100), Eq(std::nullopt));
-    EXPECT_EQ(fileSystem.readFilePart(Url("/link"), 199'990, 100), content.first(10));
-    EXPECT_EQ(fileSystem.readFilePart(Url("/link"), 5, 70'000), content.first(70'000));
-    EXPECT_EQ(fileSystem.readFilePart(Url("/link"), 300'000, 10), QByteArray());
-    EXPECT_THAT(fileSystem.readFilePart(Url("/link"), -1, 10), Eq(std::nullopt));
 }
 
 // A file of /proc says that it is empty, and a bundle may link to anything.

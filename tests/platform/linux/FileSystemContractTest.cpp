@@ -1,0 +1,236 @@
+// What `FileSystem` promises, of the disk that the program works on and of the one in memory that stands in for it.
+
+#include "InMemoryFileSystem.h"
+#include "LinuxFileSystem.h"
+#include "OrdinaryUser.h"
+#include "TemporaryDisk.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <gmock/gmock.h>
+#include <iterator>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <ranges>
+#include <set>
+#include <stop_token>
+#include <vector>
+
+using testing::Contains;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+namespace {
+
+class DiskInMemory : public InMemoryFileSystem
+{
+public:
+    explicit DiskInMemory(std::stop_token stop) { stopWith(std::move(stop)); }
+
+    const FileSystem &fileSystem() const { return *this; }
+    void lock(const QByteArray &path) { makeUnreadable(path); }
+};
+
+class RealDisk
+{
+public:
+    explicit RealDisk(const std::stop_token &stop) : m_fileSystem(m_disk.root(), Url("/Users/./me/"), stop) { }
+
+    const FileSystem &fileSystem() const { return m_fileSystem; }
+    void fileWithContent(const QByteArray &path, const QByteArray &content) { m_disk.file(path, content); }
+    void link(const QByteArray &path, const QByteArray &target) { m_disk.link(path, target); }
+    void executable(const QByteArray &path)
+    {
+        m_disk.file(path);
+        std::filesystem::permissions(m_disk.host(path), std::filesystem::perms(0755));
+    }
+    /// To whoever is not root, and from now on nobody is.
+    void lock(const QByteArray &path)
+    {
+        m_user.reset();
+        std::filesystem::permissions(m_disk.host(path), std::filesystem::perms(0));
+        m_user.emplace();
+    }
+
+private:
+    TemporaryDisk m_disk;
+    LinuxFileSystem m_fileSystem;
+    std::optional<OrdinaryUser> m_user;
+};
+
+using Paths = std::vector<QByteArray>;
+
+Paths listed(DirectoryEnumeration entries)
+{
+    Paths paths;
+    for (const auto &entry : entries)
+        paths.push_back(entry.url().path());
+    return paths;
+}
+
+template <typename Disk> class FileSystemContract : public testing::Test
+{
+protected:
+    Paths walked(const char *folder) const { return listed(m_fileSystem.enumerate(Url(folder))); }
+
+    /// What a walk on several threads shows, in the order of the places that it tells.
+    Paths walkedByThreads(const char *folder) const
+    {
+        std::mutex mutex;
+        std::map<WalkPlace, QByteArray> found;
+        m_fileSystem.walk({Url(folder)}, [&](FolderPart &part) {
+            for (const auto &entry : part) {
+                const std::lock_guard lock(mutex);
+                found.emplace(entry.place(), entry.url().path());
+            }
+        });
+        Paths paths;
+        std::ranges::copy(std::views::values(found), std::back_inserter(paths));
+        return paths;
+    }
+
+    void expectNothingAt(const Url &url) const
+    {
+        EXPECT_FALSE(m_fileSystem.exists(url)) << url.path().constData();
+        EXPECT_FALSE(m_fileSystem.isDirectory(url)) << url.path().constData();
+        EXPECT_FALSE(m_fileSystem.isExecutable(url)) << url.path().constData();
+        EXPECT_FALSE(m_fileSystem.resolved(url)) << url.path().constData();
+        EXPECT_FALSE(m_fileSystem.readFile(url, 100)) << url.path().constData();
+        EXPECT_FALSE(m_fileSystem.readFilePart(url, 0, 100)) << url.path().constData();
+        EXPECT_FALSE(m_fileSystem.volumeValues(url)) << url.path().constData();
+        EXPECT_THAT(listed(m_fileSystem.contentsOfDirectory(url)), IsEmpty()) << url.path().constData();
+        EXPECT_THAT(listed(m_fileSystem.enumerate(url)), IsEmpty()) << url.path().constData();
+    }
+
+    std::stop_source m_stop;
+    Disk m_disk{m_stop.get_token()};
+    const FileSystem &m_fileSystem = m_disk.fileSystem();
+};
+using Disks = testing::Types<DiskInMemory, RealDisk>;
+
+} // namespace
+
+TYPED_TEST_SUITE(FileSystemContract, Disks);
+
+TYPED_TEST(FileSystemContract, whatNoFileCanHaveLeadsToNothing)
+{
+    auto &disk = this->m_disk;
+    disk.executable("/file");
+    disk.link("/dangling", "nowhere");
+    disk.link("/loop", "loop");
+    for (const auto &path : {QByteArray(), QByteArray("file"), QByteArray("."), QByteArray("/fi\0le", 6),
+                             QByteArray("/file/."), QByteArray("/file/below"), QByteArray("/missing")}) {
+        this->expectNothingAt(Url(path));
+        EXPECT_FALSE(this->m_fileSystem.resourceValues(Url(path))) << path.constData();
+        EXPECT_TRUE(this->m_fileSystem.isGone(Url(path))) << path.constData();
+    }
+    this->expectNothingAt(Url("/dangling"));
+    EXPECT_TRUE(this->m_fileSystem.isGone(Url("/dangling")));
+    for (const auto &path : {QByteArray("/loop"), '/' + QByteArray(256, 'x')}) {
+        this->expectNothingAt(Url(path));
+        EXPECT_FALSE(this->m_fileSystem.isGone(Url(path))) << "nobody can tell " << path.constData();
+    }
+    EXPECT_FALSE(this->m_fileSystem.isGone(Url("/file")));
+    EXPECT_EQ(this->m_fileSystem.homeDirectory(), Url("/Users/me"));
+}
+
+TYPED_TEST(FileSystemContract, linksAreFollowedAndDescribedAsThemselves)
+{
+    auto &disk = this->m_disk;
+    const auto &fileSystem = this->m_fileSystem;
+    disk.executable("/folder/tool");
+    disk.fileWithContent("/folder/text", "text");
+    disk.link("/to tool", "folder/tool");
+    disk.link("/to folder", "folder");
+    disk.link("/dangling", "nowhere");
+
+    EXPECT_TRUE(fileSystem.exists(Url("/to tool")));
+    EXPECT_TRUE(fileSystem.isExecutable(Url("/to tool")));
+    EXPECT_FALSE(fileSystem.isDirectory(Url("/to tool")));
+    EXPECT_EQ(fileSystem.resolved(Url("/to folder/tool")), Url("/folder/tool"));
+    EXPECT_EQ(fileSystem.readFile(Url("/to folder/text"), 4), "text");
+    EXPECT_FALSE(fileSystem.isExecutable(Url("/folder/text")));
+    EXPECT_TRUE(fileSystem.isDirectory(Url("/to folder")));
+    EXPECT_TRUE(fileSystem.isExecutable(Url("/to folder"))) << "a folder that may be entered";
+    for (const auto *link : {"/to tool", "/to folder", "/dangling"})
+        EXPECT_EQ(fileSystem.resourceValues(Url(link))->type, FileType::symbolicLink) << link;
+}
+
+TYPED_TEST(FileSystemContract, aFileIsReadWholeUpToTheLimitAndInPart)
+{
+    const QByteArray content = QByteArray(100'000, 'x') + QByteArray(100'000, 'y');
+    this->m_disk.fileWithContent("/folder/file", content);
+    const auto &fileSystem = this->m_fileSystem;
+    const Url file("/folder/file");
+    EXPECT_EQ(fileSystem.readFile(file, 200'000), content);
+    EXPECT_FALSE(fileSystem.readFile(file, 199'999));
+    EXPECT_FALSE(fileSystem.readFile(file, -1));
+    EXPECT_FALSE(fileSystem.readFile(Url("/folder"), 100));
+    EXPECT_EQ(fileSystem.readFilePart(file, 199'990, 100), content.last(10));
+    EXPECT_EQ(fileSystem.readFilePart(file, 70'000, 70'000), content.mid(70'000, 70'000));
+    EXPECT_EQ(fileSystem.readFilePart(file, 300'000, 10), QByteArray());
+    EXPECT_EQ(fileSystem.readFilePart(file, 5, -1), QByteArray());
+    EXPECT_FALSE(fileSystem.readFilePart(file, -1, 10));
+    EXPECT_FALSE(fileSystem.readFilePart(Url("/folder"), 0, 10));
+}
+
+TYPED_TEST(FileSystemContract, packagesAndLinksAreListedAndNotEntered)
+{
+    auto &disk = this->m_disk;
+    for (const auto *path : {"/top/.hidden", "/top/.folder/file", "/top/Nested.APP/file",
+                             "/top/Disk.sparsebundle/file", "/top/Kit.framework/file"})
+        disk.fileWithContent(path, "x");
+    disk.link("/top/link", "Kit.framework");
+
+    EXPECT_THAT(this->walked("/top"),
+                UnorderedElementsAre("/top/Nested.APP", "/top/Disk.sparsebundle", "/top/Kit.framework",
+                                     "/top/Kit.framework/file", "/top/link"));
+    EXPECT_EQ(this->walkedByThreads("/top"), this->walked("/top"));
+    EXPECT_THAT(this->walked("/top/Nested.APP"), UnorderedElementsAre("/top/Nested.APP/file"));
+    EXPECT_THAT(this->walked("/top/link"), UnorderedElementsAre("/top/link/file"));
+    EXPECT_THAT(listed(this->m_fileSystem.contentsOfDirectory(Url("/"))), Contains("/top"));
+}
+
+TYPED_TEST(FileSystemContract, whatMayNotBeEnteredOrReadIsPassedOver)
+{
+    auto &disk = this->m_disk;
+    const auto &fileSystem = this->m_fileSystem;
+    disk.executable("/top/locked/tool");
+    disk.fileWithContent("/top/file", "x");
+    disk.lock("/top/locked");
+    disk.lock("/top/file");
+
+    this->expectNothingAt(Url("/top/locked/tool"));
+    EXPECT_FALSE(fileSystem.isGone(Url("/top/locked/tool")));
+    EXPECT_THAT(this->walked("/top"), UnorderedElementsAre("/top/locked", "/top/file"));
+    EXPECT_EQ(this->walkedByThreads("/top"), this->walked("/top"));
+    EXPECT_THAT(listed(fileSystem.contentsOfDirectory(Url("/top/locked"))), IsEmpty());
+    EXPECT_TRUE(fileSystem.isDirectory(Url("/top/locked")));
+    EXPECT_FALSE(fileSystem.isExecutable(Url("/top/locked")));
+    EXPECT_TRUE(fileSystem.exists(Url("/top/file")));
+    EXPECT_FALSE(fileSystem.readFile(Url("/top/file"), 100));
+    EXPECT_EQ(fileSystem.resourceValues(Url("/top/file"))->type, FileType::regular);
+}
+
+TYPED_TEST(FileSystemContract, parentsComeFirstAndAStopEndsEveryEnumeration)
+{
+    for (const auto *path : {"/top/a/b/c", "/top/a/d", "/top/e/f", "/top/g"})
+        this->m_disk.fileWithContent(path, "x");
+    std::set<QByteArray> seen{"/top"};
+    for (const auto &entry : this->m_fileSystem.enumerate(Url("/top"))) {
+        EXPECT_TRUE(seen.contains(entry.url().parent().path())) << entry.url().path().constData();
+        seen.insert(entry.url().path());
+    }
+    EXPECT_EQ(seen.size(), 8);
+
+    int count = 0;
+    for (auto &entry : this->m_fileSystem.enumerate(Url("/top"))) {
+        entry.skipDescendants();
+        if (++count == 2)
+            this->m_stop.request_stop();
+    }
+    EXPECT_EQ(count, 2);
+    EXPECT_THAT(this->walked("/top"), IsEmpty());
+    EXPECT_THAT(this->walkedByThreads("/top"), IsEmpty());
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+/// As long as it lives the system takes the program for an ordinary user's; nothing changes where it is.
+class OrdinaryUser
+{
+public:
+    OrdinaryUser() { becomes(65534); }
+    ~OrdinaryUser() { becomes(getuid()); }
+
+private:
+    static void becomes(uid_t user)
+    {
+        const bool may = getuid() != 0 || seteuid(user) == 0;
+        EXPECT_TRUE(may);
+    }
+};
