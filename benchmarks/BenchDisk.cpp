@@ -5,7 +5,9 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
+#include <string>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 

@@ -1,6 +1,7 @@
 #include "Heartbeat.h"
 
 #include <algorithm>
+#include <utility>
 
 Heartbeat::Heartbeat()
 {

@@ -1,6 +1,8 @@
 #include "Entitlements.h"
 #include "Fuzz.h"
 
+#include <algorithm>
+
 int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     const auto fileSize = static_cast<qint64>(size);

@@ -7,6 +7,7 @@
 #include <QtConcurrent>
 
 #include <atomic>
+#include <functional>
 #include <type_traits>
 #include <utility>
 

@@ -6,6 +6,7 @@
 #include <QLocale>
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 

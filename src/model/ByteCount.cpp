@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cmath>
+#include <cstdlib>
 
 QString formattedByteCount(qint64 bytes, ByteCountStyle style)
 {

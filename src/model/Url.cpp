@@ -2,6 +2,9 @@
 
 #include <QList>
 
+#include <algorithm>
+#include <utility>
+
 namespace {
 
 bool isUnreserved(char c)

@@ -7,6 +7,7 @@
 #include <QVariant>
 
 #include <optional>
+#include <utility>
 
 /// What a bundle says of itself.
 class Bundle

@@ -3,6 +3,8 @@
 #include "FolderChooser.h"
 #include "ReadyFuture.h"
 
+#include <utility>
+
 /// Stands in the tour for the user who chooses a folder in the desktop's dialog, which is not a part of the window.
 class ChosenFolder : public FolderChooser
 {

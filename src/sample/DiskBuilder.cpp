@@ -4,6 +4,7 @@
 #include <QFileInfo>
 
 #include <fcntl.h>
+#include <utility>
 
 DiskBuilder::DiskBuilder(QString folder, QString home) : m_folder(std::move(folder)), m_home(std::move(home)) { }
 

@@ -8,6 +8,8 @@
 #include <QDir>
 #include <QFile>
 
+#include <utility>
+
 namespace {
 
 // Tells a sample disk from anybody's folder: what does not have it is never replaced.

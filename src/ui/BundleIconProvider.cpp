@@ -7,6 +7,8 @@
 #include <QFutureWatcher>
 #include <QtConcurrentRun>
 
+#include <algorithm>
+
 namespace {
 
 constexpr auto mostBytesKept = 32 * 1024 * 1024;

@@ -9,6 +9,7 @@
 #include <QThreadPool>
 
 #include <optional>
+#include <utility>
 
 class BundleReader;
 class FileSystem;

@@ -6,6 +6,7 @@
 #include <QSGNinePatchNode>
 #include <QSGTexture>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {

@@ -4,6 +4,8 @@
 
 #include <QMimeData>
 
+#include <utility>
+
 namespace {
 
 /// The program only looks at what is dropped. A file manager that had meant to move it would take the original

@@ -9,6 +9,8 @@
 #include <QQuickWindow>
 #include <QUrl>
 
+#include <utility>
+
 namespace {
 
 QQuickWindow *programWindow()

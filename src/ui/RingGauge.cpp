@@ -4,6 +4,8 @@
 #include <QPainter>
 #include <QtMath>
 
+#include <algorithm>
+
 RingGauge::RingGauge(QQuickItem *parent) : QQuickPaintedItem(parent)
 {
     setAntialiasing(true);

@@ -7,6 +7,8 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
+#include <algorithm>
+
 namespace {
 const auto folder = QStringLiteral(":/qt/qml/Tarnvale/symbols/");
 const auto extension = QStringLiteral(".svg");

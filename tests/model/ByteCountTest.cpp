@@ -1,6 +1,8 @@
 #include "ByteCount.h"
 
 #include <gtest/gtest.h>
+#include <limits>
+#include <tuple>
 
 TEST(ByteCountTest, filesAreCountedInThousandsAndMemoryInPowersOfTwo)
 {

@@ -3,6 +3,7 @@
 #include "FakeWorkspace.h"
 #include "TestDisk.h"
 
+#include <functional>
 #include <gmock/gmock.h>
 
 using testing::ElementsAre;

@@ -20,6 +20,7 @@
 #include <QGuiApplication>
 #include <QQuickItem>
 
+#include <cstdio>
 #include <gmock/gmock.h>
 #include <optional>
 #include <stop_token>

@@ -16,10 +16,12 @@
 
 #include <QGuiApplication>
 
+#include <cstdio>
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <grp.h>
 #include <stop_token>
+#include <string>
 #include <sys/wait.h>
 #include <unistd.h>
 

@@ -3,6 +3,8 @@
 #include "HelperService.h"
 #include "ReadyFuture.h"
 
+#include <algorithm>
+
 /// Service management and a helper that answer what a test tells them to, and keep what they were asked.
 class FakeHelperService : public HelperService
 {

@@ -3,9 +3,12 @@
 #include <QDateTime>
 #include <QtEndian>
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
+#include <utility>
 
 namespace {
 

@@ -1,5 +1,7 @@
 #include "DerEntitlementsReader.h"
 
+#include <utility>
+
 namespace {
 
 enum Tag : unsigned char {

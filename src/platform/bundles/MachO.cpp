@@ -4,6 +4,8 @@
 #include <QtEndian>
 
 #include <algorithm>
+#include <cstddef>
+#include <iterator>
 #include <limits>
 #include <optional>
 

@@ -1,6 +1,8 @@
 #include "TextPropertyListReader.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace {
 

@@ -3,6 +3,7 @@
 #include <QDateTime>
 
 #include <limits>
+#include <utility>
 
 namespace {
 

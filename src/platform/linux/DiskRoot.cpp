@@ -1,5 +1,7 @@
 #include "DiskRoot.h"
 
+#include <utility>
+
 DiskRoot::DiskRoot(QByteArray prefix) : m_prefix(std::move(prefix))
 {
     while (m_prefix.endsWith('/'))

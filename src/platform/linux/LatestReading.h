@@ -10,6 +10,7 @@
 #include <mutex>
 #include <optional>
 #include <thread>
+#include <utility>
 
 /// Readings from something that may be slow or hang, for a caller that may not: they are taken on a thread of
 /// their own, and the caller waits for a fresh one no longer than it has patience for, and else gets the one

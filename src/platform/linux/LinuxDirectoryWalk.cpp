@@ -4,6 +4,7 @@
 #include "FileStatus.h"
 #include "Packages.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <fcntl.h>

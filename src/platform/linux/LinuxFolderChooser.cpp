@@ -9,6 +9,8 @@
 #include <QFile>
 #include <QFutureWatcher>
 
+#include <utility>
+
 namespace {
 
 constexpr auto portalService = "org.freedesktop.portal.Desktop";

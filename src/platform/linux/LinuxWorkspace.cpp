@@ -5,6 +5,8 @@
 
 #include <QtConcurrent>
 
+#include <utility>
+
 namespace {
 
 RecycleAnswer recycleNow(const DiskRoot &disk, const Url &item)

@@ -3,6 +3,7 @@
 #include "InMemoryFileSystem.h"
 
 #include <gtest/gtest.h>
+#include <string>
 
 namespace {
 

@@ -1,5 +1,6 @@
 #include "LatestReading.h"
 
+#include <atomic>
 #include <gmock/gmock.h>
 #include <semaphore>
 

@@ -1,5 +1,6 @@
 #include "LinuxBackgroundPriority.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>

@@ -6,6 +6,7 @@
 #include "RandomTree.h"
 #include "TemporaryDisk.h"
 
+#include <algorithm>
 #include <fcntl.h>
 #include <functional>
 #include <gmock/gmock.h>

@@ -7,6 +7,8 @@
 #include <QTimer>
 
 #include <gmock/gmock.h>
+#include <string>
+#include <utility>
 
 namespace {
 

@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include <gmock/gmock.h>
+#include <string>
 #include <sys/stat.h>
 
 namespace {

@@ -5,8 +5,10 @@
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <iostream>
+#include <iterator>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 using testing::ElementsAre;
 using testing::EndsWith;

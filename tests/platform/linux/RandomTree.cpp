@@ -1,5 +1,6 @@
 #include "RandomTree.h"
 
+#include <algorithm>
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>

@@ -7,6 +7,7 @@
 #include <QTimer>
 
 #include <unistd.h>
+#include <utility>
 
 namespace {
 

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <gmock/gmock.h>
+#include <iterator>
 #include <sys/stat.h>
 #include <unistd.h>
 
