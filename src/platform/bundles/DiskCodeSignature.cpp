@@ -8,8 +8,8 @@
 
 namespace {
 
-/// The name of the bundle's executable: what its information says, else the bundle's own. Absent when the
-/// information names a file in another folder, which would lend the bundle another program's entitlements.
+/// The name of the bundle's executable: what its information says, else the bundle's own. Absent when no file of the
+/// folder for executables can have it.
 std::optional<QByteArray> executableName(const QVariantMap &information, const Url &bundle)
 {
     const auto value = information.value(QStringLiteral("CFBundleExecutable"));
@@ -17,6 +17,15 @@ std::optional<QByteArray> executableName(const QVariantMap &information, const U
     if (name.isEmpty())
         return bundle.nameWithoutExtension();
     return isFileName(name) ? std::optional(name) : std::nullopt;
+}
+
+/// Whether `executable` lies in `bundle` once links are followed. One that lies elsewhere would lend the bundle another
+/// program's entitlements.
+bool isInside(const FileSystem &fileSystem, const Url &executable, const Url &bundle)
+{
+    const auto file = fileSystem.resolved(executable);
+    const auto folder = fileSystem.resolved(bundle);
+    return file && folder && file->path().startsWith(folder->path() + '/');
 }
 
 } // namespace
@@ -29,6 +38,8 @@ std::optional<QVariantMap> DiskCodeSignature::entitlements(const Url &bundle) co
     if (!name)
         return std::nullopt;
     const auto executable = layout.executables / QByteArrayView(*name);
+    if (!isInside(m_fileSystem, executable, bundle))
+        return std::nullopt;
     return readEntitlements([&](qint64 offset, qint64 length) {
         return m_fileSystem.readFilePart(executable, offset, length).value_or(QByteArray());
     });

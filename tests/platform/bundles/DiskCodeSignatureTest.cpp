@@ -72,4 +72,9 @@ TEST_F(DiskCodeSignatureTest, theExecutableIsTheOneThatTheBundleNames)
     EXPECT_EQ(named("(main)"), groups);
     EXPECT_EQ(named("\"\""), groups);
     EXPECT_EQ(named("\"../MacOS/main\""), std::nullopt) << "a file of another folder";
+    disk.link(macOS + "inside", "main");
+    disk.link(macOS + "outside", "../../../Other.app/Contents/MacOS/other");
+    disk.fileWithContent("/Applications/Other.app/Contents/MacOS/other", SignedProgram{others, {}}.file());
+    EXPECT_EQ(named("inside"), others);
+    EXPECT_EQ(named("outside"), std::nullopt) << "another program's file";
 }
