@@ -8,6 +8,7 @@
 #include <chrono>
 #include <sys/resource.h>
 #include <system_error>
+#include <utility>
 
 namespace {
 
