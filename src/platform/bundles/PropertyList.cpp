@@ -6,7 +6,10 @@
 #include "TextPropertyListReader.h"
 #include "XmlPropertyListReader.h"
 
+#include <QRegularExpression>
 #include <QStringDecoder>
+
+#include <algorithm>
 
 namespace {
 
@@ -30,29 +33,37 @@ QStringConverter::Encoding unmarkedEncoding(QByteArrayView data)
     return data[0] == 0 ? QStringConverter::Utf16BE : QStringConverter::Utf16LE;
 }
 
-std::optional<QString> decoded(QByteArrayView bytes, QStringConverter::Encoding encoding)
+/// The encoding that XML declares for itself, as it is written there; empty when it declares none. UTF of any width is
+/// left to the bytes: where the declaration can be read as it is, they are not wide.
+QByteArray declaredEncoding(QByteArrayView data)
 {
-    QStringDecoder decoder(encoding, QStringConverter::Flag::Stateless);
-    QString text = decoder(bytes);
-    return decoder.hasError() ? std::nullopt : std::optional(std::move(text));
+    constexpr qsizetype longestDeclaration = 256;
+    const auto start = data.trimmed();
+    if (!start.startsWith("<?xml"))
+        return {};
+    const auto declaration = QString::fromLatin1(start.first(std::min(longestDeclaration, start.size())));
+    static const QRegularExpression encoding(QStringLiteral(R"(^[^>]*\sencoding\s*=\s*["']([^"'>]+)["'])"));
+    const auto name = encoding.match(declaration).captured(1);
+    return name.startsWith(u"utf", Qt::CaseInsensitive) ? QByteArray() : name.toLatin1();
 }
 
-/// The text `data` in UTF-8, without a mark. What is in UTF-8 already is not looked at.
-std::optional<QByteArray> withoutMarkInUtf8(const QByteArray &data)
+std::optional<QString> decoded(QByteArrayView bytes, QStringDecoder &&decoder)
 {
-    auto encoding = unmarkedEncoding(data);
-    qsizetype start = 0;
+    QString text = decoder(bytes);
+    return decoder.isValid() && !decoder.hasError() ? std::optional(std::move(text)) : std::nullopt;
+}
+
+/// The text in `data`, without a mark; absent when it is not in the encoding that it seems to be in.
+std::optional<QString> textIn(QByteArrayView data)
+{
+    constexpr auto flags = QStringConverter::Flag::Stateless;
     for (const auto &mark : marks) {
-        if (data.startsWith(mark.bytes)) {
-            start = mark.bytes.size();
-            encoding = mark.encoding;
-            break;
-        }
+        if (data.startsWith(mark.bytes))
+            return decoded(data.sliced(mark.bytes.size()), QStringDecoder(mark.encoding, flags));
     }
-    if (encoding == QStringConverter::Utf8)
-        return start == 0 ? data : data.sliced(start);
-    const auto text = decoded(QByteArrayView(data).sliced(start), encoding);
-    return text ? std::optional(text->toUtf8()) : std::nullopt;
+    if (const auto name = declaredEncoding(data); !name.isEmpty())
+        return decoded(data, QStringDecoder(name.constData(), flags));
+    return decoded(data, QStringDecoder(unmarkedEncoding(data), flags));
 }
 
 } // namespace
@@ -63,16 +74,15 @@ std::optional<QVariant> readPropertyList(const QByteArray &data)
         return std::nullopt;
     if (data.startsWith("bplist0"))
         return BinaryPropertyListReader(data).read();
-    const auto utf8 = withoutMarkInUtf8(data);
-    if (!utf8)
+    const auto text = textIn(data);
+    if (!text)
         return std::nullopt;
     // Bytes as text are "<0fbd 77>": the one text form that begins like XML.
-    if (QByteArrayView(*utf8).trimmed().startsWith('<')) {
-        if (auto value = XmlPropertyListReader(*utf8).read())
+    if (QStringView(*text).trimmed().startsWith(u'<')) {
+        if (auto value = XmlPropertyListReader(*text).read())
             return value;
     }
-    const auto text = decoded(*utf8, QStringConverter::Utf8);
-    return text ? TextPropertyListReader(*text).read() : std::nullopt;
+    return TextPropertyListReader(*text).read();
 }
 
 std::optional<QVariantMap> readPropertyListFile(const FileSystem &fileSystem, const Url &url)

@@ -10,7 +10,7 @@
 class FileSystem;
 
 /// Reads a property list of any form: XML, binary, or text ("{ key = value; }", and ".strings" files, which leave
-/// the braces out). Text may be UTF-8 or UTF-16, with or without a mark.
+/// the braces out). Text may be UTF-8 or UTF-16, with or without a mark, and XML of any encoding that it declares.
 ///
 /// A text is a QString, a list a QVariantList, a dictionary a QVariantMap (of equal keys the last counts), a
 /// number a qint64 (a quint64 where it is larger than that) or a double, and otherwise a bool, QByteArray or

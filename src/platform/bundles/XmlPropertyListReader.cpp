@@ -2,6 +2,8 @@
 
 #include <QDateTime>
 
+#include <algorithm>
+#include <iterator>
 #include <limits>
 #include <utility>
 
@@ -67,81 +69,62 @@ constexpr Scalar scalars[] = {
     {u"false", [](QString &&) { return std::optional(QVariant(false)); }},
 };
 
-/// Where the text goes on behind the declaration of its version and encoding; the beginning when it has none.
-qsizetype declarationEnd(QByteArrayView text)
-{
-    if (!text.startsWith("<?xml"))
-        return 0;
-    const auto end = text.indexOf("?>");
-    return end < 0 ? 0 : end + 2;
-}
-
 } // namespace
-
-XmlPropertyListReader::XmlPropertyListReader(const QByteArray &text)
-{
-    m_text.setData(text);
-    m_text.open(QBuffer::ReadOnly);
-    m_text.seek(declarationEnd(text));
-    m_xml.setDevice(&m_text);
-}
 
 std::optional<QVariant> XmlPropertyListReader::read()
 {
-    if (!m_xml.readNextStartElement())
-        return std::nullopt;
-    if (m_xml.name() != u"plist")
-        return value(1);
-    if (!m_xml.readNextStartElement())
-        return std::nullopt;
-    auto root = value(1);
-    if (m_xml.readNextStartElement() || m_xml.hasError())
-        return std::nullopt;
-    return root;
+    constexpr QStringView plist = u"plist";
+    const auto first = m_xml.takeOpening();
+    if (!first || first->name != plist)
+        return first ? value(*first, 1) : std::nullopt;
+    const auto root = first->isEmpty ? std::nullopt : m_xml.takeOpening();
+    auto list = root ? value(*root, 1) : std::nullopt;
+    return m_xml.takeClosing(plist) ? list : std::nullopt;
 }
 
-std::optional<QVariant> XmlPropertyListReader::value(int depth)
+std::optional<QVariant> XmlPropertyListReader::value(const XmlCursor::Tag &tag, int depth)
 {
     if (!m_budget.spend(depth))
         return std::nullopt;
-    if (m_xml.name() == u"dict")
-        return dictionary(depth);
-    if (m_xml.name() == u"array")
-        return list(depth);
-    for (const auto &scalar : scalars) {
-        if (m_xml.name() == scalar.tag) {
-            auto text = m_xml.readElementText();
-            return m_xml.hasError() ? std::nullopt : scalar.parse(std::move(text));
-        }
-    }
-    return std::nullopt;
+    if (tag.name == u"dict")
+        return dictionary(tag, depth);
+    if (tag.name == u"array")
+        return list(tag, depth);
+    const auto *const scalar = std::ranges::find(scalars, tag.name, &Scalar::tag);
+    auto content = scalar == std::end(scalars) ? std::nullopt : text(tag);
+    return content ? scalar->parse(std::move(*content)) : std::nullopt;
 }
 
-std::optional<QVariant> XmlPropertyListReader::list(int depth)
+std::optional<QVariant> XmlPropertyListReader::list(const XmlCursor::Tag &tag, int depth)
 {
     QVariantList list;
-    while (m_xml.readNextStartElement()) {
-        auto element = value(depth + 1);
+    while (const auto next = tag.isEmpty ? std::nullopt : m_xml.takeOpening()) {
+        auto element = value(*next, depth + 1);
         if (!element)
             return std::nullopt;
         list.append(std::move(*element));
     }
-    return m_xml.hasError() ? std::nullopt : std::optional(QVariant(list));
+    return tag.isEmpty || m_xml.takeClosing(tag.name) ? std::optional(QVariant(list)) : std::nullopt;
 }
 
-std::optional<QVariant> XmlPropertyListReader::dictionary(int depth)
+std::optional<QVariant> XmlPropertyListReader::dictionary(const XmlCursor::Tag &tag, int depth)
 {
     QVariantMap dictionary;
-    while (m_xml.readNextStartElement()) {
-        if (m_xml.name() != u"key")
-            return std::nullopt;
-        const auto key = m_xml.readElementText();
-        if (!m_xml.readNextStartElement())
-            return std::nullopt;
-        auto element = value(depth + 1);
+    while (const auto next = tag.isEmpty ? std::nullopt : m_xml.takeOpening()) {
+        const auto key = next->name == u"key" ? text(*next) : std::nullopt;
+        const auto valueTag = key ? m_xml.takeOpening() : std::nullopt;
+        auto element = valueTag ? value(*valueTag, depth + 1) : std::nullopt;
         if (!element)
             return std::nullopt;
-        dictionary.insert(key, *element);
+        dictionary.insert(*key, *element);
     }
-    return m_xml.hasError() ? std::nullopt : std::optional(QVariant(dictionary));
+    return tag.isEmpty || m_xml.takeClosing(tag.name) ? std::optional(QVariant(dictionary)) : std::nullopt;
+}
+
+std::optional<QString> XmlPropertyListReader::text(const XmlCursor::Tag &tag)
+{
+    if (tag.isEmpty)
+        return QString();
+    auto text = m_xml.takeText();
+    return m_xml.takeClosing(tag.name) ? text : std::nullopt;
 }

@@ -1,10 +1,9 @@
 #pragma once
 
 #include "PropertyListBudget.h"
+#include "XmlCursor.h"
 
-#include <QBuffer>
 #include <QVariant>
-#include <QXmlStreamReader>
 
 #include <optional>
 
@@ -12,19 +11,19 @@
 class XmlPropertyListReader
 {
 public:
-    /// `text` is in UTF-8, whatever encoding it declares for itself.
-    explicit XmlPropertyListReader(const QByteArray &text);
+    /// `text` outlives the reader.
+    explicit XmlPropertyListReader(QStringView text) : m_xml(text) { }
 
     /// To be called once.
     std::optional<QVariant> read();
 
 private:
-    std::optional<QVariant> value(int depth);
-    std::optional<QVariant> list(int depth);
-    std::optional<QVariant> dictionary(int depth);
+    // Each is given the tag that was just taken.
+    std::optional<QVariant> value(const XmlCursor::Tag &tag, int depth);
+    std::optional<QVariant> list(const XmlCursor::Tag &tag, int depth);
+    std::optional<QVariant> dictionary(const XmlCursor::Tag &tag, int depth);
+    std::optional<QString> text(const XmlCursor::Tag &tag);
 
-    // Text that comes from a device is decoded piece by piece, not all at once.
-    QBuffer m_text;
-    QXmlStreamReader m_xml;
+    XmlCursor m_xml;
     PropertyListBudget m_budget;
 };

@@ -123,6 +123,35 @@ TEST(PropertyListTest, textInEveryEncodingIsRead)
     EXPECT_FALSE(readPropertyList("a = \"\xff\";"));
 }
 
+TEST(PropertyListTest, xmlIsReadInTheEncodingThatItDeclares)
+{
+    const auto declared = [](const QByteArray &declaration, const QByteArray &text) {
+        return readPropertyList("\n\t <?xml version='1.0' " + declaration + " ?><plist><string>" + text
+                                + "</string></plist>");
+    };
+    EXPECT_EQ(declared("", "\xc5\xbb"), "Ż") << "blanks in front";
+    EXPECT_EQ(declared("encoding=\"ISO-8859-1\"", "caf\xe9"), "café");
+    EXPECT_EQ(declared("encoding = 'latin1'", "caf\xe9"), "café");
+    EXPECT_EQ(declared("encoding='windows-1250'", "\xaf"), "Ż");
+    EXPECT_EQ(declared("encoding='UTF-16'", "\xc5\xbb"), "Ż") << "what can be read as bytes is not of two";
+    EXPECT_EQ(declared("encoding='UTF-8'", "caf\xe9"), std::nullopt);
+    EXPECT_EQ(declared("encoding='nothing-known'", "a"), std::nullopt);
+    EXPECT_EQ(read(encoded("\r\n <?xml encoding='ISO-8859-1'?><string>Ż</string>", QStringConverter::Utf16BE)),
+              "Ż");
+}
+
+TEST(PropertyListTest, xmlTextsMayHoldAnyCharacterAndEveryReference)
+{
+    EXPECT_EQ(read("<string>a\x01\x1f b&#1;&#x1F642;&lt;&gt;&quot;&apos;&amp;<![CDATA[<&]]><!-- - --></string>"),
+              "a\x01\x1f b\x01🙂<>\"'&<&");
+    EXPECT_EQ(
+        read("<?a?><!--<b>--><!DOCTYPE c [ <!ENTITY d \"]>\"> <!-- ' --> ]>\n<string e='>' f=\"/\" >g</string >"),
+        "g");
+    EXPECT_EQ(read("<plist><array /></plist> and more"), QVariantList());
+    for (const auto *broken : {"&d;", "&#;", "&#x110000;", "&#xD800;", "&amp", "<!-- ", "<![CDATA[a", "a<b/>"})
+        EXPECT_FALSE(readPropertyList("<string>" + QByteArray(broken) + "</string>")) << broken;
+}
+
 TEST(PropertyListTest, textFormHasTextsListsDictionariesAndBytes)
 {
     EXPECT_EQ(read(R"({ a = (x, "y z", (), ); b = <00 ff7F>; c.d-e/f:g_$1 = { 'k' = ""; }; })"),
