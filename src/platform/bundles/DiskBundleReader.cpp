@@ -14,16 +14,39 @@ namespace {
 // What a bundle is must not depend on the user's language.
 constexpr QStringView neverLocalized[] = {u"CFBundleIdentifier", u"CFBundleExecutable", u"CFBundlePackageType"};
 
+// Far more, and far longer, than languages have names.
+constexpr qsizetype mostTranslations = 1000;
+constexpr qsizetype longestLanguage = 64;
+
+bool isLanguage(const QString &name)
+{
+    return !name.isEmpty() && name.size() <= longestLanguage;
+}
+
+/// The languages into which the compiled table `table` translates.
+QStringList translationsIn(const QVariantMap &table)
+{
+    QStringList languages;
+    for (const auto &[language, translation] : table.asKeyValueRange()) {
+        if (translation.typeId() == QMetaType::QVariantMap && isLanguage(language))
+            languages.append(language);
+        if (languages.size() == mostTranslations)
+            break;
+    }
+    return languages;
+}
+
 /// What LANGUAGE is in the names of the folders LANGUAGE.lproj.
 QStringList translationFolders(const FileSystem &fileSystem, const Url &resources)
 {
-    constexpr qsizetype most = 1000;
     QStringList languages;
     for (const auto &entry : fileSystem.contentsOfDirectory(resources)) {
-        const auto name = entry.name();
-        if (extensionOf(name) == "lproj")
-            languages.append(QString::fromUtf8(name.chopped(QByteArrayView(".lproj").size())));
-        if (languages.size() == most)
+        if (extensionOf(entry.name()) != "lproj")
+            continue;
+        const auto language = QString::fromUtf8(entry.name().chopped(QByteArrayView(".lproj").size()));
+        if (isLanguage(language))
+            languages.append(language);
+        if (languages.size() == mostTranslations)
             break;
     }
     // The listing comes in the file system's order; the answer must not.
@@ -63,12 +86,13 @@ QVariantMap DiskBundleReader::localizedInformation(const BundleLayout &layout,
 {
     const auto table =
         readPropertyListFile(m_fileSystem, layout.resources / "InfoPlist.loctable").value_or(QVariantMap());
-    const auto languages = table.keys() + translationFolders(m_fileSystem, layout.resources);
+    const auto languages = translationsIn(table) + translationFolders(m_fileSystem, layout.resources);
     for (const auto &language : translationsToSearch(languages, m_preferredLanguages, developmentRegion)) {
         const auto compiled = table.value(language);
         if (compiled.typeId() == QMetaType::QVariantMap)
             return compiled.toMap();
-        const auto folder = layout.resources / QString(language + QStringLiteral(".lproj"));
+        const auto folder = language.isEmpty() ? layout.resources
+                                               : layout.resources / QString(language + QStringLiteral(".lproj"));
         if (const auto strings = readPropertyListFile(m_fileSystem, folder / "InfoPlist.strings"))
             return *strings;
     }

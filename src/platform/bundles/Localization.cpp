@@ -127,6 +127,11 @@ QStringList translationsToSearch(const QStringList &available, const QStringList
             break;
     }
     names += translationsFor(available, developmentRegion);
+    names += QString();
+    if (const auto base = QStringLiteral("Base"); available.contains(base))
+        names += base;
+    names += translationsFor(available, QStringLiteral("en"));
+    names += available;
     names.removeDuplicates();
     return names;
 }

@@ -85,6 +85,17 @@ TEST_F(DiskBundleReaderTest, valuesFollowTheUsersLanguages)
     EXPECT_EQ(name({}), "English");
 }
 
+TEST_F(DiskBundleReaderTest, anyTranslationIsBetterThanNone)
+{
+    information("/Contents/Info.plist", "{ CFBundleName = Notes; CFBundleDevelopmentRegion = de; }");
+    // Each comes before those above it. Of two that serve alike, the same counts on every disk.
+    for (const QByteArray folder : {"sv.lproj/", "cs.lproj/", "en_GB.lproj/", "English.lproj/", "Base.lproj/", "",
+                                    "German.lproj/", "pl.lproj/"}) {
+        information("/Contents/Resources/" + folder + "InfoPlist.strings", "CFBundleName = \"" + folder + "\";");
+        EXPECT_EQ(name({"pl-PL"}), folder.toStdString());
+    }
+}
+
 TEST_F(DiskBundleReaderTest, theCompiledTableIsATranslation)
 {
     information("/Contents/Info.plist", "{ CFBundleName = Notes; CFBundleDisplayName = (1); }");
@@ -96,6 +107,6 @@ TEST_F(DiskBundleReaderTest, theCompiledTableIsATranslation)
     EXPECT_EQ(name(), "Notatki");
     EXPECT_EQ(name({"de"}), "Notizen") << "a table without that language";
     EXPECT_EQ(name({"pt"}), "-") << "a translation that is no text hides the name";
-    EXPECT_EQ(name({"sv"}), "Notes");
+    EXPECT_EQ(name({"sv"}), "Notatki") << "any is better than none, the table's first";
     EXPECT_EQ(text("CFBundleDisplayName"), "-") << "a display name that is no text";
 }
