@@ -6,7 +6,6 @@
 #include <QThreadPool>
 #include <QtConcurrent>
 
-#include <atomic>
 #include <functional>
 #include <type_traits>
 #include <utility>
@@ -29,13 +28,11 @@ public:
     {
         static_assert(std::is_trivially_destructible_v<Function>,
                       "hand over what the function needs as arguments, not as captures");
-        const auto work = [&system = m_backgroundPriority, &handedOver = m_handedOver, priority,
+        const auto work = [&system = m_backgroundPriority, priority,
                            function](const std::decay_t<Arguments> &...copies) {
-            handedOver.load(std::memory_order_acquire);
             applyOnce(system, priority);
             return std::invoke(function, copies...);
         };
-        m_handedOver.fetch_add(1, std::memory_order_release);
         return QtConcurrent::run(&pool(priority), work, std::forward<Arguments>(arguments)...);
     }
 
@@ -48,9 +45,6 @@ private:
     static void applyOnce(const BackgroundPriority &system, TaskPriority priority);
 
     const BackgroundPriority &m_backgroundPriority;
-    // What was written before a task is handed over is there when it runs. The pools see to that themselves, but
-    // by locks that ThreadSanitizer cannot see; this it sees.
-    std::atomic<quint32> m_handedOver = 0;
     QThreadPool m_userInitiated;
     QThreadPool m_utility;
 };
