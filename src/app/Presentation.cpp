@@ -3,8 +3,10 @@
 #include "ByteCount.h"
 #include "DashboardPresentation.h"
 #include "DeletionRequest.h"
-#include "Symbols.h"
+#include "SidebarSection.h"
 #include "Text.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -28,9 +30,8 @@ QString argumentText(const QVariant &argument)
 QVariantList Presentation::sections()
 {
     QVariantList list;
-    for (const auto section : allCases<SidebarSelection>())
-        list.append(
-            QVariant::fromValue(SidebarSection{section, rawValue(section), sidebarSymbol(section).toString()}));
+    for (const auto &section : sidebarSections())
+        list.append(QVariant::fromValue(section));
     return list;
 }
 
@@ -50,6 +51,13 @@ QVariantList Presentation::mediaCategories()
 QVariantList Presentation::textFileCategories()
 {
     return choices<TextFileCategory>(u"text_");
+}
+
+QVariant Presentation::section(SidebarSelection selection)
+{
+    const auto &sections = sidebarSections();
+    const auto section = std::ranges::find(sections, selection, &SidebarSection::selection);
+    return section == sections.end() ? QVariant() : QVariant::fromValue(*section);
 }
 
 QString Presentation::text(const QString &key, AppLanguage language)

@@ -5,20 +5,6 @@
 #include <QObject>
 #include <QVariant>
 
-/// One row of the sidebar.
-struct SidebarSection
-{
-    Q_GADGET
-    Q_PROPERTY(Tarnvale::SidebarSelection selection MEMBER selection)
-    Q_PROPERTY(QString textKey MEMBER textKey)
-    Q_PROPERTY(QString symbol MEMBER symbol)
-
-public:
-    SidebarSelection selection;
-    QString textKey;
-    QString symbol;
-};
-
 /// One segment of the language switch.
 struct LanguageChoice
 {
@@ -49,7 +35,7 @@ public:
 class Presentation : public QObject
 {
     Q_OBJECT
-    /// Lists of `SidebarSection`, `LanguageChoice` and `CategoryChoice` in the order of their enumerations.
+    /// Lists of `SidebarSection`, `LanguageChoice` and `CategoryChoice` in the order in which they are shown.
     Q_PROPERTY(QVariantList sections READ sections CONSTANT)
     Q_PROPERTY(QVariantList languages READ languages CONSTANT)
     Q_PROPERTY(QVariantList mediaCategories READ mediaCategories CONSTANT)
@@ -62,6 +48,9 @@ public:
     static QVariantList languages();
     static QVariantList mediaCategories();
     static QVariantList textFileCategories();
+
+    /// The screen's row of `sections`; undefined where there is none.
+    Q_INVOKABLE static QVariant section(Tarnvale::SidebarSelection selection);
 
     /// The text under `key`; the key itself where there is none.
     Q_INVOKABLE static QString text(const QString &key, Tarnvale::AppLanguage language);

@@ -36,46 +36,26 @@ constexpr TileRow<TextFileCategory> textFileCategories[] = {
     {TextFileCategory::pdf, {u"doc.richtext", u"red"}},
 };
 
-struct SectionRow
+/// A case without a row has no symbol.
+template <typename Table, typename Case> SymbolTile tileOf(const Table &table, Case value)
 {
-    SidebarSelection value;
-    QStringView symbol;
-};
-
-constexpr SectionRow sections[] = {
-    {SidebarSelection::dashboard, u"rectangle.grid.2x2"},
-    {SidebarSelection::uninstaller, u"trash"},
-    {SidebarSelection::applications, u"app.badge"},
-    {SidebarSelection::leftovers, u"eraser"},
-    {SidebarSelection::cleaner, u"gauge.with.dots.needle.33percent"},
-    {SidebarSelection::mediaFinder, u"photo.on.rectangle.angled"},
-    {SidebarSelection::textFinder, u"doc.text.magnifyingglass"},
-};
-
-/// The tables hold every case of their enumeration.
-template <typename Table, typename Case> const auto &rowOf(const Table &table, Case value)
-{
-    return *std::ranges::find(table, value, &std::ranges::range_value_t<Table>::value);
+    const auto row = std::ranges::find(table, value, &std::ranges::range_value_t<Table>::value);
+    return row == std::ranges::end(table) ? SymbolTile{} : row->tile;
 }
 
 } // namespace
 
 SymbolTile symbolTile(ScanItemKind kind)
 {
-    return rowOf(kinds, kind).tile;
+    return tileOf(kinds, kind);
 }
 
 SymbolTile symbolTile(MediaCategory category)
 {
-    return rowOf(mediaCategories, category).tile;
+    return tileOf(mediaCategories, category);
 }
 
 SymbolTile symbolTile(TextFileCategory category)
 {
-    return rowOf(textFileCategories, category).tile;
-}
-
-QStringView sidebarSymbol(SidebarSelection section)
-{
-    return rowOf(sections, section).symbol;
+    return tileOf(textFileCategories, category);
 }

@@ -14,6 +14,3 @@ struct SymbolTile
 SymbolTile symbolTile(ScanItemKind kind);
 SymbolTile symbolTile(MediaCategory category);
 SymbolTile symbolTile(TextFileCategory category);
-
-/// The symbol of a screen in the sidebar and in the screen's heading.
-QStringView sidebarSymbol(SidebarSelection section);

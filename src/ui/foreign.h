@@ -6,6 +6,7 @@
 #include "InstalledApplication.h"
 #include "ListModelBase.h"
 #include "Presentation.h"
+#include "SidebarSection.h"
 #include "Url.h"
 #include "UserNotice.h"
 
@@ -63,6 +64,13 @@ struct InstalledApplicationForeign
     Q_GADGET
     QML_FOREIGN(InstalledApplication)
     QML_VALUE_TYPE(installedApplication)
+};
+
+struct SidebarSectionForeign
+{
+    Q_GADGET
+    QML_FOREIGN(SidebarSection)
+    QML_VALUE_TYPE(sidebarSection)
 };
 
 struct UserNoticeForeign

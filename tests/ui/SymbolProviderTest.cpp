@@ -1,6 +1,7 @@
 #include "SymbolProvider.h"
 
 #include "Presentation.h"
+#include "SidebarSection.h"
 #include "Symbols.h"
 
 #include <QDirIterator>
@@ -27,7 +28,7 @@ QSet<QString> namedSymbols()
             names.insert(matches.next().captured(1));
     }
     for (const auto section : allCases<SidebarSelection>())
-        names.insert(sidebarSymbol(section).toString());
+        names.insert(Presentation::section(section).value<SidebarSection>().symbol);
     const auto insertTiles = [&names](const auto &cases) {
         for (const auto value : cases)
             names.insert(symbolTile(value).symbol.toString());

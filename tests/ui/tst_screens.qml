@@ -87,12 +87,23 @@ Item {
         }
 
         function test_everyScreenIsReachedByMouseAndKey() {
-            const names = ["Dashboard", "Uninstaller", "Applications", "Leftovers", "Cache & Logs", "Media Files", "Text Files"];
-            for (const [index, name] of names.entries()) {
+            // In the sidebar, in the heading, and the key of what that screen alone says.
+            const screens = [
+                ["Dashboard", "Dashboard", "dashboard_help"],
+                ["Uninstaller", "Uninstaller", "welcome"],
+                ["Applications", "Applications", "applications_not_scanned_help"],
+                ["Leftovers", "Leftovers", "scan_leftovers_help"],
+                ["Cache & Logs", "Cache & Logs", "scan_cleaner_help"],
+                ["Media Files", "Media File Finder", "media_help"],
+                ["Text Files", "Text File Finder", "text_help"]
+            ];
+            compare(Presentation.sections.length, screens.length);
+            for (const [index, [name, heading, said]] of screens.entries()) {
                 press(name);
                 compare(app.sidebarSelection, index);
+                compare(missing([heading, Texts.of(said)]), []);
             }
-            for (let index = 0; index < names.length; ++index) {
+            for (let index = 0; index < screens.length; ++index) {
                 keyClick(Qt.Key_1 + index, Qt.ControlModifier);
                 compare(app.sidebarSelection, index);
             }
@@ -106,7 +117,7 @@ Item {
                 root.width = width;
                 for (const language of [Tarnvale.AppLanguage.polish, Tarnvale.AppLanguage.english]) {
                     app.language = language;
-                    for (let section = 0; section < 7; ++section) {
+                    for (let section = 0; section < Presentation.sections.length; ++section) {
                         go(section);
                         compare(bench.namelessControls(root), [], "screen " + section);
                         compare(bench.clippedTexts(root), [], "screen " + section);

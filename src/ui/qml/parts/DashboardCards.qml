@@ -6,6 +6,7 @@ import Tarnvale
 GridLayout {
     id: grid
 
+    required property sidebarSection section
     /// A DashboardPresentation.
     required property var reading
 
@@ -21,9 +22,8 @@ GridLayout {
 
         UtilityHeader {
             width: parent.width
-            title: Texts.of("dashboard")
+            section: grid.section
             subtitle: Texts.of("dashboard_help")
-            systemImage: "rectangle.grid.2x2"
 
             PushButton {
                 text: Texts.of("refresh")

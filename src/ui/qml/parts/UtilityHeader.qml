@@ -6,9 +6,8 @@ import Tarnvale
 RowLayout {
     id: header
 
-    required property string title
+    required property sidebarSection section
     property string subtitle
-    required property string systemImage
     default property alias actions: actionRow.data
 
     spacing: 14
@@ -22,7 +21,7 @@ RowLayout {
 
         Symbol {
             anchors.centerIn: parent
-            name: header.systemImage
+            name: header.section.symbol
             size: 20
             weight: Font.DemiBold
             color: Theme.accent
@@ -36,7 +35,7 @@ RowLayout {
 
         PlainText {
             Layout.fillWidth: true
-            text: header.title
+            text: Texts.of(header.section.headingKey)
             font: Theme.screenTitle
             elide: Text.ElideRight
             Accessible.role: Accessible.Heading

@@ -7,6 +7,7 @@ FocusScope {
     id: view
 
     required property AppViewModel viewModel
+    required property sidebarSection section
 
     ColumnLayout {
         anchors {
@@ -18,8 +19,7 @@ FocusScope {
         UtilityHeader {
             Layout.fillWidth: true
             Layout.bottomMargin: Theme.small
-            title: Texts.of("applications")
-            systemImage: "app.badge"
+            section: view.section
 
             ProminentButton {
                 text: Texts.of("scan")
@@ -35,7 +35,7 @@ FocusScope {
             visible: view.viewModel.applications.isEmpty
             title: Texts.of("applications_not_scanned_title")
             description: Texts.of("applications_not_scanned_help")
-            systemImage: "app.badge"
+            systemImage: view.section.symbol
 
             PushButton {
                 text: Texts.of("scan")

@@ -7,6 +7,7 @@ FocusScope {
     id: view
 
     required property AppViewModel viewModel
+    required property sidebarSection section
 
     ColumnLayout {
         anchors {
@@ -18,9 +19,8 @@ FocusScope {
         UtilityHeader {
             Layout.fillWidth: true
             Layout.bottomMargin: Theme.small
-            title: Texts.of("cleaner")
+            section: view.section
             subtitle: Texts.of("scan_cleaner_help")
-            systemImage: "gauge.with.dots.needle.33percent"
 
             ProminentButton {
                 text: Texts.of("scan")
@@ -46,7 +46,7 @@ FocusScope {
             visible: view.viewModel.cleanerItems.isEmpty
             title: Texts.of("cleaner_empty_title")
             description: view.viewModel.statusMessage || Texts.of("scan_cleaner_help")
-            systemImage: "gauge.with.dots.needle.33percent"
+            systemImage: view.section.symbol
         }
     }
 }

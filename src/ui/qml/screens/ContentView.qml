@@ -8,45 +8,6 @@ Item {
 
     required property AppViewModel viewModel
 
-    /// In the order of SidebarSelection.
-    readonly property list<Component> screens: [
-        Component {
-            DashboardView {
-                viewModel: content.viewModel
-            }
-        },
-        Component {
-            UninstallerView {
-                viewModel: content.viewModel
-            }
-        },
-        Component {
-            ApplicationsView {
-                viewModel: content.viewModel
-            }
-        },
-        Component {
-            LeftoversView {
-                viewModel: content.viewModel
-            }
-        },
-        Component {
-            CleanerView {
-                viewModel: content.viewModel
-            }
-        },
-        Component {
-            MediaFinderView {
-                viewModel: content.viewModel
-            }
-        },
-        Component {
-            TextFileFinderView {
-                viewModel: content.viewModel
-            }
-        }
-    ]
-
     T.SplitView {
         anchors.fill: parent
 
@@ -95,7 +56,23 @@ Item {
                     bottom: statusBar.visible ? statusBar.top : parent.bottom
                 }
                 focus: true
-                sourceComponent: content.screens[content.viewModel.sidebarSelection]
+                Component.onCompleted: show(content.viewModel.sidebarSelection)
+
+                function show(selection: int) {
+                    const section = Presentation.section(selection);
+                    setSource(section.view + ".qml", {
+                        "viewModel": content.viewModel,
+                        "section": section
+                    });
+                }
+
+                Connections {
+                    function onSidebarSelectionChanged() {
+                        screen.show(content.viewModel.sidebarSelection);
+                    }
+
+                    target: content.viewModel
+                }
             }
 
             BusyPlate {

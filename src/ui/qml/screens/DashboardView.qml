@@ -7,6 +7,7 @@ FocusScope {
     id: view
 
     required property AppViewModel viewModel
+    required property sidebarSection section
     /// A DashboardPresentation; undefined before the first reading.
     readonly property var reading: Presentation.dashboard(viewModel.dashboardSnapshot, viewModel.language)
 
@@ -19,7 +20,7 @@ FocusScope {
         visible: !view.reading
         title: Texts.of("dashboard_no_data")
         description: Texts.of("dashboard_refresh_help")
-        systemImage: "rectangle.grid.2x2"
+        systemImage: view.section.symbol
 
         PushButton {
             text: Texts.of("refresh")
@@ -49,6 +50,7 @@ FocusScope {
             active: Boolean(view.reading)
 
             sourceComponent: DashboardCards {
+                section: view.section
                 reading: view.reading
                 onRefresh: view.viewModel.refreshDashboard()
             }

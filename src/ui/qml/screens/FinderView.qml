@@ -7,11 +7,10 @@ FocusScope {
     id: view
 
     required property AppViewModel viewModel
-    required property string title
+    required property sidebarSection section
     required property string help
     required property string chooseText
     required property string emptyTitle
-    required property string systemImage
     required property ListModelBase files
     /// A Url; undefined while none is chosen.
     required property var folder
@@ -35,9 +34,8 @@ FocusScope {
         UtilityHeader {
             Layout.fillWidth: true
             Layout.bottomMargin: Theme.small
-            title: view.title
+            section: view.section
             subtitle: view.help
-            systemImage: view.systemImage
         }
 
         RowLayout {
@@ -158,7 +156,7 @@ FocusScope {
             visible: view.files.isEmpty
             title: view.emptyTitle
             description: view.viewModel.statusMessage || view.help
-            systemImage: view.systemImage
+            systemImage: view.section.symbol
         }
     }
 }

@@ -7,6 +7,7 @@ FocusScope {
     id: view
 
     required property AppViewModel viewModel
+    required property sidebarSection section
 
     ColumnLayout {
         anchors {
@@ -18,9 +19,8 @@ FocusScope {
         UtilityHeader {
             Layout.fillWidth: true
             Layout.bottomMargin: Theme.small
-            title: Texts.of("leftovers")
+            section: view.section
             subtitle: Texts.of("scan_leftovers_help")
-            systemImage: "eraser"
 
             ProminentButton {
                 text: Texts.of("scan")
@@ -65,7 +65,7 @@ FocusScope {
             visible: view.viewModel.leftoverItems.isEmpty
             title: Texts.of("leftovers_empty_title")
             description: view.viewModel.statusMessage || Texts.of("scan_leftovers_help")
-            systemImage: "eraser"
+            systemImage: view.section.symbol
         }
     }
 }

@@ -2,11 +2,9 @@ import Tarnvale
 
 /// Finds video, audio and images.
 FinderView {
-    title: Texts.of("media_finder")
     help: Texts.of("media_help")
     chooseText: Texts.of("media_choose_folder")
     emptyTitle: Texts.of("media_empty_title")
-    systemImage: "photo.on.rectangle.angled"
     files: viewModel.mediaFiles
     folder: viewModel.selectedMediaFolder
     categories: Presentation.mediaCategories

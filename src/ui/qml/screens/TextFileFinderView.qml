@@ -2,11 +2,9 @@ import Tarnvale
 
 /// Finds documents.
 FinderView {
-    title: Texts.of("text_finder")
     help: Texts.of("text_help")
     chooseText: Texts.of("text_choose_folder")
     emptyTitle: Texts.of("text_empty_title")
-    systemImage: "doc.text.magnifyingglass"
     files: viewModel.textFiles
     folder: viewModel.selectedTextFolder
     categories: Presentation.textFileCategories

@@ -7,6 +7,7 @@ FocusScope {
     id: view
 
     required property AppViewModel viewModel
+    required property sidebarSection section
 
     Keys.onReturnPressed: event => event.isAutoRepeat || viewModel.scanApplicationByName()
     Keys.onEnterPressed: event => event.isAutoRepeat || viewModel.scanApplicationByName()
@@ -21,9 +22,8 @@ FocusScope {
         UtilityHeader {
             Layout.fillWidth: true
             Layout.bottomMargin: Theme.small
-            title: Texts.of("uninstaller")
+            section: view.section
             subtitle: Texts.of("welcome")
-            systemImage: "trash"
         }
 
         RowLayout {
