@@ -70,13 +70,14 @@ bool isBlank(const QString &text)
 AppViewModel::AppViewModel(const Platform &platform, QObject *parent)
     : QObject(parent), m_selectedMediaCategories(everyCase<MediaCategory>()),
       m_selectedTextFileCategories(everyCase<TextFileCategory>()), m_workspace(platform.workspace),
+      m_systemFacts(platform.systemFacts),
       m_systemInfoService(std::make_unique<SystemInfoService>(platform.fileSystem, platform.systemFacts)),
       m_scans(std::make_unique<ScanWorkflows>(*this, platform)),
       m_removal(std::make_unique<RemovalWorkflow>(*this, platform)), m_background(platform.backgroundPriority)
 {
     connectLists();
     connectDerivedProperties();
-    awaitBattery(platform.systemFacts.firstPowerReading());
+    connectLateBattery();
 }
 
 AppViewModel::~AppViewModel() = default;
@@ -104,17 +105,12 @@ void AppViewModel::connectDerivedProperties()
         connect(this, source, this, &AppViewModel::selectedApplicationRowChanged);
 }
 
-void AppViewModel::awaitBattery(const QFuture<void> &firstReading)
+void AppViewModel::connectLateBattery()
 {
-    if (firstReading.isFinished())
-        return;
-    auto *watcher = new QFutureWatcher<void>(this);
-    connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher] {
-        watcher->deleteLater();
-        if (m_dashboardSnapshot && !m_dashboardSnapshot->battery)
-            refreshDashboard();
+    connect(&m_lateBattery, &QFutureWatcherBase::finished, this, [this] {
+        m_dashboardSnapshot->battery = m_systemInfoService->batteryInfo();
+        Q_EMIT dashboardSnapshotChanged();
     });
-    watcher->setFuture(firstReading);
 }
 
 // The fields
@@ -375,6 +371,8 @@ void AppViewModel::refreshDashboard()
 {
     set(&AppViewModel::m_dashboardSnapshot, m_systemInfoService->snapshot(),
         &AppViewModel::dashboardSnapshotChanged);
+    if (const auto late = m_systemFacts.latePowerReading())
+        m_lateBattery.setFuture(*late);
 }
 
 void AppViewModel::revealMediaFile(int row)

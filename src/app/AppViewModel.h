@@ -10,6 +10,7 @@
 #include "UserNotice.h"
 
 #include <QFuture>
+#include <QFutureWatcher>
 #include <QObject>
 #include <QSet>
 #include <QVariant>
@@ -19,6 +20,7 @@
 
 class RemovalWorkflow;
 class ScanWorkflows;
+class SystemFacts;
 class SystemInfoService;
 class Workspace;
 struct Platform;
@@ -223,7 +225,7 @@ private:
 
     void connectLists();
     void connectDerivedProperties();
-    void awaitBattery(const QFuture<void> &firstReading);
+    void connectLateBattery();
     template <typename File> void reveal(const ListModel<File> &files, int row);
     bool canDelete(const ListModelBase &items) const { return canScan() && items.selectedCount() > 0; }
 
@@ -288,7 +290,10 @@ private:
     quint64 m_turns = 0;
 
     Workspace &m_workspace;
+    const SystemFacts &m_systemFacts;
     std::unique_ptr<SystemInfoService> m_systemInfoService;
+    /// Of what the last refresh of the dashboard did not wait for.
+    QFutureWatcher<void> m_lateBattery;
     std::unique_ptr<ScanWorkflows> m_scans;
     std::unique_ptr<RemovalWorkflow> m_removal;
     // Goes first when the object is destroyed, and waits: scans use the scanners.

@@ -3,7 +3,7 @@
 #include "ByteCount.h"
 #include "Text.h"
 
-#include <QLocale>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <iterator>
@@ -69,10 +69,9 @@ public:
         return bytes ? formattedByteCount(static_cast<qint64>(*bytes), ByteCountStyle::memory) : notAvailable();
     }
 
-    /// An abbreviated date and the time without seconds, the month in the interface's language.
     QString date(const std::optional<QDateTime> &date) const
     {
-        return date ? localeOf(m_language).toString(*date, QStringLiteral("d MMM yyyy, HH:mm")) : notAvailable();
+        return date ? shortMoment(*date, QLocale::system()) : notAvailable();
     }
 
     Gauge gauge(std::optional<double> part, double whole) const
@@ -116,9 +115,15 @@ QList<LabelledValue> describe(const BatteryInfo &battery, const Wording &in)
             in.row(u"dashboard_design_capacity", in.number(battery.designCapacity, QStringLiteral(" mAh")))};
 }
 
+/// Never below 0, whatever a file system tells: some promise more than they hold.
+qint64 usedBytes(const StorageInfo &storage)
+{
+    return std::max<qint64>(storage.totalBytes - storage.freeBytes, 0);
+}
+
 QList<LabelledValue> describe(const StorageInfo &storage, const Wording &in)
 {
-    return {in.row(u"dashboard_used", fileSize(storage.totalBytes - storage.freeBytes)),
+    return {in.row(u"dashboard_used", fileSize(usedBytes(storage))),
             in.row(u"dashboard_free", fileSize(storage.freeBytes)),
             in.row(u"dashboard_total", fileSize(storage.totalBytes))};
 }
@@ -143,6 +148,18 @@ QVariantList variants(const QList<LabelledValue> &values)
 
 } // namespace
 
+QString shortMoment(const QDateTime &moment, const QLocale &locale)
+{
+    // Locales have a long date and one of digits alone. The weekday comes first or last in the long one.
+    static const QRegularExpression weekday(QStringLiteral("^dddd\\S*\\s+|[\\s,،]*dddd.*$"));
+    const auto date = locale.dateFormat(QLocale::LongFormat)
+                          .remove(weekday)
+                          .replace(QStringLiteral("MMMM"), QStringLiteral("MMM"));
+    // Where no country is known, the short time has seconds.
+    const auto time = locale.timeFormat(QLocale::ShortFormat).remove(QStringLiteral(":ss"));
+    return locale.toString(moment.date(), date) + QStringLiteral(", ") + locale.toString(moment.time(), time);
+}
+
 DashboardPresentation::DashboardPresentation(const DashboardSnapshot &snapshot, AppLanguage language)
 {
     const Wording in(language);
@@ -162,8 +179,7 @@ DashboardPresentation::DashboardPresentation(const DashboardSnapshot &snapshot, 
     }
 
     volumeName = storage.volumeName;
-    storageGauge = in.gauge(static_cast<double>(storage.totalBytes - storage.freeBytes),
-                            static_cast<double>(storage.totalBytes));
+    storageGauge = in.gauge(static_cast<double>(usedBytes(storage)), static_cast<double>(storage.totalBytes));
     storageValues = describe(storage, in);
 
     std::optional<double> used;

@@ -4,6 +4,7 @@
 #include "Enumerations.h"
 
 #include <QList>
+#include <QLocale>
 #include <QVariant>
 
 /// A name and a value as a card of the dashboard shows them.
@@ -40,7 +41,10 @@ public:
     bool operator==(const Gauge &) const = default;
 };
 
-/// A dashboard reading in the words of one language. The texts of the service that are not the computer's own are
+/// The date with an abbreviated month, and the time without seconds, as is usual where `locale` is.
+QString shortMoment(const QDateTime &moment, const QLocale &locale);
+
+/// A dashboard reading in the words of one language, its dates and numbers as the system's locale has them. The texts of the service that are not the computer's own are
 /// translated here.
 class DashboardPresentation
 {

@@ -16,6 +16,8 @@ struct PowerSourceDescription
     /// "AC Power", "Battery Power" or what else the system says.
     std::optional<QString> powerSourceState;
     std::optional<bool> isCharging;
+    /// Whether the capacities are percent, and tell nothing of the battery's age.
+    bool isPercentage = false;
 };
 
 /// What the battery's own registry entry holds.
@@ -71,10 +73,11 @@ public:
     /// Seconds since the system was started; 0 when not known.
     virtual double uptime() const = 0;
 
-    /// Finished when the power sources have been read for the first time. Before, there may be none in the answer
-    /// below only because their firmware is slow; one that hangs never finishes.
-    virtual QFuture<void> firstPowerReading() const = 0;
+    /// Where the firmware is slow, what it told before; nothing before it told anything.
     virtual PowerReading powerReading() const = 0;
+    /// Finished when the firmware has told what the last `powerReading` did not wait for, so that asking again is worth
+    /// it; absent when that did not have to wait. One that hangs never finishes.
+    virtual std::optional<QFuture<void>> latePowerReading() const = 0;
 
     /// Bytes; 0 when not known.
     virtual quint64 pageSize() const = 0;

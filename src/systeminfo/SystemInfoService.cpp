@@ -91,13 +91,14 @@ std::optional<BatteryInfo> SystemInfoService::batteryInfo() const
         return std::nullopt;
     const auto entry = power.registryEntry.value_or(BatteryRegistryEntry{});
     const auto isCharging = source->isCharging.value_or(false);
+    const auto fullCapacity = source->isPercentage ? std::nullopt : source->maxCapacity;
 
     return BatteryInfo{
         .percentage = clampedPercentage(source->currentCapacity, source->maxCapacity).value_or(0),
         .isCharging = isCharging,
         .powerSource = powerSourceText(source->powerSourceState),
         .timeRemaining = timeRemainingText(power.timeRemainingEstimate, isCharging),
-        .healthPercentage = clampedPercentage(source->maxCapacity, entry.designCapacity),
+        .healthPercentage = clampedPercentage(fullCapacity, entry.designCapacity),
         .condition = entry.batteryHealth ? entry.batteryHealth : entry.permanentFailureStatus,
         .cycleCount = entry.cycleCount,
         .currentCapacity = source->currentCapacity,

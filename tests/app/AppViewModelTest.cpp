@@ -92,15 +92,18 @@ TEST_F(AppViewModelTest, scanInFlightDoesNotTouchAStateThatIsGone)
     QTest::qWait(10);
 }
 
-TEST_F(AppViewModelTest, aBatteryThatIsReadLateIsShownByItself)
+TEST_F(AppViewModelTest, aBatteryThatIsReadLateIsShownByItselfAndNoOftener)
 {
     QPromise<void> reading;
     reading.start();
-    facts.firstPowerReadingValue = reading.future();
-    AppViewModel late(platform);
-    late.refreshDashboard();
-    EXPECT_FALSE(late.dashboardSnapshot()->battery);
-    facts.power.source.emplace();
+    facts.power.source.emplace().isCharging = false;
+    facts.latePowerReadingValue = reading.future();
+    app.refreshDashboard();
+    EXPECT_FALSE(app.dashboardSnapshot()->battery->isCharging);
+    facts.power.source->isCharging = true;
+    const QSignalSpy changes(&app, &AppViewModel::dashboardSnapshotChanged);
     reading.finish();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return late.dashboardSnapshot()->battery.has_value(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return app.dashboardSnapshot()->battery->isCharging; }));
+    QTest::qWait(10);
+    EXPECT_EQ(changes.size(), 1);
 }

@@ -83,3 +83,30 @@ TEST(DashboardPresentation, sharesOfNothingAndOfUnknownAreEmpty)
     EXPECT_EQ(shown.storageGauge, (Gauge{0, 0, "0%"}));
     EXPECT_EQ(shown.memoryGauge, (Gauge{0, 0, "Not available"}));
 }
+
+TEST(DashboardPresentation, moreFreeThanThereIsLeavesNothingUsed)
+{
+    auto snapshot = desktop();
+    snapshot.storage = {"Thin", 1000, 2500};
+    const DashboardPresentation shown(snapshot, AppLanguage::english);
+    EXPECT_THAT(valuesOf(shown.storageValues), ElementsAre("0 B", "3 KB", "1 KB"));
+    EXPECT_EQ(shown.storageGauge.text, "0%");
+}
+
+TEST(DashboardPresentation, theStartIsToldAsTheSystemsLocaleTellsDates)
+{
+    auto snapshot = desktop();
+    const QDateTime start(QDate(2026, 11, 3), QTime(15, 4, 59));
+    snapshot.computer.bootDate = start;
+    // The tests run without a country.
+    for (const auto language : {AppLanguage::english, AppLanguage::polish})
+        EXPECT_EQ(DashboardPresentation(snapshot, language).computerValues.at(2).value, "3 Nov 2026, 15:04");
+
+    const std::pair<const char *, const char *> moments[] = {
+        {"pl_PL", "3 lis 2026, 15:04"},    {"en_GB", "3 Nov 2026, 15:04"},
+        {"de_DE", "3. Nov. 2026, 15:04"},  {"es_ES", "3 de nov de 2026, 15:04"},
+        {"hu_HU", "2026. nov. 3., 15:04"}, {"ja_JP", "2026年11月3日, 15:04"}};
+    for (const auto &[locale, text] : moments)
+        EXPECT_EQ(shortMoment(start, QLocale(locale)), text) << locale;
+    EXPECT_TRUE(shortMoment(start, QLocale("en_US")).startsWith("Nov 3, 2026, 3:04"));
+}

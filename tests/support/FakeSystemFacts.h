@@ -1,6 +1,5 @@
 #pragma once
 
-#include "ReadyFuture.h"
 #include "SystemFacts.h"
 
 /// The facts of a made-up computer: whatever the fields say. As it is made, nothing can be read.
@@ -14,8 +13,8 @@ public:
     std::optional<QString> processorBrand() const override { return processorBrandValue; }
     quint64 physicalMemory() const override { return physicalMemoryValue; }
     double uptime() const override { return ++timesRead, uptimeValue; }
-    QFuture<void> firstPowerReading() const override { return firstPowerReadingValue; }
     PowerReading powerReading() const override { return power; }
+    std::optional<QFuture<void>> latePowerReading() const override { return latePowerReadingValue; }
     quint64 pageSize() const override { return pageSizeValue; }
     std::optional<VirtualMemoryStatistics> virtualMemoryStatistics() const override { return pagesValue; }
 
@@ -26,7 +25,7 @@ public:
     std::optional<QString> processorBrandValue;
     quint64 physicalMemoryValue = 0;
     double uptimeValue = 0;
-    QFuture<void> firstPowerReadingValue = readyFuture();
+    std::optional<QFuture<void>> latePowerReadingValue;
     PowerReading power;
     quint64 pageSizeValue = 0;
     std::optional<VirtualMemoryStatistics> pagesValue;

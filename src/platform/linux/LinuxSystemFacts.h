@@ -35,7 +35,7 @@
 ///
 /// Nothing here waits. The files of /proc, /etc and DMI come from memory. A battery's attributes may be asked of
 /// an embedded controller, which takes milliseconds and may hang: they are read on a thread of their own, waited
-/// for 3 ms, and else taken from the last reading, which is then never older than some seconds (`LatestReading`).
+/// for 3 ms, and else taken from the last reading until the new one has ended (`LatestReading`).
 /// No bus is asked.
 class LinuxSystemFacts : public SystemFacts
 {
@@ -53,8 +53,8 @@ public:
     quint64 physicalMemory() const override;
     double uptime() const override;
 
-    QFuture<void> firstPowerReading() const override { return m_powerReadings.first(); }
     PowerReading powerReading() const override;
+    std::optional<QFuture<void>> latePowerReading() const override { return m_powerReadings.late(); }
 
     quint64 pageSize() const override;
     std::optional<VirtualMemoryStatistics> virtualMemoryStatistics() const override;

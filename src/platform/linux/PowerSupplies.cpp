@@ -69,6 +69,7 @@ struct Battery
     QString status;
     std::optional<qint64> current;
     std::optional<qint64> max;
+    bool isPercentage = false;
     BatteryRegistryEntry entry;
     /// µWh left and µW drawn; 0 when not known.
     double energyLeft;
@@ -128,6 +129,7 @@ Battery::Battery(const Supply &supply) : status(supply.text("status"))
     max = capacity(supply, "full", voltage);
     const auto percentage = supply.number("capacity");
     if ((!current || !max) && percentage && *percentage >= 0 && *percentage <= 100) {
+        isPercentage = !max;
         max = max.value_or(100);
         // Rounded up, so that cutting off the fraction gives the same percentage again.
         current = (*percentage * *max + 99) / 100;
@@ -156,6 +158,7 @@ PowerSourceDescription Battery::description(const std::optional<bool> &isExterna
     PowerSourceDescription description;
     description.currentCapacity = current;
     description.maxCapacity = max;
+    description.isPercentage = isPercentage;
     if (isExternalPower)
         description.powerSourceState =
             *isExternalPower ? QStringLiteral("AC Power") : QStringLiteral("Battery Power");

@@ -110,9 +110,12 @@ TEST_F(LinuxSystemFactsTest, firmwareThatTellsAPercentageOnlyIsNotEmpty)
     // Too hot just now is no condition.
     supply("BAT0", "type Battery, status Discharging, capacity 83, health Overheat");
     EXPECT_EQ(battery(), "83/100/- mAh, - cycles, -, Battery Power, charging 0, -1 s");
+    supply("BAT0", "charge_full_design 6000000");
+    EXPECT_TRUE(facts().powerReading().source->isPercentage) << "no share of what was designed";
     // 83 % again, when the fraction is cut off.
     supply("BAT0", "charge_full 3030000, health Dead");
-    EXPECT_EQ(battery(), "2515/3030/- mAh, - cycles, Poor, Battery Power, charging 0, -1 s");
+    EXPECT_EQ(battery(), "2515/3030/6000 mAh, - cycles, Poor, Battery Power, charging 0, -1 s");
+    EXPECT_FALSE(facts().powerReading().source->isPercentage);
 }
 
 TEST_F(LinuxSystemFactsTest, desktopWithABoardThatNobodyFilledInAndAVirtualMachine)
