@@ -6,6 +6,8 @@
 #include <QQuickItem>
 #include <QTest>
 
+#include <utility>
+
 namespace {
 
 /// Whether it is told to be what is looked for. Qt 6.4 tells of everything that is made of a button as one, whatever role
@@ -57,12 +59,28 @@ bool Robot::canUse(QAccessible::Role role, const QString &name) const
     return item && item->isEnabled();
 }
 
+QPoint Robot::placeAtRest(QAccessible::Role role, const QString &name) const
+{
+    // What was just filled or emptied moves its neighbours with the next picture or two, as no hand is fast enough to see.
+    QRect last;
+    int timesAlike = 0;
+    waitUntil(
+        [&] {
+            const auto *element = find(role, name);
+            const auto now = element ? element->rect() : QRect();
+            timesAlike = now == std::exchange(last, now) ? timesAlike + 1 : 0;
+            return timesAlike == 3;
+        },
+        1'000);
+    return last.center();
+}
+
 bool Robot::click(QAccessible::Role role, const QString &name)
 {
     // A list makes its rows after it was filled.
     if (!waitUntil([&] { return canUse(role, name); }, 5'000))
         return false;
-    const auto place = m_window.mapFromGlobal(find(role, name)->rect().center());
+    const auto place = m_window.mapFromGlobal(placeAtRest(role, name));
     QTest::mouseMove(&m_window, place);
     QTest::mouseClick(&m_window, Qt::LeftButton, {}, place);
     return true;

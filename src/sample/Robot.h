@@ -39,6 +39,8 @@ public:
     QImage picture() { return m_window.grabWindow(); }
 
 private:
+    /// Its middle on the screen, once it does not move any more.
+    QPoint placeAtRest(QAccessible::Role role, const QString &name) const;
     /// Null when there is none.
     QAccessibleInterface *find(QAccessible::Role role, const QString &name) const;
 

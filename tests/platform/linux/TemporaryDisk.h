@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DiskRoot.h"
+#include "RemoveTree.h"
 
 #include <QtGlobal>
 
@@ -19,7 +20,7 @@ public:
         std::filesystem::permissions(host("/"), std::filesystem::perms(0755));
     }
     // Not by QTemporaryDir, which leaves names that are not UTF-8 behind.
-    ~TemporaryDisk() { std::filesystem::remove_all(host("/")); }
+    ~TemporaryDisk() { removeTree(host("/")); }
     Q_DISABLE_COPY_MOVE(TemporaryDisk)
 
     const DiskRoot &root() const { return m_root; }

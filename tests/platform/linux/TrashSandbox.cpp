@@ -1,5 +1,7 @@
 #include "TrashSandbox.h"
 
+#include "RemoveTree.h"
+
 #include <QCoreApplication>
 #include <QFile>
 
@@ -30,7 +32,7 @@ TrashSandbox::TrashSandbox(const QString &folder)
 TrashSandbox::~TrashSandbox()
 {
     // Qt cannot remove a name that is not UTF-8.
-    fs::remove_all(m_home.toStdString());
+    removeTree(m_home.toStdString());
 }
 
 void TrashSandbox::giveTo(uid_t user)
