@@ -91,14 +91,15 @@ std::optional<BatteryInfo> SystemInfoService::batteryInfo() const
         return std::nullopt;
     const auto entry = power.registryEntry.value_or(BatteryRegistryEntry{});
     const auto isCharging = source->isCharging.value_or(false);
-    const auto fullCapacity = source->isPercentage ? std::nullopt : source->maxCapacity;
+    const auto health =
+        source->isPercentage ? std::nullopt : clampedPercentage(source->maxCapacity, entry.designCapacity);
 
     return BatteryInfo{
         .percentage = clampedPercentage(source->currentCapacity, source->maxCapacity).value_or(0),
         .isCharging = isCharging,
         .powerSource = powerSourceText(source->powerSourceState),
         .timeRemaining = timeRemainingText(power.timeRemainingEstimate, isCharging),
-        .healthPercentage = clampedPercentage(fullCapacity, entry.designCapacity),
+        .healthPercentage = health,
         .condition = entry.batteryHealth ? entry.batteryHealth : entry.permanentFailureStatus,
         .cycleCount = entry.cycleCount,
         .currentCapacity = source->currentCapacity,
