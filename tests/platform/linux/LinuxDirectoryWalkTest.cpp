@@ -140,9 +140,9 @@ TEST_F(LinuxDirectoryWalkTest, namesOfAnyBytesLeadBackToTheirFiles)
 
 TEST_F(LinuxDirectoryWalkTest, randomTreesAreSeenAsAFunctionThatCallsItselfSeesThem)
 {
-    for (unsigned seed = 0; seed < 15; ++seed) {
-        const RandomTree tree(disk, disk.folder("/" + QByteArray::number(seed)), seed);
-        const HiddenTypes hidden(seed % 3 == 0);
+    for (unsigned number = 0; number < 15; ++number) {
+        const RandomTree tree(disk, disk.folder("/" + QByteArray::number(number)), number);
+        const HiddenTypes hidden(number % 3 == 0);
         const auto shown = [](DirectoryEntry &entry) {
             return RandomTree::Entry{entry.url().path(), entry.type(),
                                      *entry.resourceValues()->totalAllocatedSize};
@@ -151,7 +151,7 @@ TEST_F(LinuxDirectoryWalkTest, randomTreesAreSeenAsAFunctionThatCallsItselfSeesT
         for (auto &entry : fileSystem.enumerate(tree.top()))
             seen.push_back(shown(entry));
         const auto expected = tree.walked();
-        EXPECT_TRUE(seen == expected) << "seed " << seed << ": " << seen.size() << " of " << expected.size();
+        EXPECT_TRUE(seen == expected) << "number " << number << ": " << seen.size() << " of " << expected.size();
     }
 }
 

@@ -129,11 +129,11 @@ protected:
 
 TEST_F(LinuxTreeWalkTest, severalThreadsAnswerWhatAFunctionThatCallsItselfSees)
 {
-    for (unsigned seed = 0; seed < 15; ++seed) {
-        const RandomTree tree(disk, disk.folder("/" + QByteArray::number(seed)), seed);
+    for (unsigned number = 0; number < 15; ++number) {
+        const RandomTree tree(disk, disk.folder("/" + QByteArray::number(number)), number);
         const auto expected = tree.walked();
-        const HiddenTypes hidden(seed % 3 == 0);
-        const FewDescriptors few(seed % 2 == 0 ? 64 : 1024);
+        const HiddenTypes hidden(number % 3 == 0);
+        const FewDescriptors few(number % 2 == 0 ? 64 : 1024);
         const auto limit = std::ssize(expected) / 3 + 1;
         OrderedResults<RandomTree::Entry> all(1'000'000), first(limit);
         fileSystem.walk({tree.top()}, [&](FolderPart &part) {
@@ -145,15 +145,15 @@ TEST_F(LinuxTreeWalkTest, severalThreadsAnswerWhatAFunctionThatCallsItselfSees)
                     first.add(entry.place(), seen);
             }
         });
-        EXPECT_TRUE(std::ranges::equal(all.take(), expected)) << "seed " << seed;
-        EXPECT_TRUE(std::ranges::equal(first.take(), expected | std::views::take(limit))) << "seed " << seed;
+        EXPECT_TRUE(std::ranges::equal(all.take(), expected)) << "number " << number;
+        EXPECT_TRUE(std::ranges::equal(first.take(), expected | std::views::take(limit))) << "number " << number;
 
         qint64 size = 0;
         for (const auto &entry : expected) {
             if (entry.type == FileType::regular || entry.type == FileType::symbolicLink)
                 size += entry.size;
         }
-        EXPECT_EQ(allocatedSize(fileSystem, tree.top()), size) << "seed " << seed;
+        EXPECT_EQ(allocatedSize(fileSystem, tree.top()), size) << "number " << number;
     }
 }
 

@@ -43,8 +43,8 @@ void collect(int folder, const QByteArray &path, std::vector<RandomTree::Entry> 
 
 } // namespace
 
-RandomTree::RandomTree(const TemporaryDisk &disk, const Url &top, unsigned seed)
-    : m_disk(disk), m_top(disk.folder(top.path())), m_random(seed)
+RandomTree::RandomTree(const TemporaryDisk &disk, const Url &top, unsigned variation)
+    : m_disk(disk), m_top(disk.folder(top.path())), m_random(variation)
 {
     const int folder = open(disk.host(top.path()).c_str(), O_RDONLY | O_DIRECTORY);
     for (int branch = number(2); branch >= 0; --branch)

@@ -7,7 +7,7 @@
 #include <random>
 #include <vector>
 
-/// A tree that a seed decides: branches down to 200 levels with folders of siblings along the way, hidden items,
+/// A tree that a number decides: branches down to 200 levels with folders of siblings along the way, hidden items,
 /// packages, links, pipes, and names of any bytes.
 class RandomTree
 {
@@ -22,7 +22,7 @@ public:
     };
 
     /// Made at `top` on the disk, where nothing is yet.
-    RandomTree(const TemporaryDisk &disk, const Url &top, unsigned seed);
+    RandomTree(const TemporaryDisk &disk, const Url &top, unsigned variation);
 
     const Url &top() const { return m_top; }
 
