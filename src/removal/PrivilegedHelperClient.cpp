@@ -1,6 +1,7 @@
 #include "PrivilegedHelperClient.h"
 
 #include "BundleReader.h"
+#include "FairTurn.h"
 #include "FileNames.h"
 #include "FileSystem.h"
 #include "HelperService.h"
@@ -15,15 +16,18 @@ namespace {
 
 constexpr const char *acceptedFolders[] = {"/Applications/", "/Users/Shared/Applications/"};
 
-QList<QByteArray> pathsThatAreText(const QList<Url> &items)
+QCoro::Task<QList<QByteArray>> pathsThatAreText(QList<Url> items)
 {
     QList<QByteArray> paths;
-    for (const auto &item : items) {
+    QElapsedTimer clock;
+    const FairTurn turn(clock);
+    for (const auto &item : std::as_const(items)) {
+        co_await turn;
         const auto path = item.standardizedPath();
         if (decodedFileName(path))
             paths.append(path);
     }
-    return paths;
+    co_return paths;
 }
 
 } // namespace
@@ -36,7 +40,8 @@ PrivilegedHelperClient::PrivilegedHelperClient(const FileSystem &fileSystem, con
 
 QCoro::Task<HelperReply> PrivilegedHelperClient::moveItemsToTrash(QList<Url> items, QString bundleIdentifier)
 {
-    const auto paths = pathsThatAreText(items);
+    auto reading = pathsThatAreText(items);
+    const auto paths = co_await reading;
     if (paths.isEmpty())
         co_return HelperReply{};
     auto preparation = ensureHelperReady();

@@ -98,8 +98,11 @@ QCoro::Task<std::optional<TrashServiceError>> TrashService::moveItem(Url url)
 QCoro::Task<QList<DeletionOutcome>> TrashService::handFailuresToHelper(QList<DeletionOutcome> outcomes,
                                                                        QString bundleIdentifier)
 {
+    QElapsedTimer clock;
+    const FairTurn turn(clock);
     QList<Url> failedItems;
     for (const auto &outcome : std::as_const(outcomes)) {
+        co_await turn;
         if (outcome.errorDescription)
             failedItems.append(outcome.item.url);
     }
@@ -108,8 +111,6 @@ QCoro::Task<QList<DeletionOutcome>> TrashService::handFailuresToHelper(QList<Del
 
     auto request = m_privilegedHelper.moveItemsToTrash(failedItems, bundleIdentifier);
     const auto reply = co_await request;
-    QElapsedTimer clock;
-    const FairTurn turn(clock);
     for (auto &outcome : outcomes) {
         co_await turn;
         if (!outcome.errorDescription)

@@ -42,6 +42,16 @@ protected:
 
 } // namespace
 
+TEST_F(PrivilegedHelperClientTest, mainThreadHasItsTurnWhileManyPathsArePutIntoTheRequest)
+{
+    const QList<Url> items(50'000, Url("/Applications/Foo.app"));
+    auto sending = client.moveItemsToTrash(items, QStringLiteral("org.acme"));
+    EXPECT_FALSE(sending.isReady());
+    QCoro::waitFor(sending);
+    ASSERT_EQ(service.requests.size(), 1);
+    EXPECT_EQ(service.requests.first().size(), items.size());
+}
+
 TEST_F(PrivilegedHelperClientTest, installationIsCheckedInItsOrder)
 {
     disk.remove(daemonPlist);
