@@ -17,7 +17,7 @@ T.Dialog {
     anchors.centerIn: parent
     width: Math.min(440, parent ? parent.width - 2 * Theme.screenPadding : 440)
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
-    padding: 20
+    padding: Theme.cardPadding
     modal: true
     focus: true
     closePolicy: T.Popup.CloseOnEscape
@@ -30,9 +30,9 @@ T.Dialog {
 
         IconTile {
             Layout.alignment: Qt.AlignTop
-            implicitWidth: 44
-            implicitHeight: 44
-            radius: 12
+            implicitWidth: Theme.largeTileSide
+            implicitHeight: Theme.largeTileSide
+            radius: Theme.largeTileRadius
             systemImage: panel.systemImage
             tint: panel.tint
             weight: Font.DemiBold
@@ -66,7 +66,7 @@ T.Dialog {
                     width: parent.width - Theme.medium
                     text: panel.message
                     color: Theme.secondary
-                    lineHeight: 1.15
+                    lineHeight: Theme.paragraphLineHeight
                     wrapMode: Text.WrapAtWordBoundaryOrAnywhere
                 }
             }
@@ -76,7 +76,7 @@ T.Dialog {
 
                 Layout.alignment: Qt.AlignRight
                 Layout.topMargin: Theme.medium
-                spacing: 10
+                spacing: Theme.rowSpacing
             }
         }
     }
@@ -84,7 +84,7 @@ T.Dialog {
         radius: Theme.cardRadius
         color: Theme.alertFill
         borderColor: Theme.controlEdge
-        borderWidth: 1
+        borderWidth: Theme.lineWidth
 
         SoftShadow {
             radius: Theme.cardRadius

@@ -16,7 +16,7 @@ UtilityCard {
         id: face
 
         anchors.fill: parent
-        spacing: 14
+        spacing: Theme.blockSpacing
 
         BundleIcon {
             size: 48

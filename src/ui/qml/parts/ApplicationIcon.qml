@@ -2,7 +2,7 @@ import QtQuick
 
 /// The program's own icon; its corners are already round.
 Image {
-    property real size: 34
+    property real size: Theme.iconSide
 
     width: size
     height: size

@@ -17,7 +17,7 @@ Item {
     signal chosen
 
     width: ListView.view.width
-    height: 50
+    height: Theme.applicationRowHeight
     Accessible.role: Accessible.ListItem
     Accessible.name: name
     Accessible.description: sizeText
@@ -36,19 +36,18 @@ Item {
         radius: Theme.rowRadius
         color: row.selected ? Theme.accentWash : hover.hovered ? Theme.hoverWash : "transparent"
         borderColor: row.selected ? (row.hasKeyboard ? Theme.focusRing : Theme.accentEdge) : "transparent"
-        borderWidth: row.hasKeyboard ? 2 : 1
+        borderWidth: row.hasKeyboard ? 2 * Theme.lineWidth : Theme.lineWidth
     }
 
     RowLayout {
         anchors {
             fill: parent
             leftMargin: Theme.regular
-            rightMargin: Theme.medium + 10
+            rightMargin: Theme.medium + Theme.rowSpacing
         }
-        spacing: 10
+        spacing: Theme.rowSpacing
 
         BundleIcon {
-            size: 34
             uri: row.uri
         }
 

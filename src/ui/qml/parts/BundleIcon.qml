@@ -5,7 +5,7 @@ import QtQuick
 Image {
     /// The bundle's percent-encoded file URI.
     required property string uri
-    property real size: 34
+    property real size: Theme.iconSide
 
     width: size
     height: size

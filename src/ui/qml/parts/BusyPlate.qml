@@ -5,12 +5,12 @@ import Tarnvale
 ContinuousRectangle {
     required property string name
 
-    implicitWidth: spinner.implicitWidth + 2 * 8
-    implicitHeight: spinner.implicitHeight + 2 * 8
+    implicitWidth: spinner.implicitWidth + 2 * Theme.regular
+    implicitHeight: spinner.implicitHeight + 2 * Theme.regular
     radius: Theme.rowRadius
     color: Theme.plateMaterial
     borderColor: Theme.hairline
-    borderWidth: 1
+    borderWidth: Theme.lineWidth
 
     SoftShadow {
         radius: Theme.rowRadius

@@ -19,7 +19,7 @@ Item {
 
         anchors.verticalCenter: parent.verticalCenter
         name: heading.systemImage
-        size: 15
+        size: Theme.symbolSize
         weight: Font.Medium
         color: heading.tint
     }

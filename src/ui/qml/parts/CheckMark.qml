@@ -21,7 +21,7 @@ BaseButton {
         radius: Theme.checkRadius
         color: box.checked ? Theme.prominentFill : Theme.fieldFill
         borderColor: box.checked ? "transparent" : Theme.checkEdge
-        borderWidth: 1
+        borderWidth: Theme.lineWidth
 
         Symbol {
             anchors.centerIn: parent

@@ -2,7 +2,7 @@ import QtQuick
 
 /// A line between two blocks.
 Rectangle {
-    implicitWidth: 1
-    implicitHeight: 1
+    implicitWidth: Theme.lineWidth
+    implicitHeight: Theme.lineWidth
     color: Theme.hairline
 }

@@ -43,7 +43,7 @@ Item {
             wrapMode: Text.Wrap
             text: state.description
             font: Theme.callout
-            lineHeight: 1.15
+            lineHeight: Theme.paragraphLineHeight
             color: Theme.secondary
         }
 

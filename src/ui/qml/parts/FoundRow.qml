@@ -39,7 +39,7 @@ Item {
         radius: Theme.rowRadius
         color: row.isCurrent ? Theme.accentWash : hover.hovered ? Theme.hoverWash : "transparent"
         borderColor: row.isCurrent ? Theme.accentEdge : "transparent"
-        borderWidth: 1
+        borderWidth: Theme.lineWidth
     }
 
     RowLayout {
@@ -50,7 +50,7 @@ Item {
             topMargin: Theme.tight
             bottomMargin: Theme.tight
         }
-        spacing: 10
+        spacing: Theme.rowSpacing
 
         Row {
             id: leadingSlot

@@ -44,7 +44,7 @@ UtilityCard {
                 value: card.gauge
                 label: card.gaugeLabel
                 systemImage: card.gaugeImage
-                implicitWidth: card.isWide ? 148 : 172
+                implicitWidth: card.isWide ? Theme.gaugeSide : 172
                 shades: card.shades
             }
 

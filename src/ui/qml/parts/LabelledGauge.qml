@@ -13,7 +13,7 @@ RingGauge {
     /// Some of the theme's gauge shades.
     required property var shades
 
-    implicitWidth: 148
+    implicitWidth: Theme.gaugeSide
     implicitHeight: implicitWidth
     thickness: 14
     fraction: value.fraction

@@ -10,12 +10,12 @@ ContinuousRectangle {
     required property string value
     required property string systemImage
 
-    implicitWidth: face.implicitWidth + 2 * 12
+    implicitWidth: face.implicitWidth + 2 * Theme.medium
     implicitHeight: face.implicitHeight + 2 * 9
     radius: Theme.pillRadius
     color: Theme.pillFill
     borderColor: Theme.hairline
-    borderWidth: 1
+    borderWidth: Theme.lineWidth
     Accessible.role: Accessible.StaticText
     Accessible.name: title + ": " + value
 
@@ -25,14 +25,14 @@ ContinuousRectangle {
         anchors {
             left: parent.left
             right: parent.right
-            margins: 12
+            margins: Theme.medium
             verticalCenter: parent.verticalCenter
         }
         spacing: 9
 
         Symbol {
             name: pill.systemImage
-            size: 15
+            size: Theme.symbolSize
             weight: Font.Medium
             color: Theme.accent
         }

@@ -12,7 +12,7 @@ ContinuousRectangle {
     radius: Theme.controlRadius
     color: Theme.pillFill
     borderColor: Theme.hairline
-    borderWidth: 1
+    borderWidth: Theme.lineWidth
 
     PlainText {
         id: label

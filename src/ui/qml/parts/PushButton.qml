@@ -31,7 +31,6 @@ BaseButton {
                 anchors.verticalCenter: parent.verticalCenter
                 visible: name !== ""
                 name: button.systemImage
-                size: 13
                 weight: button.font.weight
                 color: button.ink
             }
@@ -49,7 +48,7 @@ BaseButton {
         radius: Theme.controlRadius
         color: button.fill
         borderColor: button.edge
-        borderWidth: 1
+        borderWidth: Theme.lineWidth
 
         ContinuousRectangle {
             anchors.fill: parent

@@ -27,7 +27,7 @@ T.TextField {
         radius: Theme.controlRadius
         color: Theme.fieldFill
         borderColor: Theme.controlEdge
-        borderWidth: 1
+        borderWidth: Theme.lineWidth
 
         FocusRing {
             around: parent.radius

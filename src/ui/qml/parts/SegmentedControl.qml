@@ -26,7 +26,7 @@ FocusScope {
         radius: Theme.controlRadius
         color: Theme.trackFill
         borderColor: Theme.hairline
-        borderWidth: 1
+        borderWidth: Theme.lineWidth
 
         FocusRing {
             around: parent.radius
@@ -63,7 +63,7 @@ FocusScope {
                     radius: Theme.controlRadius - Theme.tight
                     color: segment.checked ? Theme.segmentFill : segment.hovered ? Theme.hoverWash : "transparent"
                     borderColor: segment.checked ? Theme.hairline : "transparent"
-                    borderWidth: 1
+                    borderWidth: Theme.lineWidth
                 }
                 contentItem: PlainText {
                     horizontalAlignment: Text.AlignHCenter

@@ -13,8 +13,8 @@ BaseButton {
 
     role: Accessible.PageTab
     implicitHeight: Math.max(implicitContentHeight, 20) + topPadding + bottomPadding
-    leftPadding: 12
-    rightPadding: 12
+    leftPadding: Theme.medium
+    rightPadding: Theme.medium
     topPadding: 10
     bottomPadding: 10
     Accessible.name: title
@@ -22,7 +22,7 @@ BaseButton {
     Accessible.selected: selected
 
     contentItem: RowLayout {
-        spacing: 10
+        spacing: Theme.rowSpacing
 
         Item {
             Layout.preferredWidth: 22
@@ -31,7 +31,7 @@ BaseButton {
             Symbol {
                 anchors.centerIn: parent
                 name: row.systemImage
-                size: 15
+                size: Theme.symbolSize
                 weight: Font.Medium
                 color: row.selected ? Theme.accent : Theme.secondary
             }
@@ -50,7 +50,7 @@ BaseButton {
         radius: Theme.rowRadius
         color: row.selected ? Theme.accentWash : row.hovered ? Theme.hoverWash : "transparent"
         borderColor: row.selected ? Theme.accentEdge : "transparent"
-        borderWidth: 1
+        borderWidth: Theme.lineWidth
 
         FocusRing {
             around: parent.radius

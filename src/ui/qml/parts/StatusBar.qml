@@ -6,7 +6,7 @@ Rectangle {
 
     required property string message
 
-    implicitHeight: line.implicitHeight + 2 * 8
+    implicitHeight: line.implicitHeight + 2 * Theme.regular
     color: Theme.barMaterial
 
     Divider {
@@ -17,7 +17,7 @@ Rectangle {
         id: line
 
         anchors.centerIn: parent
-        spacing: 8
+        spacing: Theme.regular
 
         Symbol {
             anchors.verticalCenter: parent.verticalCenter
@@ -28,7 +28,7 @@ Rectangle {
 
         PlainText {
             anchors.verticalCenter: parent.verticalCenter
-            width: Math.min(implicitWidth, bar.width - 2 * 16 - 24)
+            width: Math.min(implicitWidth, bar.width - 2 * Theme.large - 24)
             text: bar.message
             font: Theme.caption
             color: Theme.secondary

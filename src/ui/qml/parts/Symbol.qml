@@ -11,7 +11,7 @@ Image {
     property real size: 13
     /// Font.Normal, Font.Medium or Font.DemiBold: strokes are as heavy as the text of that weight.
     property int weight: Font.Normal
-    property color color: "black"
+    property color color: Theme.primary
 
     readonly property int side: 2 * Math.round(size * 0.65)
 

@@ -1,7 +1,8 @@
 pragma Singleton
 import QtQuick
 
-/// Palette, type, spacing and radii. No colour, size or font of the window stands anywhere else.
+/// Palette, type, spacing and radii. No colour and no font of the window stands anywhere else, nor a size that several
+/// views have in common; one that a single view has stands there.
 QtObject {
     id: theme
 
@@ -102,10 +103,13 @@ QtObject {
     readonly property int cardPadding: 20
     readonly property int screenPadding: 24
     readonly property int blockSpacing: 14
+    readonly property int rowSpacing: 10
+    readonly property real paragraphLineHeight: 1.15
 
     // Radii
     readonly property int cardRadius: 16
     readonly property int dropZoneRadius: 14
+    readonly property int largeTileRadius: 12
     readonly property int pillRadius: 12
     readonly property int rowRadius: 10
     readonly property int iconRadius: 9
@@ -116,7 +120,13 @@ QtObject {
     // Sizes
     readonly property int controlHeight: 30
     readonly property int listRowHeight: 46
+    readonly property int applicationRowHeight: 50
     readonly property int tileSide: 32
+    readonly property int largeTileSide: 44
+    readonly property int iconSide: 34
+    readonly property int symbolSize: 15
+    readonly property int gaugeSide: 148
+    readonly property int lineWidth: 1
     readonly property int gaugeCardWidth: 390
     readonly property int checkSide: 16
     readonly property int pillWidth: 176

@@ -29,6 +29,6 @@ T.ToolTip {
         radius: Theme.controlRadius
         color: Theme.alertFill
         borderColor: Theme.controlEdge
-        borderWidth: 1
+        borderWidth: Theme.lineWidth
     }
 }

@@ -23,7 +23,7 @@ Item {
         radius: Theme.cardRadius
         color: Theme.cardFill
         borderColor: Theme.hairline
-        borderWidth: 1
+        borderWidth: Theme.lineWidth
     }
 
     Item {

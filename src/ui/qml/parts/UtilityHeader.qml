@@ -10,13 +10,13 @@ RowLayout {
     property string subtitle
     default property alias actions: actionRow.data
 
-    spacing: 14
+    spacing: Theme.blockSpacing
 
     ContinuousRectangle {
         Layout.alignment: Qt.AlignTop
-        implicitWidth: 44
-        implicitHeight: 44
-        radius: 12
+        implicitWidth: Theme.largeTileSide
+        implicitHeight: Theme.largeTileSide
+        radius: Theme.largeTileRadius
         color: Theme.accentWash
 
         Symbol {
@@ -31,7 +31,7 @@ RowLayout {
     ColumnLayout {
         Layout.fillWidth: true
         Layout.alignment: Qt.AlignVCenter
-        spacing: 4
+        spacing: Theme.small
 
         PlainText {
             Layout.fillWidth: true
@@ -55,7 +55,7 @@ RowLayout {
         id: actionRow
 
         Layout.alignment: Qt.AlignTop
-        Layout.preferredHeight: 44
+        Layout.preferredHeight: Theme.largeTileSide
         spacing: Theme.regular
     }
 }

@@ -23,7 +23,7 @@ Item {
         spacing: Theme.blockSpacing
 
         RowLayout {
-            spacing: 14
+            spacing: Theme.blockSpacing
 
             BundleIcon {
                 Layout.alignment: Qt.AlignTop

@@ -8,7 +8,7 @@ RowList {
     required property AppViewModel viewModel
 
     model: viewModel.applications
-    rowHeight: 50
+    rowHeight: Theme.applicationRowHeight
     currentIndex: viewModel.selectedApplicationRow
     Accessible.name: Texts.of("applications")
     onGoTo: row => viewModel.selectApplicationAt(row)

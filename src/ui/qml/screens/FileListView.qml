@@ -21,7 +21,7 @@ UtilityCard {
             Layout.fillWidth: true
             Layout.maximumWidth: 3 * Theme.pillWidth
             Layout.margins: Theme.medium
-            spacing: 10
+            spacing: Theme.rowSpacing
 
             MetricPill {
                 Layout.fillWidth: true

@@ -39,7 +39,7 @@ FocusScope {
         }
 
         RowLayout {
-            spacing: 10
+            spacing: Theme.rowSpacing
 
             PushButton {
                 text: view.chooseText
@@ -100,7 +100,7 @@ FocusScope {
                     Layout.fillWidth: true
                     Layout.maximumWidth: 2 * Theme.pillWidth
                     Layout.margins: Theme.medium
-                    spacing: 10
+                    spacing: Theme.rowSpacing
 
                     MetricPill {
                         Layout.fillWidth: true

@@ -11,8 +11,8 @@ Window {
     required property string monospacedFamily
 
     title: "Tarnvale"
-    width: 980
-    height: 640
+    width: minimumWidth
+    height: minimumHeight
     minimumWidth: 980
     minimumHeight: 640
     visible: true

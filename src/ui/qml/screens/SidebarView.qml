@@ -22,15 +22,14 @@ FocusScope {
             top: parent.top
             topMargin: Theme.large
         }
-        spacing: 10
+        spacing: Theme.rowSpacing
 
         ApplicationIcon {
-            size: 34
         }
 
         Column {
             anchors.verticalCenter: parent.verticalCenter
-            spacing: 2
+            spacing: Theme.tight
 
             PlainText {
                 text: "Tarnvale"

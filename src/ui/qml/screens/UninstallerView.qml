@@ -27,7 +27,7 @@ FocusScope {
         }
 
         RowLayout {
-            spacing: 10
+            spacing: Theme.rowSpacing
 
             RoundedTextField {
                 Layout.fillWidth: true
