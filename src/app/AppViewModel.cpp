@@ -253,6 +253,34 @@ bool AppViewModel::canScanTextFiles() const
     return canScan() && m_selectedTextFolder && !m_selectedTextFileCategories.isEmpty();
 }
 
+ListModel<ScanItem> AppViewModel::*AppViewModel::itemsOf(ScanScope scope)
+{
+    switch (scope) {
+    case ScanScope::uninstaller:
+        return &AppViewModel::m_associatedItems;
+    case ScanScope::leftovers:
+        return &AppViewModel::m_leftoverItems;
+    case ScanScope::cleaner:
+        break;
+    }
+    return &AppViewModel::m_cleanerItems;
+}
+
+bool AppViewModel::canDelete(ScanScope scope) const
+{
+    return canScan() && (this->*itemsOf(scope)).selectedCount() > 0;
+}
+
+QList<int> AppViewModel::deletableScopes() const
+{
+    QList<int> numbers;
+    for (const auto scope : allCases<ScanScope>()) {
+        if (canDelete(scope))
+            numbers.append(static_cast<int>(scope));
+    }
+    return numbers;
+}
+
 int AppViewModel::selectedApplicationRow() const
 {
     if (!m_selectedApplication)

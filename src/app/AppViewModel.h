@@ -68,9 +68,7 @@ class AppViewModel : public QObject
     Q_PROPERTY(bool canSearchLeftovers READ canSearchLeftovers NOTIFY enablingChanged)
     Q_PROPERTY(bool canScanMedia READ canScanMedia NOTIFY enablingChanged)
     Q_PROPERTY(bool canScanTextFiles READ canScanTextFiles NOTIFY enablingChanged)
-    Q_PROPERTY(bool canDeleteAssociatedItems READ canDeleteAssociatedItems NOTIFY enablingChanged)
-    Q_PROPERTY(bool canDeleteLeftoverItems READ canDeleteLeftoverItems NOTIFY enablingChanged)
-    Q_PROPERTY(bool canDeleteCleanerItems READ canDeleteCleanerItems NOTIFY enablingChanged)
+    Q_PROPERTY(QList<int> deletableScopes READ deletableScopes NOTIFY enablingChanged)
     Q_PROPERTY(int selectedApplicationRow READ selectedApplicationRow NOTIFY selectedApplicationRowChanged)
 
 public:
@@ -114,6 +112,8 @@ public:
     ListModelBase *associatedItemModel() { return &m_associatedItems; }
     ListModelBase *leftoverItemModel() { return &m_leftoverItems; }
     ListModelBase *cleanerItemModel() { return &m_cleanerItems; }
+    /// The one of `associatedItems`, `leftoverItems` and `cleanerItems` that belongs to the scope.
+    Q_INVOKABLE ListModelBase *itemModel(Tarnvale::ScanScope scope) { return &(this->*itemsOf(scope)); }
     ListModelBase *mediaFileModel() { return &m_mediaFiles; }
     ListModelBase *textFileModel() { return &m_textFiles; }
 
@@ -125,10 +125,10 @@ public:
     /// Nothing runs, and a folder and at least one category are chosen.
     bool canScanMedia() const;
     bool canScanTextFiles() const;
-    /// Nothing runs, and at least one item of the list is selected.
-    bool canDeleteAssociatedItems() const { return canDelete(m_associatedItems); }
-    bool canDeleteLeftoverItems() const { return canDelete(m_leftoverItems); }
-    bool canDeleteCleanerItems() const { return canDelete(m_cleanerItems); }
+    /// Nothing runs, and at least one item of the scope's list is selected.
+    bool canDelete(ScanScope scope) const;
+    /// The numbers of the scopes for which that holds.
+    QList<int> deletableScopes() const;
     /// The row of `applications` that holds the selected application; -1 when none does.
     int selectedApplicationRow() const;
 
@@ -227,7 +227,8 @@ private:
     void connectDerivedProperties();
     void connectLateBattery();
     template <typename File> void reveal(const ListModel<File> &files, int row);
-    bool canDelete(const ListModelBase &items) const { return canScan() && items.selectedCount() > 0; }
+    /// The list that a removal of this scope works on.
+    static ListModel<ScanItem> AppViewModel::*itemsOf(ScanScope scope);
 
     // What the workflows write with. A field is announced when it changes; one whose type cannot be compared is
     // announced whenever it is set.
@@ -271,9 +272,10 @@ private:
     QString m_leftoverQuery;
     ListModel<InstalledApplication> m_applications;
     std::optional<InstalledApplication> m_selectedApplication;
-    ListModel<ScanItem> m_associatedItems;
-    ListModel<ScanItem> m_leftoverItems;
-    ListModel<ScanItem> m_cleanerItems;
+    // Children: QML takes what a call hands it for its own where nothing else owns it.
+    ListModel<ScanItem> m_associatedItems{this};
+    ListModel<ScanItem> m_leftoverItems{this};
+    ListModel<ScanItem> m_cleanerItems{this};
     ListModel<MediaFile> m_mediaFiles;
     std::optional<Url> m_selectedMediaFolder;
     QSet<MediaCategory> m_selectedMediaCategories;

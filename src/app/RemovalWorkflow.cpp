@@ -85,7 +85,7 @@ RemovalWorkflow::RemovalWorkflow(AppViewModel &state, const Platform &platform)
 
 void RemovalWorkflow::requestDeletion(ScanScope scope)
 {
-    auto selected = items(scope).rows();
+    auto selected = (m_state.*AppViewModel::itemsOf(scope)).rows();
     selected.removeIf([](const ScanItem &item) { return !item.isSelected; });
     if (selected.isEmpty())
         return m_state.say(u"no_selection");
@@ -119,7 +119,7 @@ QCoro::Task<> RemovalWorkflow::performDeletion(DeletionRequest request)
     const auto settlement = co_await summing;
 
     m_state.setLastReport(settlement.report);
-    auto pruning = prune(items(request.scope), settlement.movedPaths);
+    auto pruning = prune(m_state.*AppViewModel::itemsOf(request.scope), settlement.movedPaths);
     co_await pruning;
     announce(request.scope, settlement.report);
     if (request.scope == ScanScope::uninstaller) {
@@ -156,19 +156,6 @@ std::optional<QString> RemovalWorkflow::identifierOfSelected(ScanScope scope) co
     if (scope != ScanScope::uninstaller || !application)
         return std::nullopt;
     return application->bundleIdentifier;
-}
-
-ListModel<ScanItem> &RemovalWorkflow::items(ScanScope scope)
-{
-    switch (scope) {
-    case ScanScope::uninstaller:
-        return m_state.m_associatedItems;
-    case ScanScope::leftovers:
-        return m_state.m_leftoverItems;
-    case ScanScope::cleaner:
-        break;
-    }
-    return m_state.m_cleanerItems;
 }
 
 void RemovalWorkflow::announce(ScanScope scope, const OperationReport &report)

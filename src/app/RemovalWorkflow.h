@@ -34,7 +34,6 @@ private:
     QCoro::Task<> refreshCatalog();
 
     std::optional<QString> identifierOfSelected(ScanScope scope) const;
-    ListModel<ScanItem> &items(ScanScope scope);
     /// Chooses the status line and, where something failed, the notice.
     void announce(ScanScope scope, const OperationReport &report);
     /// The first few failures, one a line.

@@ -45,12 +45,13 @@ TEST_F(AppViewModelTest, buttonsAreEnabledByWhatTheirOperationsNeed)
     app.scanCleaner();
     EXPECT_FALSE(app.canScan() || app.canScanByName() || app.canSearchLeftovers());
     settle();
-    EXPECT_FALSE(app.canDeleteCleanerItems());
+    EXPECT_FALSE(app.canDelete(ScanScope::cleaner));
     app.cleanerItemModel()->setSelected(0, true);
-    EXPECT_TRUE(app.canDeleteCleanerItems());
+    EXPECT_TRUE(app.canDelete(ScanScope::cleaner));
+    EXPECT_FALSE(app.canDelete(ScanScope::leftovers));
     EXPECT_GE(enabling.count(), 3);
     app.scanMedia();
-    EXPECT_TRUE(app.canDeleteCleanerItems());
+    EXPECT_TRUE(app.canDelete(ScanScope::cleaner));
 }
 
 TEST_F(AppViewModelTest, selectingTheSameApplicationAgainKeepsWhatWasFound)

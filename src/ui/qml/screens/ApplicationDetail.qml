@@ -83,9 +83,7 @@ Item {
             Layout.fillHeight: true
             visible: !items.isEmpty
             viewModel: detail.viewModel
-            items: detail.viewModel.associatedItems
             scope: Tarnvale.ScanScope.uninstaller
-            canDelete: detail.viewModel.canDeleteAssociatedItems
         }
 
         EmptyState {

@@ -35,9 +35,7 @@ FocusScope {
             Layout.fillHeight: true
             visible: !items.isEmpty
             viewModel: view.viewModel
-            items: view.viewModel.cleanerItems
             scope: Tarnvale.ScanScope.cleaner
-            canDelete: view.viewModel.canDeleteCleanerItems
         }
 
         EmptyState {

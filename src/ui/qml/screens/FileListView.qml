@@ -7,9 +7,11 @@ UtilityCard {
     id: view
 
     required property AppViewModel viewModel
-    required property ListModelBase items
+    /// A ScanScope.
     required property int scope
-    required property bool canDelete
+    readonly property ListModelBase items: viewModel.itemModel(scope)
+    /// Numbers of ScanScope.
+    readonly property var deletableScopes: viewModel.deletableScopes
 
     padding: 0
 
@@ -88,7 +90,7 @@ UtilityCard {
             DestructiveButton {
                 text: Texts.of("delete_selected")
                 systemImage: "trash"
-                enabled: view.canDelete
+                enabled: view.deletableScopes.includes(view.scope)
                 onClicked: view.viewModel.requestDeletion(view.scope)
             }
         }

@@ -54,9 +54,7 @@ FocusScope {
             Layout.fillHeight: true
             visible: !items.isEmpty
             viewModel: view.viewModel
-            items: view.viewModel.leftoverItems
             scope: Tarnvale.ScanScope.leftovers
-            canDelete: view.viewModel.canDeleteLeftoverItems
         }
 
         EmptyState {

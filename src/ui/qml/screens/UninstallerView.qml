@@ -61,9 +61,7 @@ FocusScope {
             Layout.fillHeight: true
             visible: !items.isEmpty
             viewModel: view.viewModel
-            items: view.viewModel.associatedItems
             scope: Tarnvale.ScanScope.uninstaller
-            canDelete: view.viewModel.canDeleteAssociatedItems
         }
 
         EmptyState {
