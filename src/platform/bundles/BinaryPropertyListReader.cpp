@@ -152,7 +152,7 @@ std::optional<QVariant> BinaryPropertyListReader::read()
 
 std::optional<QVariant> BinaryPropertyListReader::object(quint64 index, int depth)
 {
-    if (!m_budget.spend(depth) || index >= m_objectCount)
+    if (!m_budget.spendValue(depth) || index >= m_objectCount)
         return std::nullopt;
     if (const auto known = m_leaves.constFind(index); known != m_leaves.constEnd())
         return *known;
@@ -263,7 +263,7 @@ std::optional<QVariant> BinaryPropertyListReader::dictionary(QByteArrayView refe
         if (!key || key->typeId() != QMetaType::QString)
             return std::nullopt;
         auto element = object(reference(references, count + i), depth + 1);
-        if (!element)
+        if (!element || !m_budget.spendKey(key->toString().size()))
             return std::nullopt;
         dictionary.insert(key->toString(), *element);
     }

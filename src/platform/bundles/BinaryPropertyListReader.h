@@ -1,6 +1,6 @@
 #pragma once
 
-#include "PropertyListBudget.h"
+#include "BundleBudget.h"
 
 #include <QByteArrayView>
 #include <QHash>
@@ -17,8 +17,8 @@
 class BinaryPropertyListReader
 {
 public:
-    /// `data` outlives the reader.
-    explicit BinaryPropertyListReader(QByteArrayView data) : m_data(data) { }
+    /// `data` and `budget` outlive the reader.
+    BinaryPropertyListReader(QByteArrayView data, BundleBudget &budget) : m_data(data), m_budget(budget) { }
 
     /// To be called once.
     std::optional<QVariant> read();
@@ -36,7 +36,7 @@ private:
     qsizetype m_referenceSize = 0;
     qsizetype m_offsetTable = 0;
     quint64 m_objectCount = 0;
-    PropertyListBudget m_budget;
+    BundleBudget &m_budget;
     /// Texts and bytes that were read, by object. They are named often, and are shared then.
     QHash<quint64, QVariant> m_leaves;
     /// The texts and bytes of an honest file lie side by side, so together they are never longer than it.

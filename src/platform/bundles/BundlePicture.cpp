@@ -1,6 +1,8 @@
 #include "BundlePicture.h"
 
+#include "BundleBudget.h"
 #include "BundleLayout.h"
+#include "FileNames.h"
 #include "FileSystem.h"
 #include "IconFamily.h"
 #include "PropertyList.h"
@@ -38,23 +40,24 @@ QStringList iconNames(const QVariantMap &information)
         + texts(primaryIcon(QStringLiteral("CFBundleIcons")).value(QStringLiteral("CFBundleIconFiles")))
         + texts(primaryIcon(QStringLiteral("CFBundleIcons~ipad")).value(QStringLiteral("CFBundleIconFiles")))
         + texts(information.value(QStringLiteral("CFBundleIconName"))) + QStringList(QStringLiteral("AppIcon"));
-    names.removeIf(
-        [](const QString &name) { return name.isEmpty() || name.contains(u'/') || name.contains(QChar()); });
+    constexpr qsizetype longestName = 255;
+    names.removeIf([](const QString &name) { return name.size() > longestName || !isFileName(name.toUtf8()); });
     names.removeDuplicates();
     constexpr qsizetype most = 50;
     return names.first(std::min(names.size(), most));
 }
 
-QByteArray pictureAt(const FileSystem &fileSystem, const Url &url)
+QByteArray pictureAt(const FileSystem &fileSystem, const Url &url, BundleBudget &budget)
 {
-    const auto content = fileSystem.readFile(url, largestIcon);
+    const auto content = budget.readFile(fileSystem, url, largestIcon);
     if (!content)
         return {};
     return iconWidth(*content) > 0 ? *content : bestPicture(*content);
 }
 
 /// The widest of the pictures in `folder` whose names go on behind one of `names`, as "AppIcon60x60@2x.png" does.
-QByteArray widestVariant(const FileSystem &fileSystem, const Url &folder, const QStringList &names)
+QByteArray widestVariant(const FileSystem &fileSystem, const Url &folder, const QStringList &names,
+                         BundleBudget &budget)
 {
     constexpr int most = 200;
     int seen = 0;
@@ -67,7 +70,7 @@ QByteArray widestVariant(const FileSystem &fileSystem, const Url &folder, const 
         if (std::ranges::none_of(names, [&](const QString &start) { return name.startsWith(start); }))
             continue;
         const auto url = entry.url();
-        const int width = iconWidth(fileSystem.readFilePart(url, 0, 24).value_or(QByteArray()));
+        const int width = iconWidth(budget.readFilePart(fileSystem, url, 0, 24).value_or(QByteArray()));
         if (width > widest) {
             widest = width;
             best = url;
@@ -75,22 +78,23 @@ QByteArray widestVariant(const FileSystem &fileSystem, const Url &folder, const 
         if (++seen == most)
             break;
     }
-    return widest > 0 ? pictureAt(fileSystem, best) : QByteArray();
+    return widest > 0 ? pictureAt(fileSystem, best, budget) : QByteArray();
 }
 
 } // namespace
 
-QByteArray bundlePicture(const FileSystem &fileSystem, const Url &bundle)
+QByteArray bundlePicture(const FileSystem &fileSystem, const Url &bundle, BundleBudget &budget)
 {
     const auto layout = bundleLayout(fileSystem, bundle);
-    const auto information = readPropertyListFile(fileSystem, layout.information);
+    const auto information = readPropertyListFile(fileSystem, layout.information, budget);
     const auto names = iconNames(information.value_or(QVariantMap()));
     for (const auto &name : names) {
         for (const auto *extension : {"", ".icns", ".png"}) {
-            auto picture = pictureAt(fileSystem, layout.resources / QByteArrayView(name.toUtf8() + extension));
+            auto picture =
+                pictureAt(fileSystem, layout.resources / QByteArrayView(name.toUtf8() + extension), budget);
             if (!picture.isEmpty())
                 return picture;
         }
     }
-    return widestVariant(fileSystem, layout.resources, names);
+    return widestVariant(fileSystem, layout.resources, names, budget);
 }

@@ -1,9 +1,9 @@
 #include "BundleSearch.h"
 
+#include "BundleBudget.h"
 #include "BundleLayout.h"
 #include "Packages.h"
 #include "PropertyList.h"
-#include "PropertyListBudget.h"
 
 #include <algorithm>
 
@@ -19,27 +19,13 @@ Url bundleOf(const Url &information)
 
 } // namespace
 
-/// What looking through one bundle, with all that it contains, has left to spend: more than the largest of bundles,
-/// those of developers' tools, have, and what this computer reads in about a second.
-class BundleSearch::BundleCost
+/// What looking through one bundle, with all that it contains, has left to spend.
+struct BundleSearch::BundleCost
 {
-public:
-    bool spendEntry() { return --m_entries >= 0; }
-    /// How many bytes the next Info.plist may have.
-    qint64 largestFile() const
-    {
-        return m_files > 0 ? std::min<qint64>(m_bytes, PropertyListBudget::largestFile) : 0;
-    }
-    void spendFile(qint64 size)
-    {
-        --m_files;
-        m_bytes -= size;
-    }
+    bool spendEntry() { return --entries >= 0; }
 
-private:
-    qint64 m_entries = 1'500'000;
-    qint64 m_bytes = 16 * 1024 * 1024;
-    int m_files = 20'000;
+    qint64 entries = 1'500'000;
+    BundleBudget budget;
 };
 
 BundleSearch::BundleSearch(const FileSystem &fileSystem, Found found)
@@ -140,10 +126,8 @@ void BundleSearch::lookAtInside(DirectoryEntry &entry, QList<Url> &nested, Bundl
 
 void BundleSearch::read(const Url &information, BundleCost &cost)
 {
-    const auto content = m_fileSystem.readFile(information, cost.largestFile());
-    cost.spendFile(content ? content->size() : 0);
-    const auto list = content ? readPropertyList(*content) : std::nullopt;
-    const auto identifier = list ? list->toMap().value(QStringLiteral("CFBundleIdentifier")) : QVariant();
+    const auto list = readPropertyListFile(m_fileSystem, information, cost.budget);
+    const auto identifier = list ? list->value(QStringLiteral("CFBundleIdentifier")) : QVariant();
     if (identifier.typeId() == QMetaType::QString && !identifier.toString().isEmpty())
         m_found(identifier.toString(), bundleOf(information));
 }

@@ -45,7 +45,7 @@ public:
     void search(const QList<Place> &places);
 
 private:
-    class BundleCost;
+    struct BundleCost;
 
     void searchPlace(const Place &place);
     void lookAt(DirectoryEntry &entry, const Place &place);

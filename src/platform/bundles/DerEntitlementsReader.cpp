@@ -70,7 +70,7 @@ std::optional<DerEntitlementsReader::Element> DerEntitlementsReader::take(QByteA
 
 std::optional<QVariant> DerEntitlementsReader::value(const Element &element, int depth)
 {
-    if (!m_budget.spend(depth))
+    if (!m_budget.spendValue(depth))
         return std::nullopt;
     switch (element.tag) {
     case boolean:

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "PropertyListBudget.h"
+#include "BundleBudget.h"
 
 #include <QByteArrayView>
 #include <QVariant>
@@ -12,10 +12,10 @@
 class DerEntitlementsReader
 {
 public:
-    /// `data` outlives the reader.
-    explicit DerEntitlementsReader(QByteArrayView data) : m_data(data) { }
+    /// `data` and `budget` outlive the reader.
+    DerEntitlementsReader(QByteArrayView data, BundleBudget &budget) : m_data(data), m_budget(budget) { }
 
-    /// To be called once. Absent when it is damaged or costs more than `PropertyListBudget` grants.
+    /// To be called once. Absent when it is damaged or costs more than the budget grants.
     std::optional<QVariantMap> read();
 
 private:
@@ -32,5 +32,5 @@ private:
     std::optional<QVariant> dictionary(QByteArrayView pairs, int depth);
 
     QByteArrayView m_data;
-    PropertyListBudget m_budget;
+    BundleBudget &m_budget;
 };

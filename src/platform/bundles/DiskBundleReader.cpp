@@ -1,5 +1,6 @@
 #include "DiskBundleReader.h"
 
+#include "BundleBudget.h"
 #include "BundleLayout.h"
 #include "BundlePicture.h"
 #include "FileSystem.h"
@@ -56,9 +57,10 @@ QStringList translationFolders(const FileSystem &fileSystem, const Url &resource
 
 } // namespace
 
-DiskBundleReader::DiskBundleReader(const FileSystem &fileSystem, QStringList preferredLanguages, Url mainBundleUrl)
+DiskBundleReader::DiskBundleReader(const FileSystem &fileSystem, QStringList preferredLanguages, Url mainBundleUrl,
+                                   std::stop_token stop)
     : m_fileSystem(fileSystem), m_preferredLanguages(std::move(preferredLanguages)),
-      m_mainBundleUrl(std::move(mainBundleUrl))
+      m_mainBundleUrl(std::move(mainBundleUrl)), m_stop(std::move(stop))
 {
 }
 
@@ -66,13 +68,14 @@ std::optional<Bundle> DiskBundleReader::open(const Url &url) const
 {
     if (!m_fileSystem.isDirectory(url))
         return std::nullopt;
+    BundleBudget budget(m_stop);
     const auto layout = bundleLayout(m_fileSystem, url);
-    auto information = readPropertyListFile(m_fileSystem, layout.information);
+    auto information = readPropertyListFile(m_fileSystem, layout.information, budget);
     if (!information)
         return std::nullopt;
 
     const auto developmentRegion = information->value(QStringLiteral("CFBundleDevelopmentRegion")).toString();
-    const auto localized = localizedInformation(layout, developmentRegion);
+    const auto localized = localizedInformation(layout, developmentRegion, budget);
     for (const auto &[key, value] : localized.asKeyValueRange()) {
         if (std::ranges::find(neverLocalized, key) == std::end(neverLocalized))
             information->insert(key, value);
@@ -81,11 +84,11 @@ std::optional<Bundle> DiskBundleReader::open(const Url &url) const
 }
 
 // The first translation that has information is used whole: a bundle never shows two languages at once.
-QVariantMap DiskBundleReader::localizedInformation(const BundleLayout &layout,
-                                                   const QString &developmentRegion) const
+QVariantMap DiskBundleReader::localizedInformation(const BundleLayout &layout, const QString &developmentRegion,
+                                                   BundleBudget &budget) const
 {
-    const auto table =
-        readPropertyListFile(m_fileSystem, layout.resources / "InfoPlist.loctable").value_or(QVariantMap());
+    const auto table = readPropertyListFile(m_fileSystem, layout.resources / "InfoPlist.loctable", budget)
+                           .value_or(QVariantMap());
     const auto languages = translationsIn(table) + translationFolders(m_fileSystem, layout.resources);
     for (const auto &language : translationsToSearch(languages, m_preferredLanguages, developmentRegion)) {
         const auto compiled = table.value(language);
@@ -93,7 +96,7 @@ QVariantMap DiskBundleReader::localizedInformation(const BundleLayout &layout,
             return compiled.toMap();
         const auto folder = language.isEmpty() ? layout.resources
                                                : layout.resources / QString(language + QStringLiteral(".lproj"));
-        if (const auto strings = readPropertyListFile(m_fileSystem, folder / "InfoPlist.strings"))
+        if (const auto strings = readPropertyListFile(m_fileSystem, folder / "InfoPlist.strings", budget))
             return *strings;
     }
     return {};
@@ -101,5 +104,6 @@ QVariantMap DiskBundleReader::localizedInformation(const BundleLayout &layout,
 
 QByteArray DiskBundleReader::iconData(const Url &url) const
 {
-    return bundlePicture(m_fileSystem, url);
+    BundleBudget budget(m_stop);
+    return bundlePicture(m_fileSystem, url, budget);
 }

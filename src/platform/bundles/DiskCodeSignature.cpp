@@ -1,5 +1,6 @@
 #include "DiskCodeSignature.h"
 
+#include "BundleBudget.h"
 #include "BundleLayout.h"
 #include "Entitlements.h"
 #include "FileNames.h"
@@ -32,15 +33,17 @@ bool isInside(const FileSystem &fileSystem, const Url &executable, const Url &bu
 
 std::optional<QVariantMap> DiskCodeSignature::entitlements(const Url &bundle) const
 {
+    BundleBudget budget(m_stop);
     const auto layout = bundleLayout(m_fileSystem, bundle);
-    const auto information = readPropertyListFile(m_fileSystem, layout.information);
+    const auto information = readPropertyListFile(m_fileSystem, layout.information, budget);
     const auto name = executableName(information.value_or(QVariantMap()), bundle);
     if (!name)
         return std::nullopt;
     const auto executable = layout.executables / QByteArrayView(*name);
     if (!isInside(m_fileSystem, executable, bundle))
         return std::nullopt;
-    return readEntitlements([&](qint64 offset, qint64 length) {
-        return m_fileSystem.readFilePart(executable, offset, length).value_or(QByteArray());
-    });
+    const auto readPart = [&](qint64 offset, qint64 length) {
+        return budget.readFilePart(m_fileSystem, executable, offset, length).value_or(QByteArray());
+    };
+    return readEntitlements(readPart, budget);
 }

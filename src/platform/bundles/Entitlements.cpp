@@ -1,5 +1,6 @@
 #include "Entitlements.h"
 
+#include "BundleBudget.h"
 #include "DerEntitlementsReader.h"
 #include "PropertyList.h"
 
@@ -10,17 +11,18 @@
 
 namespace {
 
-std::optional<QVariantMap> readXml(const QByteArray &content)
+std::optional<QVariantMap> readXml(const QByteArray &content, BundleBudget &budget)
 {
-    const auto value = readPropertyList(content);
+    const auto value = readPropertyList(content, budget);
     if (!value || value->typeId() != QMetaType::QVariantMap)
         return std::nullopt;
     return value->toMap();
 }
 
-std::optional<QVariantMap> readDer(const QByteArray &content)
+std::optional<QVariantMap> readDer(const QByteArray &content, BundleBudget &budget)
 {
-    return DerEntitlementsReader(content).read();
+    budget.beginList();
+    return DerEntitlementsReader(content, budget).read();
 }
 
 struct EntitlementsForm
@@ -28,7 +30,7 @@ struct EntitlementsForm
     // What a signature's index calls it.
     quint32 slot;
     quint32 magic;
-    std::optional<QVariantMap> (*read)(const QByteArray &content);
+    std::optional<QVariantMap> (*read)(const QByteArray &content, BundleBudget &budget);
 };
 // In the order of preference: the first that can be read counts.
 constexpr EntitlementsForm forms[] = {
@@ -64,7 +66,7 @@ std::optional<QByteArray> partContent(const ByteSource &file, ByteRange signatur
     return content.size() == length - headSize ? std::optional(std::move(content)) : std::nullopt;
 }
 
-std::optional<QVariantMap> entitlementsIn(const ByteSource &file, ByteRange signature)
+std::optional<QVariantMap> entitlementsIn(const ByteSource &file, ByteRange signature, BundleBudget &budget)
 {
     constexpr qint64 headSize = 12;
     constexpr qint64 recordSize = 8;
@@ -82,7 +84,7 @@ std::optional<QVariantMap> entitlementsIn(const ByteSource &file, ByteRange sign
             if (integerAt(index, at) != form.slot)
                 continue;
             const auto content = partContent(file, signature, integerAt(index, at + 4), form.magic);
-            if (auto entitlements = content ? form.read(*content) : std::nullopt)
+            if (auto entitlements = content ? form.read(*content, budget) : std::nullopt)
                 return entitlements;
         }
     }
@@ -91,10 +93,10 @@ std::optional<QVariantMap> entitlementsIn(const ByteSource &file, ByteRange sign
 
 } // namespace
 
-std::optional<QVariantMap> readEntitlements(const ByteSource &file)
+std::optional<QVariantMap> readEntitlements(const ByteSource &file, BundleBudget &budget)
 {
     for (const auto &signature : codeSignatures(file)) {
-        if (auto entitlements = entitlementsIn(file, signature))
+        if (auto entitlements = entitlementsIn(file, signature, budget))
             return entitlements;
     }
     return std::nullopt;

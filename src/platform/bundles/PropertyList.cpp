@@ -1,8 +1,7 @@
 #include "PropertyList.h"
 
 #include "BinaryPropertyListReader.h"
-#include "FileSystem.h"
-#include "PropertyListBudget.h"
+#include "BundleBudget.h"
 #include "TextPropertyListReader.h"
 #include "XmlPropertyListReader.h"
 
@@ -68,29 +67,30 @@ std::optional<QString> textIn(QByteArrayView data)
 
 } // namespace
 
-std::optional<QVariant> readPropertyList(const QByteArray &data)
+std::optional<QVariant> readPropertyList(const QByteArray &data, BundleBudget &budget)
 {
-    if (data.isEmpty() || data.size() > PropertyListBudget::largestFile)
+    if (data.isEmpty() || data.size() > BundleBudget::largestList)
         return std::nullopt;
+    budget.beginList();
     if (data.startsWith("bplist0"))
-        return BinaryPropertyListReader(data).read();
+        return BinaryPropertyListReader(data, budget).read();
     const auto text = textIn(data);
     if (!text)
         return std::nullopt;
     // Bytes as text are "<0fbd 77>": the one text form that begins like XML.
     if (QStringView(*text).trimmed().startsWith(u'<')) {
-        if (auto value = XmlPropertyListReader(*text).read())
+        if (auto value = XmlPropertyListReader(*text, budget).read())
             return value;
     }
-    return TextPropertyListReader(*text).read();
+    return TextPropertyListReader(*text, budget).read();
 }
 
-std::optional<QVariantMap> readPropertyListFile(const FileSystem &fileSystem, const Url &url)
+std::optional<QVariantMap> readPropertyListFile(const FileSystem &fileSystem, const Url &url, BundleBudget &budget)
 {
-    const auto data = fileSystem.readFile(url, PropertyListBudget::largestFile);
+    const auto data = budget.readFile(fileSystem, url, BundleBudget::largestList);
     if (!data)
         return std::nullopt;
-    const auto value = readPropertyList(*data);
+    const auto value = readPropertyList(*data, budget);
     if (!value || value->typeId() != QMetaType::QVariantMap)
         return std::nullopt;
     return value->toMap();

@@ -68,7 +68,7 @@ std::optional<QVariant> TextPropertyListReader::read()
 
 std::optional<QVariant> TextPropertyListReader::value(int depth)
 {
-    if (!m_budget.spend(depth))
+    if (!m_budget.spendValue(depth))
         return std::nullopt;
     if (take(u'{')) {
         auto dictionary = pairs(u'}', depth);
@@ -104,8 +104,10 @@ std::optional<QVariant> TextPropertyListReader::pairs(QChar closing, int depth)
         if (!key)
             return std::nullopt;
         // "key;" is short for "key = key;".
-        auto element = take(u'=') ? value(depth + 1) : std::optional(QVariant(*key));
-        if (!element || !take(u';'))
+        auto element = take(u'=')                       ? value(depth + 1)
+                       : m_budget.spendValue(depth + 1) ? std::optional(QVariant(*key))
+                                                        : std::nullopt;
+        if (!element || !take(u';') || !m_budget.spendKey(key->size()))
             return std::nullopt;
         dictionary.insert(*key, *element);
     }

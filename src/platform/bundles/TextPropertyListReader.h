@@ -1,6 +1,6 @@
 #pragma once
 
-#include "PropertyListBudget.h"
+#include "BundleBudget.h"
 
 #include <QStringView>
 #include <QVariant>
@@ -12,8 +12,8 @@
 class TextPropertyListReader
 {
 public:
-    /// `text` outlives the reader.
-    explicit TextPropertyListReader(QStringView text) : m_text(text) { }
+    /// `text` and `budget` outlive the reader.
+    TextPropertyListReader(QStringView text, BundleBudget &budget) : m_text(text), m_budget(budget) { }
 
     /// To be called once. A text of blanks and comments only is an empty dictionary.
     std::optional<QVariant> read();
@@ -38,5 +38,5 @@ private:
 
     QStringView m_text;
     qsizetype m_position = 0;
-    PropertyListBudget m_budget;
+    BundleBudget &m_budget;
 };

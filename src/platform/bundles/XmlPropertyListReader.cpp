@@ -84,7 +84,7 @@ std::optional<QVariant> XmlPropertyListReader::read()
 
 std::optional<QVariant> XmlPropertyListReader::value(const XmlCursor::Tag &tag, int depth)
 {
-    if (!m_budget.spend(depth))
+    if (!m_budget.spendValue(depth))
         return std::nullopt;
     if (tag.name == u"dict")
         return dictionary(tag, depth);
@@ -114,7 +114,7 @@ std::optional<QVariant> XmlPropertyListReader::dictionary(const XmlCursor::Tag &
         const auto key = next->name == u"key" ? text(*next) : std::nullopt;
         const auto valueTag = key ? m_xml.takeOpening() : std::nullopt;
         auto element = valueTag ? value(*valueTag, depth + 1) : std::nullopt;
-        if (!element)
+        if (!element || !m_budget.spendKey(key->size()))
             return std::nullopt;
         dictionary.insert(*key, *element);
     }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "PropertyListBudget.h"
+#include "BundleBudget.h"
 #include "XmlCursor.h"
 
 #include <QVariant>
@@ -11,8 +11,8 @@
 class XmlPropertyListReader
 {
 public:
-    /// `text` outlives the reader.
-    explicit XmlPropertyListReader(QStringView text) : m_xml(text) { }
+    /// `text` and `budget` outlive the reader.
+    XmlPropertyListReader(QStringView text, BundleBudget &budget) : m_xml(text), m_budget(budget) { }
 
     /// To be called once.
     std::optional<QVariant> read();
@@ -25,5 +25,5 @@ private:
     std::optional<QString> text(const XmlCursor::Tag &tag);
 
     XmlCursor m_xml;
-    PropertyListBudget m_budget;
+    BundleBudget &m_budget;
 };

@@ -36,8 +36,8 @@ LinuxPlatform::LinuxPlatform(FolderChooser &folderChooser, const std::stop_token
 LinuxPlatform::LinuxPlatform(const DiskRoot &root, const Url &home, FolderChooser &folderChooser,
                              const std::stop_token &stop)
     : m_fileSystem(root, home, stop),
-      m_bundleReader(m_fileSystem, QLocale::system().uiLanguages(), programFolder()),
-      m_codeSignature(m_fileSystem), m_applicationRegistry(root, m_fileSystem), m_workspace(root),
+      m_bundleReader(m_fileSystem, QLocale::system().uiLanguages(), programFolder(), stop),
+      m_codeSignature(m_fileSystem, stop), m_applicationRegistry(root, m_fileSystem), m_workspace(root),
       m_helperService(systemBusOf(root)), m_services{
                                               .fileSystem = m_fileSystem,
                                               .bundleReader = m_bundleReader,

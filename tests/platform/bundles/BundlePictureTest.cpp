@@ -1,5 +1,6 @@
 #include "BundlePicture.h"
 
+#include "BundleBudget.h"
 #include "IconFamily.h"
 #include "InMemoryFileSystem.h"
 
@@ -41,7 +42,11 @@ protected:
         disk.remove(app + "/Contents/Info.plist");
         disk.fileWithContent(app + "/Contents/Info.plist", text);
     }
-    QByteArray icon() const { return bundlePicture(disk, disk.url(app)); }
+    QByteArray icon() const
+    {
+        BundleBudget budget;
+        return bundlePicture(disk, disk.url(app), budget);
+    }
 
     InMemoryFileSystem disk;
 };

@@ -1,5 +1,7 @@
 #include "PropertyList.h"
 
+#include "BundleBudget.h"
+
 #include <QDateTime>
 #include <QFile>
 #include <QProcess>
@@ -30,6 +32,12 @@ const QByteArray everyType = R"(<?xml version="1.0" encoding="UTF-8"?>
     <key>list</key><array><string>a</string><array/><dict><key>k</key><integer>1</integer></dict>
         <true/><true/><true/><true/><true/><true/><true/><true/><true/><true/><true/><true/><true/></array>
 </dict></plist>)";
+
+std::optional<QVariant> readPropertyList(const QByteArray &data)
+{
+    BundleBudget budget;
+    return ::readPropertyList(data, budget);
+}
 
 QVariant read(const QByteArray &data)
 {
@@ -220,5 +228,6 @@ TEST(PropertyListTest, depthAndCountAreBounded)
     for (const auto *opening : {"<array>", "<dict><key>a</key>", "(", "{a="})
         EXPECT_FALSE(readPropertyList(repeated(opening, 100'000))) << opening;
     EXPECT_FALSE(readPropertyList('(' + repeated("a,", 200'000) + ')'));
+    EXPECT_FALSE(readPropertyList(repeated("a;", 100'001)));
     EXPECT_FALSE(readPropertyList('"' + QByteArray(9 * 1024 * 1024, 'a') + '"'));
 }
