@@ -90,7 +90,8 @@ TEST_F(SystemInfoServiceTest, healthIsAbsentWhereItCannotBeComputed)
     facts.power.registryEntry->designCapacity = 120;
     EXPECT_THAT(battery(80, 100).healthPercentage, Optional(83));
     EXPECT_EQ(battery(80, std::nullopt).healthPercentage, std::nullopt);
-    facts.power.source = PowerSourceDescription{.currentCapacity = 80, .maxCapacity = 100, .isPercentage = true};
+    battery(80, 100);
+    facts.power.source->isPercentage = true;
     EXPECT_EQ(service.batteryInfo()->healthPercentage, std::nullopt) << "a full battery is no old one";
     EXPECT_EQ(service.batteryInfo()->percentage, 80);
 }
