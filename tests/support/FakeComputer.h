@@ -26,12 +26,13 @@ public:
     }
     DirectoryEnumeration enumerate(const Url &folder) const override
     {
-        if (QThread::currentThread() == QCoreApplication::instance()->thread()) {
-            ++timesWalkedOnMainThread;
-            return TestDisk::enumerate(folder);
-        }
-        const std::lock_guard waiting(m_gate);
+        waitUnlessOnMainThread();
         return TestDisk::enumerate(folder);
+    }
+    void walk(const QList<Url> &folders, const FolderVisitor &visit) const override
+    {
+        waitUnlessOnMainThread();
+        TestDisk::walk(folders, visit);
     }
     /// How often a tree was walked on the thread that must not wait for it; it is not held.
     mutable int timesWalkedOnMainThread = 0;
@@ -43,6 +44,14 @@ public:
     }
 
 private:
+    void waitUnlessOnMainThread() const
+    {
+        if (QThread::currentThread() == QCoreApplication::instance()->thread())
+            ++timesWalkedOnMainThread;
+        else
+            const std::lock_guard waiting(m_gate);
+    }
+
     mutable std::mutex m_gate;
     std::unique_lock<std::mutex> m_hold{m_gate, std::defer_lock};
 };
