@@ -42,12 +42,20 @@ void dressApplication()
     QQuickStyle::setStyle(QStringLiteral("Fusion"));
 }
 
+/// An engine that leaves no files behind: Qt 6.8 keeps views and shaders that it has compiled in the user's cache folder.
+std::unique_ptr<QQmlApplicationEngine> makeEngine()
+{
+    // Read once, by the first engine.
+    qputenv("QML_DISK_CACHE", "aot,qmlc-read");
+    QCoreApplication::setAttribute(Qt::AA_DisableShaderDiskCache);
+    return std::make_unique<QQmlApplicationEngine>();
+}
+
 } // namespace
 
 TarnvaleApp::TarnvaleApp(const Platform &platform, Appearance &appearance)
     : m_workspace(platform.workspace), m_viewModel(std::make_unique<AppViewModel>(platform)),
-      m_engine(std::make_unique<QQmlApplicationEngine>()),
-      m_icons(new BundleIconProvider(platform.bundleReader, platform.fileSystem))
+      m_engine(makeEngine()), m_icons(new BundleIconProvider(platform.bundleReader, platform.fileSystem))
 {
     qml_register_types_Tarnvale();
     dressApplication();
