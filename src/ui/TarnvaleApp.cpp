@@ -46,7 +46,7 @@ void dressApplication()
 std::unique_ptr<QQmlApplicationEngine> makeEngine()
 {
     // Read once, by the first engine.
-    qputenv("QML_DISK_CACHE", "aot,qmlc-read");
+    qputenv("QML_DISK_CACHE", "aot");
     QCoreApplication::setAttribute(Qt::AA_DisableShaderDiskCache);
     return std::make_unique<QQmlApplicationEngine>();
 }
