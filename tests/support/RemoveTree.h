@@ -14,7 +14,7 @@ inline void removeTree(const std::filesystem::path &top)
         return;
     // To an ordinary user a locked folder keeps what is in it. It is unlocked before it is entered.
     for (fs::recursive_directory_iterator entry(top), end; entry != end; ++entry) {
-        if (entry->is_directory() && !entry->is_symlink())
+        if (!entry->is_symlink() && entry->is_directory())
             fs::permissions(entry->path(), fs::perms::owner_all, fs::perm_options::add);
     }
     fs::remove_all(top);
