@@ -7,6 +7,8 @@
 
 #include <QCollator>
 #include <QLocale>
+#include <QThreadPool>
+#include <QtConcurrentMap>
 
 #include <algorithm>
 #include <unordered_set>
@@ -16,6 +18,12 @@ namespace {
 struct Root
 {
     Url folder;
+    bool isSystem;
+};
+
+struct Candidate
+{
+    Url url;
     bool isSystem;
 };
 
@@ -48,6 +56,24 @@ QString nameToFind(const QString &query)
     return isNameAndExtension ? name.chopped(4) : name;
 }
 
+/// The applications among them, in their order.
+QList<InstalledApplication> read(const ApplicationReader &reader, const QList<Candidate> &candidates)
+{
+    // Who waits for a disk needs no core, and the disk answers many questions at once sooner than one after another.
+    QThreadPool threads;
+    threads.setMaxThreadCount(std::max(8, QThread::idealThreadCount()));
+    const auto answers = QtConcurrent::blockingMapped<QList<std::optional<InstalledApplication>>>(
+        &threads, candidates, [&reader](const Candidate &candidate) {
+            return reader.unmeasuredApplicationAt(candidate.url, candidate.isSystem);
+        });
+    QList<InstalledApplication> applications;
+    for (const auto &answer : answers) {
+        if (answer)
+            applications.append(*answer);
+    }
+    return applications;
+}
+
 } // namespace
 
 ApplicationCatalogScanner::ApplicationCatalogScanner(const FileSystem &fileSystem,
@@ -58,17 +84,15 @@ ApplicationCatalogScanner::ApplicationCatalogScanner(const FileSystem &fileSyste
 
 QList<InstalledApplication> ApplicationCatalogScanner::scanApplications() const
 {
-    QList<InstalledApplication> applications;
+    QList<Candidate> candidates;
     std::unordered_set<QByteArray> seenPaths;
     for (const auto &[folder, isSystem] : roots(m_fileSystem)) {
         for (const auto &entry : m_fileSystem.contentsOfDirectory(folder)) {
-            const auto url = entry.url();
-            if (!seenPaths.insert(url.standardizedPath()).second)
-                continue;
-            if (auto application = m_applicationReader.unmeasuredApplicationAt(url, isSystem))
-                applications.append(std::move(*application));
+            if (seenPaths.insert(entry.url().standardizedPath()).second)
+                candidates.append({entry.url(), isSystem});
         }
     }
+    auto applications = read(m_applicationReader, candidates);
     measure(m_fileSystem, applications);
     const auto collator = systemCollator();
     std::ranges::stable_sort(
