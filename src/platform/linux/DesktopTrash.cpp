@@ -5,11 +5,14 @@
 
 #include <QDateTime>
 
+#include <climits>
 #include <cstdlib>
 #include <fcntl.h>
 #include <memory>
 #include <stdio.h>
+#include <string>
 #include <sys/stat.h>
+#include <utility>
 
 namespace {
 
@@ -48,6 +51,14 @@ std::optional<TrashFailure> lookAt(const QByteArray &path)
     return errno == ENOENT || errno == ENOTDIR ? TrashFailure::itemIsMissing : TrashFailure::itemIsOutOfSight;
 }
 
+/// Which file is at `path`; absent where none can be seen.
+std::optional<std::pair<dev_t, ino_t>> identityAt(const QByteArray &path)
+{
+    struct stat status;
+    return lstat(path.constData(), &status) == 0 ? std::optional(std::pair(status.st_dev, status.st_ino))
+                                                 : std::nullopt;
+}
+
 /// What the Trash notes of an item that came from `origin`.
 QByteArray recordOf(const QByteArray &origin)
 {
@@ -55,12 +66,26 @@ QByteArray recordOf(const QByteArray &origin)
            + "\nDeletionDate=" + QDateTime::currentDateTime().toString(Qt::ISODate).toLatin1() + '\n';
 }
 
-/// The name for the `number`th item called `name`. The number stands before the extension, so that it stays what it is.
+constexpr auto recordExtension = ".trashinfo";
+/// Of what a folder takes as a name, its record's extension has to fit in as well.
+constexpr qsizetype longestName = NAME_MAX - qsizetype(std::char_traits<char>::length(recordExtension));
+
+/// The name for the `number`th item called `name`. The number stands before the extension, so that it stays what it is,
+/// and a name that leaves no room is cut there, between two characters: the item's record has it whole.
 QByteArray numbered(const QByteArray &name, int number)
 {
     const auto dot = name.lastIndexOf('.');
-    return number == 1 ? name
-                       : QByteArray(name).insert(dot > 0 ? dot : name.size(), '.' + QByteArray::number(number));
+    const auto hasExtension = dot > 0 && name.size() - dot <= longestName / 2;
+    const auto end = (number == 1 ? QByteArray() : '.' + QByteArray::number(number))
+                     + (hasExtension ? name.mid(dot) : QByteArray());
+    auto stem = hasExtension ? name.first(dot) : name;
+    if (auto room = longestName - end.size(); stem.size() > room) {
+        const auto continuesCharacter = [&] { return (stem[room] & 0xC0) == 0x80; };
+        while (room > 1 && continuesCharacter())
+            --room;
+        stem.truncate(room);
+    }
+    return stem + end;
 }
 
 /// Makes a new file of these bytes and waits until they are on the disk: after a power cut, an item in the Trash
@@ -97,11 +122,12 @@ int renameWithoutReplacing(const QByteArray &from, const QByteArray &to)
 TrashMove moveInto(const TrashDirectory &trash, const Item &item, const QByteArray &origin)
 {
     const auto record = recordOf(origin);
+    const auto identity = identityAt(item.path());
     // The record is made first and takes the name, as with every desktop. Where something lies under it without a
     // record, another name is tried.
     for (int number = 1;; ++number) {
         const auto name = numbered(item.name, number);
-        const auto recordPath = trash.path + "/info/" + name + ".trashinfo";
+        const auto recordPath = trash.path + "/info/" + name + recordExtension;
         auto error = writeNewFile(recordPath, record);
         if (error == EEXIST)
             continue;
@@ -109,7 +135,11 @@ TrashMove moveInto(const TrashDirectory &trash, const Item &item, const QByteArr
             return {trashFailureOf(error), {}};
         const auto place = trash.path + "/files/" + name;
         error = renameWithoutReplacing(item.path(), place);
-        if (error == 0)
+        // Across a network an answer can get lost, and the move is then made and said to have failed.
+        const auto wasMoved = [&] {
+            return identity && lookAt(item.path()) == TrashFailure::itemIsMissing && identityAt(place) == identity;
+        };
+        if (error == 0 || wasMoved())
             return {std::nullopt, place};
         unlink(recordPath.constData());
         if (error != EEXIST)

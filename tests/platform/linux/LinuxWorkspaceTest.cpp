@@ -32,10 +32,9 @@ TEST_F(LinuxWorkspaceTest, whatCannotBeMovedStaysAndSaysWhyInTheSystemsLanguage)
 {
     sandbox.environment.insert("XDG_DATA_HOME", "relative"); // which counts as unset
     const auto kept = sandbox.file("locked/kept");
-    const auto longName = sandbox.file("items/" + QByteArray(255, 'n'));
     const auto outOfSight = sandbox.file("unsearchable/x");
     const auto moved = sandbox.file("items/moved");
-    const QList<Url> items{kept, longName, outOfSight, sandbox.url("items/gone"), moved, Url("relative"), Url()};
+    const QList<Url> items{kept, outOfSight, sandbox.url("items/gone"), moved, Url("relative"), Url()};
     if (getuid() == 0)
         sandbox.giveTo(nobody);
     chmod(kept.parent().path().constData(), 0555);
@@ -45,13 +44,12 @@ TEST_F(LinuxWorkspaceTest, whatCannotBeMovedStaysAndSaysWhyInTheSystemsLanguage)
     EXPECT_THAT(sandbox.recycle(items),
                 ElementsAre("failed “kept” couldn't be moved to the Trash because you don't have permission to do "
                             "that.",
-                            EndsWith("because its name is too long. Make it shorter and try again."),
                             EndsWith("because it can't be looked at. It may still be there."),
                             EndsWith("because it no longer exists."), StartsWith("moved "),
                             EndsWith("because it no longer exists."), EndsWith("because it no longer exists.")));
     EXPECT_EQ(sandbox.snapshot("locked"), before);
     chmod(outOfSight.parent().path().constData(), 0755);
-    EXPECT_TRUE(fs::exists(longName.path().toStdString()) && fs::exists(outOfSight.path().toStdString()));
+    EXPECT_TRUE(fs::exists(outOfSight.path().toStdString()));
     EXPECT_EQ(std::distance(fs::directory_iterator((sandbox.trash() + "/info").toStdString()), {}), 1)
         << "no record of what is not in the Trash";
 

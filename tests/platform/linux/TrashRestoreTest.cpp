@@ -79,7 +79,7 @@ protected:
 
 TEST_F(TrashRestoreTest, itemsComeBackByteForByte)
 {
-    auto items = files({"100%25", "%2F", "it's a \"quote\"", "a;b=#?", QByteArray(238, 'n')});
+    auto items = files({"100%25", "%2F", "it's a \"quote\"", "a;b=#?"});
     items << application() << sandbox.url("items/dangling");
     fs::create_symlink("nowhere", items.last().path().toStdString());
     const auto before = sandbox.snapshot("items");
@@ -105,6 +105,35 @@ TEST_F(TrashRestoreTest, namesOfAnyBytesComeBack)
     moveAll(bytes);
     for (const auto &[origin, place] : sandbox.trashed(sandbox.trash()))
         fs::rename(place.toStdString(), origin.toStdString());
+    EXPECT_EQ(sandbox.snapshot("items"), before);
+}
+
+TEST_F(TrashRestoreTest, longestNamesComeBackWhole)
+{
+    QByteArray letters;
+    while (letters.size() < 254)
+        letters += "ż";
+    const auto items = files({QByteArray(246, 'n'), QByteArray(255, 'n'), letters, letters.first(248) + ".app",
+                              '.' + letters, "x." + QByteArray(253, 'e')});
+    const auto before = sandbox.snapshot("items");
+    moveAll(items);
+    for (const auto &place : fs::directory_iterator((sandbox.trash() + "/files").toStdString())) {
+        const auto name = QByteArray::fromStdString(place.path().filename());
+        EXPECT_EQ(QString::fromUtf8(name).toUtf8(), name) << "no half of a character";
+        EXPECT_EQ(name.contains(".app"), name.endsWith(".app"));
+    }
+    restoreWithTrashCli(items.size());
+    EXPECT_EQ(sandbox.snapshot("items"), before);
+}
+
+// As a network file system may say.
+TEST_F(TrashRestoreTest, whatWasMovedAndSaidToHaveFailedHasItsRecord)
+{
+    sandbox.environment.insert("ANSWER_IS_LOST", "1");
+    const auto items = files({"x", "folder/y"});
+    const auto before = sandbox.snapshot("items");
+    moveAll(items);
+    restoreWithTrashCli(items.size());
     EXPECT_EQ(sandbox.snapshot("items"), before);
 }
 

@@ -11,14 +11,19 @@
 #include <iostream>
 #include <string>
 
-// A file system that cannot promise to replace nothing, as most across a network.
+// A file system that cannot promise to replace nothing, as most across a network, or whose answer gets lost there.
 extern "C" int __real_renameat2(int, const char *, int, const char *, unsigned);
 extern "C" int __wrap_renameat2(int fromFolder, const char *from, int toFolder, const char *to, unsigned flags)
 {
-    if (!std::getenv("PLAIN_RENAME_ONLY"))
-        return __real_renameat2(fromFolder, from, toFolder, to, flags);
-    errno = EINVAL;
-    return -1;
+    const auto answer =
+        std::getenv("PLAIN_RENAME_ONLY") ? -1 : __real_renameat2(fromFolder, from, toFolder, to, flags);
+    if (std::getenv("PLAIN_RENAME_ONLY"))
+        errno = EINVAL;
+    if (std::getenv("ANSWER_IS_LOST") && answer == 0) {
+        errno = EIO;
+        return -1;
+    }
+    return answer;
 }
 
 // A disk that loses what it was given.
