@@ -120,6 +120,12 @@ protected:
         return item && item->objectName().startsWith("folderDialog") ? item : nullptr;
     }
 
+    bool isWithTheButton()
+    {
+        const auto *item = window.activeFocusItem();
+        return item && item->property("text") == text(u"media_choose_folder");
+    }
+
     static void press(Qt::Key key) { QTest::keyClick(QGuiApplication::focusWindow(), key); }
 
     TestBus bus;
@@ -199,6 +205,7 @@ TEST_F(FolderChoice, withoutAPortalForFoldersQtsOwnDialogIsWorkedByKeyboard)
         press(Qt::Key_Escape);
         ASSERT_TRUE(Robot::waitUntil([] { return !dialogItem(); }, patience));
         EXPECT_FALSE(state().selectedMediaFolder());
+        EXPECT_TRUE(Robot::waitUntil([this] { return isWithTheButton(); }, patience)) << "the keyboard comes back";
     }
     pressChoose();
     const auto isOnFirstFolder = [] { return dialogItem() && dialogItem()->objectName().endsWith("0"); };

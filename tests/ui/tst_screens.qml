@@ -235,6 +235,70 @@ Item {
             compare(app.language, Tarnvale.AppLanguage.polish);
         }
 
+        function keyboard() {
+            return root.Window.activeFocusItem;
+        }
+
+        function test_everyScreenTakesTheKeyboard() {
+            const top = name => bench.control(root, name).mapToItem(root, 0, 0).y;
+            tryVerify(() => bench.control(root, "Refresh"));
+            const before = top("Refresh");
+            for (const [key, isAtTop] of [[Qt.Key_End, false], [Qt.Key_Home, true], [Qt.Key_PageDown, false], [Qt.Key_PageUp, true], [Qt.Key_Down, false], [Qt.Key_Up, true]]) {
+                keyClick(key);
+                compare(top("Refresh") === before, isAtTop);
+            }
+            for (const index of [1, 3]) {
+                keyClick(Qt.Key_1 + index, Qt.ControlModifier);
+                keyClick("x");
+                compare(keyboard().text, "x", "screen " + index);
+            }
+            findCaches();
+            press("Leftovers");
+            keyClick("y");
+            compare(app.leftoverQuery, "xy");
+            press("Cache & Logs");
+            verify(bench.control(root, "Items").activeFocus);
+        }
+
+        function test_theSidebarIsOneStopOfTab() {
+            keyClick(Qt.Key_2, Qt.ControlModifier);
+            const field = keyboard();
+            keyClick(Qt.Key_Tab);
+            compare(keyboard(), bench.control(root, "Uninstaller"));
+            keyClick(Qt.Key_Tab);
+            keyClick(Qt.Key_Tab);
+            compare(keyboard(), field, "the language is the only other stop");
+            keyClick(Qt.Key_Tab);
+            keyClick(Qt.Key_Down);
+            compare(app.sidebarSelection, Tarnvale.SidebarSelection.applications);
+            keyClick(Qt.Key_Down);
+            compare(app.sidebarSelection, Tarnvale.SidebarSelection.leftovers);
+            keyClick(Qt.Key_Return);
+            keyClick("x");
+            compare(app.leftoverQuery, "x", "Return enters the screen");
+        }
+
+        function test_theKeyboardComesBack() {
+            findCaches();
+            const button = bench.control(root, "Move Selected to Trash");
+            app.cleanerItems.setSelected(2, true);
+            press("Move Selected to Trash");
+            press("Cancel");
+            tryVerify(() => keyboard() === button);
+            press("Move Selected to Trash");
+            press("Move to Trash");
+            settle();
+            tryVerify(() => bench.control(root, "Items").activeFocus, 5000, "the button has nothing to move any more");
+            app.cleanerItems.setSelected(0, true);
+            app.cleanerItems.setSelected(1, true);
+            press("Move Selected to Trash");
+            press("Move to Trash");
+            settle();
+            tryVerify(() => keyboard() === bench.control(root, "Scan"), 5000, "nor is there a list");
+            keyClick(Qt.Key_Return);
+            tryCompare(app, "statusMessage", "No items matching the safety criteria were found.");
+        }
+
         function test_everythingButItsButtonMeansCancel() {
             findCaches();
             app.cleanerItems.setSelected(1, true);

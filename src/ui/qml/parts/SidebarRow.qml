@@ -12,6 +12,7 @@ BaseButton {
     required property bool selected
 
     role: Accessible.PageTab
+    focusPolicy: selected ? Qt.TabFocus : Qt.NoFocus
     implicitHeight: Math.max(implicitContentHeight, 20) + topPadding + bottomPadding
     leftPadding: Theme.medium
     rightPadding: Theme.medium

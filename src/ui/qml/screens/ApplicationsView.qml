@@ -3,11 +3,10 @@ import QtQuick.Layouts
 import Tarnvale
 
 /// Lists every installed application beside the one that is selected and what belongs to it.
-FocusScope {
+SectionView {
     id: view
 
-    required property AppViewModel viewModel
-    required property sidebarSection section
+    main: list
 
     ColumnLayout {
         anchors {
@@ -52,6 +51,8 @@ FocusScope {
             spacing: Theme.large
 
             ApplicationList {
+                id: list
+
                 Layout.preferredWidth: 236
                 Layout.fillHeight: true
                 viewModel: view.viewModel

@@ -3,11 +3,10 @@ import QtQuick.Layouts
 import Tarnvale
 
 /// Finds large caches and logs.
-FocusScope {
+SectionView {
     id: view
 
-    required property AppViewModel viewModel
-    required property sidebarSection section
+    main: results.list
 
     ColumnLayout {
         anchors {
@@ -31,6 +30,8 @@ FocusScope {
         }
 
         FileListView {
+            id: results
+
             Layout.fillWidth: true
             Layout.fillHeight: true
             visible: !items.isEmpty

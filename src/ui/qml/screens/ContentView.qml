@@ -2,11 +2,15 @@ import QtQuick
 import QtQuick.Templates as T
 import Tarnvale
 
-/// The content of the window: the sidebar and, beside it, the screen of its selection.
-Item {
+/// The content of the window: the sidebar and, beside it, the screen of its selection, which takes the keyboard.
+FocusKeeper {
     id: content
 
     required property AppViewModel viewModel
+
+    focus: true
+    home: (screen.item as SectionView)?.main ?? null
+    isBusy: viewModel.isProcessing
 
     T.SplitView {
         anchors.fill: parent
@@ -32,10 +36,13 @@ Item {
         }
 
         SidebarView {
+            id: sidebar
+
             T.SplitView.minimumWidth: 230
             T.SplitView.preferredWidth: 245
             T.SplitView.maximumWidth: 280
             viewModel: content.viewModel
+            onEntered: content.goHome()
         }
 
         Item {
@@ -56,6 +63,10 @@ Item {
                     bottom: statusBar.visible ? statusBar.top : parent.bottom
                 }
                 focus: true
+                onLoaded: {
+                    if (!sidebar.activeFocus)
+                        content.goHome();
+                }
                 Component.onCompleted: show(content.viewModel.sidebarSelection)
 
                 function show(selection: int) {

@@ -1,18 +1,15 @@
 import QtQuick
-import QtQuick.Templates as T
 import Tarnvale
 
 /// One reading of the computer, its battery, its startup volume and its memory. Reads anew whenever it is shown.
-FocusScope {
+SectionView {
     id: view
 
-    required property AppViewModel viewModel
-    required property sidebarSection section
     /// A DashboardPresentation; undefined before the first reading.
     readonly property var reading: Presentation.dashboard(viewModel.dashboardSnapshot, viewModel.language)
 
-    Keys.onUpPressed: bar.decrease()
-    Keys.onDownPressed: bar.increase()
+    main: view
+    Keys.onPressed: event => cardArea.scrollByKey(event)
     Component.onCompleted: viewModel.refreshDashboard()
 
     EmptyState {
@@ -28,18 +25,13 @@ FocusScope {
         }
     }
 
-    Flickable {
+    ScrollArea {
+        id: cardArea
+
         anchors.fill: parent
         visible: Boolean(view.reading)
         contentWidth: width
         contentHeight: cards.height + 2 * Theme.screenPadding
-        boundsBehavior: Flickable.StopAtBounds
-        clip: true
-        T.ScrollBar.vertical: ThinScrollBar {
-            id: bar
-
-            stepSize: 0.1
-        }
 
         Loader {
             id: cards

@@ -12,6 +12,7 @@ UtilityCard {
     readonly property ListModelBase items: viewModel.itemModel(scope)
     /// Numbers of ScanScope.
     readonly property var deletableScopes: viewModel.deletableScopes
+    property alias list: list
 
     padding: 0
 

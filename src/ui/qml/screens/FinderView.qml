@@ -3,11 +3,9 @@ import QtQuick.Layouts
 import Tarnvale
 
 /// Finds files of chosen categories under a chosen folder, and shows them. What is looked for is the screen's.
-FocusScope {
+SectionView {
     id: view
 
-    required property AppViewModel viewModel
-    required property sidebarSection section
     required property string help
     required property string chooseText
     required property string emptyTitle
@@ -23,6 +21,8 @@ FocusScope {
     signal scanAskedFor
     signal categoryToggled(int category)
     signal revealAskedFor(int row)
+
+    main: list
 
     ColumnLayout {
         anchors {
@@ -126,6 +126,8 @@ FocusScope {
                 }
 
                 RowList {
+                    id: list
+
                     Layout.fillWidth: true
                     Layout.fillHeight: true
                     Layout.bottomMargin: Theme.small

@@ -3,11 +3,10 @@ import QtQuick.Layouts
 import Tarnvale
 
 /// Finds orphaned data of applications that are gone, and items of an exact name.
-FocusScope {
+SectionView {
     id: view
 
-    required property AppViewModel viewModel
-    required property sidebarSection section
+    main: field
 
     ColumnLayout {
         anchors {
@@ -34,6 +33,8 @@ FocusScope {
             spacing: Theme.rowSpacing
 
             RoundedTextField {
+                id: field
+
                 Layout.fillWidth: true
                 placeholderText: Texts.of("leftover_search_placeholder")
                 text: view.viewModel.leftoverQuery

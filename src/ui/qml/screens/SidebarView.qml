@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 import Tarnvale
 
 /// The sections of the program and the language switch.
@@ -7,6 +6,13 @@ FocusScope {
     id: sidebar
 
     required property AppViewModel viewModel
+
+    /// A section was pressed, not only passed by.
+    signal entered
+
+    function select(row: int) {
+        viewModel.sidebarSelection = Presentation.sections[row].selection;
+    }
 
     Rectangle {
         anchors.fill: parent
@@ -44,9 +50,7 @@ FocusScope {
         }
     }
 
-    Flickable {
-        id: scroll
-
+    ScrollArea {
         anchors {
             left: parent.left
             right: parent.right
@@ -55,10 +59,6 @@ FocusScope {
             bottom: footer.top
         }
         contentHeight: rows.height + 2 * Theme.small
-        boundsBehavior: Flickable.StopAtBounds
-        clip: true
-        T.ScrollBar.vertical: ThinScrollBar {
-        }
 
         Column {
             id: rows
@@ -69,6 +69,8 @@ FocusScope {
             spacing: Theme.small
 
             Repeater {
+                id: sections
+
                 model: Presentation.sections
 
                 SidebarRow {
@@ -81,9 +83,18 @@ FocusScope {
                     title: Texts.of(modelData.textKey)
                     systemImage: modelData.symbol
                     selected: sidebar.viewModel.sidebarSelection === modelData.selection
-                    onClicked: sidebar.viewModel.sidebarSelection = modelData.selection
-                    Keys.onUpPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
-                    Keys.onDownPressed: nextItemInFocusChain().forceActiveFocus(Qt.TabFocusReason)
+                    onClicked: {
+                        sidebar.select(index);
+                        sidebar.entered();
+                    }
+                    Keys.onPressed: event => {
+                        const next = KeyTravel.row(event.key, index, sections.count, sections.count);
+                        event.accepted = next >= 0;
+                        if (event.accepted) {
+                            sections.itemAt(next).forceActiveFocus(Qt.TabFocusReason);
+                            sidebar.select(next);
+                        }
+                    }
 
                     Shortcut {
                         sequence: "Ctrl+" + (row.index + 1)

@@ -3,12 +3,10 @@ import QtQuick.Layouts
 import Tarnvale
 
 /// Finds an application by its exact name or by its bundle, and lists what belongs to it.
-FocusScope {
+SectionView {
     id: view
 
-    required property AppViewModel viewModel
-    required property sidebarSection section
-
+    main: field
     Keys.onReturnPressed: event => event.isAutoRepeat || viewModel.scanApplicationByName()
     Keys.onEnterPressed: event => event.isAutoRepeat || viewModel.scanApplicationByName()
 
@@ -30,6 +28,8 @@ FocusScope {
             spacing: Theme.rowSpacing
 
             RoundedTextField {
+                id: field
+
                 Layout.fillWidth: true
                 placeholderText: Texts.of("search_placeholder")
                 text: view.viewModel.applicationQuery
