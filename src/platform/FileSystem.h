@@ -52,7 +52,7 @@ public:
     virtual void skipDescendants() = 0;
 };
 
-/// A walk in progress: a forward iteration over the entries of a folder.
+/// A listing in progress: a forward iteration over entries.
 class DirectoryWalk : public DirectoryEntry
 {
 public:
@@ -99,7 +99,8 @@ public:
     std::default_sentinel_t end() const { return {}; }
 };
 
-/// A range over the elements of a folder, to be iterated once: `for (const auto &entry : enumeration)`.
+/// A range over the entries of a folder, to be iterated once: `for (const auto &entry : enumeration)`. They are read as
+/// the iteration goes on.
 class DirectoryEnumeration
 {
 public:
@@ -155,7 +156,7 @@ struct VolumeValues
 /// Safe to call from any thread. Nothing here fails: what cannot be read is missing from the answer, so a scan of
 /// a damaged disk still ends. A URL that no file can have (empty, relative, with a byte of value zero) leads to
 /// nothing, and so does everything below what is no folder or may not be entered. When the program quits, every
-/// enumeration in progress ends where it stands.
+/// enumeration and every walk in progress ends where it stands.
 class FileSystem
 {
 public:
@@ -185,21 +186,26 @@ public:
     /// the file system's own order; nothing when it cannot be listed. `folder` itself may be a link to a folder.
     virtual DirectoryEnumeration contentsOfDirectory(const Url &folder) const = 0;
 
-    /// Everything below `folder`, parents before what they hold, in the file system's own order. Hidden items are
-    /// left out together with what they hold; packages and links beneath `folder` are listed but not entered;
-    /// `folder` itself is entered even when it is a package or a link to a folder. A folder is a package by its
-    /// name alone. What cannot be read is passed over. A tree may change while it is walked: the walk never leaves
-    /// it.
-    virtual DirectoryEnumeration enumerate(const Url &folder) const = 0;
-
     /// Looks at the entries of one folder, or at some of a folder with many. Called by several threads at once, in no
     /// order; the part is valid during the call. Folders that it has not passed are not entered.
     using FolderVisitor = std::function<void(FolderPart &part)>;
+    /// Whether the one of the folders given to a walk that is at this index is to be entered. Called by several threads
+    /// at once.
+    using FolderChoice = std::function<bool(size_t folder)>;
 
-    /// Shows everything below `folders`, as `enumerate` would, to several threads at once, as fast as the computer
-    /// can; returns when all has been seen. A folder that does not answer holds up itself alone. The threads have the
-    /// priority of the calling one, which is one of them.
-    virtual void walk(const QList<Url> &folders, const FolderVisitor &visit) const = 0;
+    /// Shows everything below those of `folders` that `enters` chooses to several threads at once, as fast as the
+    /// computer can; returns when all has been seen. A folder that does not answer holds up itself alone. The threads
+    /// have the priority of the calling one, which is one of them.
+    ///
+    /// Hidden items are left out together with what they hold; packages and links beneath the folders are listed but
+    /// not entered; the folders themselves are entered even when they are packages or links to folders. A folder is a
+    /// package by its name alone. What cannot be read is passed over. A tree may change while it is walked: the walk
+    /// never leaves it.
+    virtual void walk(const QList<Url> &folders, const FolderVisitor &visit, const FolderChoice &enters) const = 0;
+    void walk(const QList<Url> &folders, const FolderVisitor &visit) const
+    {
+        walk(folders, visit, [](size_t) { return true; });
+    }
 
     /// Absent when nothing is at `url` or it cannot be read. A link at `url` is described as itself.
     virtual std::optional<ResourceValues> resourceValues(const Url &url) const = 0;

@@ -58,21 +58,17 @@ qint64 allocatedSize(const FileSystem &fileSystem, const Url &url)
 QList<qint64> allocatedSizes(const FileSystem &fileSystem, const QList<Url> &urls)
 {
     std::vector<Sum> sizes(static_cast<size_t>(urls.size()));
-    QList<Url> folders;
-    std::vector<Sum *> sizesOfFolders;
-    for (auto size = sizes.begin(); const auto &url : urls) {
-        const auto values = fileSystem.resourceValues(url);
-        if (values && hasSizeOfItsOwn(values->type)) {
-            size->add(allocatedSize(*values));
-        } else {
-            folders.push_back(url);
-            sizesOfFolders.push_back(&*size);
-        }
-        ++size;
-    }
-    fileSystem.walk(folders, [&sizesOfFolders](FolderPart &part) {
-        sizesOfFolders[part.walkedFolder()]->add(sizeOfFilesAmong(part));
-    });
+    // Each is looked at by the thread that would enter it: one that does not answer holds up no other.
+    const auto isToBeEntered = [&](size_t index) {
+        const auto values = fileSystem.resourceValues(urls[static_cast<qsizetype>(index)]);
+        if (!values || !hasSizeOfItsOwn(values->type))
+            return true;
+        sizes[index].add(allocatedSize(*values));
+        return false;
+    };
+    fileSystem.walk(
+        urls, [&sizes](FolderPart &part) { sizes[part.walkedFolder()].add(sizeOfFilesAmong(part)); },
+        isToBeEntered);
     QList<qint64> result;
     std::ranges::transform(sizes, std::back_inserter(result), &Sum::value);
     return result;

@@ -12,7 +12,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <limits>
 #include <unordered_set>
 
 namespace {
@@ -191,7 +190,7 @@ QList<ScanItem> LeftoverScanner::searchItems(const QString &text) const
     for (const auto *folder : searchFolders)
         folders.push_back(libraryFolder(m_fileSystem) / folder);
     const NameMatcher wanted(*name);
-    OrderedResults<ScanItem> found(std::numeric_limits<qint32>::max());
+    OrderedResults<ScanItem> found;
     m_fileSystem.walk(folders, [&found, &wanted](FolderPart &part) {
         for (auto &entry : part) {
             const bool isWanted = wanted.matchesFileName(entry.name());

@@ -4,6 +4,41 @@
 
 #include <gtest/gtest.h>
 
+namespace {
+
+/// Notices what is looked at outside of a walk, where one that does not answer holds up the others.
+class WalkedDisk : public InMemoryFileSystem
+{
+public:
+    void walk(const QList<Url> &folders, const FolderVisitor &visit, const FolderChoice &enters) const override
+    {
+        m_isWalked = true;
+        InMemoryFileSystem::walk(folders, visit, enters);
+        m_isWalked = false;
+    }
+    std::optional<ResourceValues> resourceValues(const Url &url) const override
+    {
+        EXPECT_TRUE(m_isWalked) << url.path().constData();
+        return InMemoryFileSystem::resourceValues(url);
+    }
+
+private:
+    mutable bool m_isWalked = false;
+};
+
+} // namespace
+
+TEST(AllocatedSizeTest, itemsAreMeasuredSideBySide)
+{
+    WalkedDisk disk;
+    disk.file("/folder/file", 10);
+    disk.link("/link", "/folder");
+    disk.link("/dangling", "/nowhere");
+    EXPECT_EQ(allocatedSizes(
+                  disk, {Url("/link"), Url("/folder"), Url("/missing"), Url("/folder/file"), Url("/dangling")}),
+              QList<qint64>({1, 10, 0, 10, 1}));
+}
+
 TEST(AllocatedSizeTest, oneItemCountsWhatTheFileSystemTellsOfIt)
 {
     InMemoryFileSystem disk;

@@ -24,15 +24,13 @@ public:
         if (m_hold.owns_lock())
             m_hold.unlock();
     }
-    DirectoryEnumeration enumerate(const Url &folder) const override
+    void walk(const QList<Url> &folders, const FolderVisitor &visit, const FolderChoice &enters) const override
     {
-        waitUnlessOnMainThread();
-        return TestDisk::enumerate(folder);
-    }
-    void walk(const QList<Url> &folders, const FolderVisitor &visit) const override
-    {
-        waitUnlessOnMainThread();
-        TestDisk::walk(folders, visit);
+        if (QThread::currentThread() == QCoreApplication::instance()->thread())
+            ++timesWalkedOnMainThread;
+        else
+            const std::lock_guard waiting(m_gate);
+        TestDisk::walk(folders, visit, enters);
     }
     /// How often a tree was walked on the thread that must not wait for it; it is not held.
     mutable int timesWalkedOnMainThread = 0;
@@ -44,14 +42,6 @@ public:
     }
 
 private:
-    void waitUnlessOnMainThread() const
-    {
-        if (QThread::currentThread() == QCoreApplication::instance()->thread())
-            ++timesWalkedOnMainThread;
-        else
-            const std::lock_guard waiting(m_gate);
-    }
-
     mutable std::mutex m_gate;
     std::unique_lock<std::mutex> m_hold{m_gate, std::defer_lock};
 };

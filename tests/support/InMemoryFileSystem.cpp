@@ -12,78 +12,12 @@
 // As of nearly every file system.
 static constexpr qsizetype longestName = 255;
 
-/// A walk over what each folder held at the moment when the walk entered it.
-class InMemoryFileSystem::Walk : public DirectoryWalk
-{
-public:
-    enum class Depth { oneLevel, full };
-
-    static DirectoryEnumeration into(const Url &folder, const NodePointer &node, Depth depth, std::stop_token stop)
-    {
-        return node ? DirectoryEnumeration(std::make_unique<Walk>(folder, *node, depth, std::move(stop)))
-                    : DirectoryEnumeration();
-    }
-    Walk(const Url &folder, const Node &node, Depth depth, std::stop_token stop)
-        : m_depth(depth), m_stop(std::move(stop))
-    {
-        enter(folder, node);
-    }
-
-    bool next() override
-    {
-        if (m_stop.stop_requested())
-            return false;
-        if (m_current && m_depth == Depth::full && !m_isSkipped && isPlainFolder())
-            enter(url(), *m_current);
-        m_isSkipped = false;
-        while (!m_levels.empty() && m_levels.back().children.empty())
-            m_levels.pop_back();
-        if (m_levels.empty())
-            return false;
-        m_current = m_levels.back().children.takeFirst();
-        return true;
-    }
-
-    QByteArrayView name() const override { return m_current->name; }
-    FileType type() const override { return m_current->values.type; }
-    int level() const override { return static_cast<int>(m_levels.size()); }
-    Url url() const override { return m_levels.back().folder / m_current->name; }
-    std::optional<ResourceValues> resourceValues() const override
-    {
-        return m_current->isGone ? std::nullopt : std::optional(m_current->values);
-    }
-    void skipDescendants() override { m_isSkipped = true; }
-
-private:
-    struct Level
-    {
-        Url folder;
-        QList<NodePointer> children;
-    };
-
-    void enter(const Url &folder, const Node &node)
-    {
-        auto &level = m_levels.emplace_back(Level{folder, {}});
-        if (node.isReadable && !node.isGone) {
-            std::ranges::copy_if(node.children, std::back_inserter(level.children),
-                                 [](const auto &child) { return !child->name.startsWith('.'); });
-        }
-    }
-
-    bool isPlainFolder() const { return InMemoryFileSystem::isPlainFolder(*m_current); }
-
-    Depth m_depth;
-    std::stop_token m_stop;
-    bool m_isSkipped = false;
-    NodePointer m_current;
-    std::vector<Level> m_levels;
-};
-
 /// What a folder holds, and where it comes.
 class InMemoryFileSystem::Part : public FolderPart
 {
 public:
-    Part(const Url &folder, const Node &node, WalkPlace place) : m_folder(folder), m_place(std::move(place))
+    Part(const Url &folder, const Node &node, WalkPlace place, std::stop_token stop)
+        : m_folder(folder), m_place(std::move(place)), m_stop(std::move(stop))
     {
         if (node.isReadable && !node.isGone)
             m_children = node.children;
@@ -92,9 +26,9 @@ public:
     bool next() override
     {
         if (std::exchange(m_entersCurrent, false))
-            m_found.emplace_back(url(), *m_current, place());
+            m_found.emplace_back(url(), *m_current, place(), m_stop);
         do {
-            if (m_next == m_children.size())
+            if (m_next == m_children.size() || m_stop.stop_requested())
                 return false;
             m_current = m_children[m_next++];
         } while (m_current->name.startsWith('.'));
@@ -124,6 +58,7 @@ public:
 private:
     Url m_folder;
     WalkPlace m_place;
+    std::stop_token m_stop;
     std::vector<NodePointer> m_children;
     size_t m_next = 0;
     NodePointer m_current;
@@ -171,20 +106,19 @@ bool InMemoryFileSystem::isExecutable(const Url &url) const
 
 DirectoryEnumeration InMemoryFileSystem::contentsOfDirectory(const Url &folder) const
 {
-    return Walk::into(folder, find(folder, LastLink::followed), Walk::Depth::oneLevel, m_stop);
+    const auto node = find(folder, LastLink::followed);
+    return node ? DirectoryEnumeration(std::make_unique<Part>(folder, *node, WalkPlace{0}, m_stop))
+                : DirectoryEnumeration();
 }
 
-DirectoryEnumeration InMemoryFileSystem::enumerate(const Url &folder) const
-{
-    return Walk::into(folder, find(folder, LastLink::followed), Walk::Depth::full, m_stop);
-}
-
-void InMemoryFileSystem::walk(const QList<Url> &folders, const FolderVisitor &visit) const
+void InMemoryFileSystem::walk(const QList<Url> &folders, const FolderVisitor &visit,
+                              const FolderChoice &enters) const
 {
     std::vector<Part> parts;
     for (quint32 index = 0; const auto &folder : folders) {
-        if (const auto node = find(folder, LastLink::followed))
-            parts.emplace_back(folder, *node, WalkPlace{index});
+        const auto node = enters(index) ? find(folder, LastLink::followed) : nullptr;
+        if (node)
+            parts.emplace_back(folder, *node, WalkPlace{index}, m_stop);
         ++index;
     }
     // Whatever order and threads can do to a visitor: the last ones first, by two threads.

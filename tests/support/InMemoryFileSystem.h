@@ -80,7 +80,7 @@ public:
         m_outOfSight.append(item);
     }
     void remove(const QByteArray &path);
-    /// Every enumeration, begun or not, ends where it stands when `stop` is requested.
+    /// Every enumeration and every walk, begun or not, ends where it stands when `stop` is requested.
     void stopWith(std::stop_token stop) { m_stop = std::move(stop); }
     void setVolume(const std::optional<VolumeValues> &values) { m_volume = values; }
 
@@ -91,8 +91,8 @@ public:
     std::optional<Url> resolved(const Url &url) const override;
     bool isExecutable(const Url &url) const override;
     DirectoryEnumeration contentsOfDirectory(const Url &folder) const override;
-    DirectoryEnumeration enumerate(const Url &folder) const override;
-    void walk(const QList<Url> &folders, const FolderVisitor &visit) const override;
+    using FileSystem::walk;
+    void walk(const QList<Url> &folders, const FolderVisitor &visit, const FolderChoice &enters) const override;
     std::optional<ResourceValues> resourceValues(const Url &url) const override;
     std::optional<QByteArray> readFile(const Url &url, qint64 maximumSize) const override;
     std::optional<QByteArray> readFilePart(const Url &url, qint64 offset, qint64 maximumLength) const override;
@@ -102,7 +102,6 @@ public:
     }
 
 private:
-    class Walk;
     class Part;
     enum class LastLink { kept, followed };
     /// Who builds the disk gets everywhere, who uses it does not.

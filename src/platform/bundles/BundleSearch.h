@@ -6,12 +6,15 @@
 #include <QSet>
 
 #include <functional>
+#include <memory>
+#include <stop_token>
 
 /// Finds the bundles of a disk: those that lie in folders, and in each of them every bundle that it contains, of
 /// whatever kind and however deep. What shows a bundle is its Info.plist; of that the identifier alone is read.
 ///
 /// One object is one search: what has been looked through is not looked through again, so that places may overlap
-/// and links may lead in circles. Costs are bounded, whatever a bundle is made of. Used by one thread.
+/// and links may lead in circles. Costs are bounded, whatever a bundle is made of. Used by one thread, which the walks of
+/// the file system call others for.
 class BundleSearch
 {
 public:
@@ -34,29 +37,37 @@ public:
     };
 
     /// Told an identifier, never empty, and where the bundle is that has it, all links resolved. An identifier may be
-    /// told more than once.
+    /// told more than once: of bundles that lie in fewer others first, and of these in the order of the places.
     using Found = std::function<void(const QString &identifier, const Url &bundle)>;
 
-    /// `fileSystem` outlives the search.
-    BundleSearch(const FileSystem &fileSystem, Found found);
+    /// No bundle is read any more once `stop` is requested. `fileSystem` outlives the search.
+    BundleSearch(const FileSystem &fileSystem, Found found, std::stop_token stop = {});
 
-    /// Blocks; ends where it stands when the enumerations of `fileSystem` do. A place inside of another one is
-    /// searched as itself alone.
+    /// Blocks; ends where it stands when the walks of `fileSystem` do. A place inside of another one is searched as
+    /// itself alone.
     void search(const QList<Place> &places);
 
 private:
-    struct BundleCost;
+    class Cost;
+    /// What a walk begins at: a place, what belongs to one but is not entered from there, or a bundle.
+    struct Root
+    {
+        /// A bundle's levels are those that it may have itself.
+        Place place;
+        std::shared_ptr<Cost> cost;
+        bool isBundle = false;
+        /// In how many others a bundle lies.
+        int depth = 0;
+    };
 
-    void searchPlace(const Place &place);
-    void lookAt(DirectoryEntry &entry, const Place &place);
-    void lookThrough(const Url &bundle);
-    void lookAtInside(DirectoryEntry &entry, QList<Url> &nested, BundleCost &cost);
-    void read(const Url &information, BundleCost &cost);
+    QList<Root> rootsOf(const QList<Place> &places);
+    QList<Root> walk(const QList<Root> &roots);
+    std::optional<Root> beginningAt(DirectoryEntry &entry, const Root &root) const;
+    std::optional<Root> nestedAt(DirectoryEntry &entry, const Root &root) const;
 
     const FileSystem &m_fileSystem;
     const Found m_found;
-    /// Still to be searched.
-    QList<Place> m_places;
-    /// The folders of places, and bundles, that have been searched or are going to be.
+    const std::stop_token m_stop;
+    /// Where walks have begun or are going to. It does not change during a walk.
     QSet<Url> m_seen;
 };

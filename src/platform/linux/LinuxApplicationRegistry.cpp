@@ -3,6 +3,7 @@
 #include "BundleSearch.h"
 #include "FileNames.h"
 #include "FileSystem.h"
+#include "OrderedResults.h"
 #include "Spelling.h"
 
 #include <QHash>
@@ -107,35 +108,47 @@ private:
     QHash<QString, Url> m_applications;
 };
 
-void addDesktopEntriesIn(const Url &folder, const FileSystem &fileSystem, Index &index)
+void addDesktopEntriesIn(const QList<Url> &folders, const FileSystem &fileSystem, Index &index)
 {
-    for (const auto &entry : fileSystem.enumerate(folder)) {
-        if (!entry.name().endsWith(desktopEntrySuffix) || entry.type() == FileType::directory)
-            continue;
-        const auto url = entry.url();
-        // An entry in a sub-folder has the folder's name in its id.
-        auto id = url.path().sliced(folder.path().size() + 1).replace('/', '-');
-        id.chop(desktopEntrySuffix.size());
-        // What a removed package leaves of its entry may be a link that leads nowhere.
-        if (const auto text = decodedFileName(id); text && fileSystem.exists(url))
-            index.add(*text, url);
-    }
+    struct Entry
+    {
+        QString id;
+        Url url;
+    };
+    OrderedResults<Entry> found;
+    fileSystem.walk(folders, [&](FolderPart &part) {
+        const auto &folder = folders[static_cast<qsizetype>(part.walkedFolder())];
+        for (const auto &entry : part) {
+            if (!entry.name().endsWith(desktopEntrySuffix) || entry.type() == FileType::directory)
+                continue;
+            const auto url = entry.url();
+            // An entry in a sub-folder has the folder's name in its id.
+            auto id = url.path().sliced(folder.path().size() + 1).replace('/', '-');
+            id.chop(desktopEntrySuffix.size());
+            // What a removed package leaves of its entry may be a link that leads nowhere.
+            if (const auto text = decodedFileName(id); text && fileSystem.exists(url))
+                found.add(entry.place(), {*text, url});
+        }
+    });
+    for (const auto &[id, url] : found.take())
+        index.add(id, url);
 }
 
 } // namespace
 
-LinuxApplicationRegistry::LinuxApplicationRegistry(const DiskRoot &diskRoot, const FileSystem &fileSystem)
-    : m_diskRoot(diskRoot), m_fileSystem(fileSystem)
+LinuxApplicationRegistry::LinuxApplicationRegistry(const DiskRoot &diskRoot, const FileSystem &fileSystem,
+                                                   std::stop_token stop)
+    : m_diskRoot(diskRoot), m_fileSystem(fileSystem), m_stop(std::move(stop))
 {
 }
 
 std::unique_ptr<ApplicationIndex> LinuxApplicationRegistry::index() const
 {
     auto index = std::make_unique<Index>();
-    BundleSearch search(m_fileSystem,
-                        [&index](const QString &identifier, const Url &url) { index->add(identifier, url); });
+    BundleSearch search(
+        m_fileSystem, [&index](const QString &identifier, const Url &url) { index->add(identifier, url); },
+        m_stop);
     search.search(placesOn(m_fileSystem));
-    for (const auto &folder : desktopEntryFolders(m_diskRoot, m_fileSystem.homeDirectory()))
-        addDesktopEntriesIn(folder, m_fileSystem, *index);
+    addDesktopEntriesIn(desktopEntryFolders(m_diskRoot, m_fileSystem.homeDirectory()), m_fileSystem, *index);
     return index;
 }

@@ -1,6 +1,7 @@
 #include "LinuxFileSystem.h"
 
 #include "FileStatus.h"
+#include "LinuxFolderListing.h"
 #include "LinuxTreeWalk.h"
 #include "ReachablePath.h"
 #include "RegularFile.h"
@@ -71,31 +72,21 @@ bool LinuxFileSystem::isExecutable(const Url &url) const
 
 DirectoryEnumeration LinuxFileSystem::contentsOfDirectory(const Url &folder) const
 {
-    return listing(folder, LinuxDirectoryWalk::Depth::children);
+    auto descriptor = openFolder(folder);
+    if (!descriptor.isOpen())
+        return {};
+    return DirectoryEnumeration(std::make_unique<LinuxFolderListing>(std::move(descriptor), folder, m_stop));
 }
 
-DirectoryEnumeration LinuxFileSystem::enumerate(const Url &folder) const
+void LinuxFileSystem::walk(const QList<Url> &folders, const FolderVisitor &visit, const FolderChoice &enters) const
 {
-    return listing(folder, LinuxDirectoryWalk::Depth::descendants);
-}
-
-void LinuxFileSystem::walk(const QList<Url> &folders, const FolderVisitor &visit) const
-{
-    LinuxTreeWalk([this](const Url &folder) { return openFolder(folder); }, visit, m_stop).run(folders);
+    const LinuxTreeWalk::FolderOpener open = [this](const Url &folder) { return openFolder(folder); };
+    LinuxTreeWalk({open, visit, enters}, m_stop).run(folders);
 }
 
 FileDescriptor LinuxFileSystem::openFolder(const Url &folder) const
 {
     return openPath(m_root.hostPath(folder), O_RDONLY | O_DIRECTORY);
-}
-
-DirectoryEnumeration LinuxFileSystem::listing(const Url &folder, LinuxDirectoryWalk::Depth depth) const
-{
-    auto descriptor = openFolder(folder);
-    if (!descriptor.isOpen())
-        return {};
-    return DirectoryEnumeration(
-        std::make_unique<LinuxDirectoryWalk>(std::move(descriptor), folder, depth, m_stop));
 }
 
 std::optional<ResourceValues> LinuxFileSystem::resourceValues(const Url &url) const

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "DiskRoot.h"
+#include "FileDescriptor.h"
 #include "FileSystem.h"
-#include "LinuxDirectoryWalk.h"
 
 #include <stop_token>
 
@@ -10,7 +10,7 @@
 class LinuxFileSystem final : public FileSystem
 {
 public:
-    /// `home` is a location on the disk of `root`. When `stop` is requested, every enumeration ends where it
+    /// `home` is a location on the disk of `root`. When `stop` is requested, every enumeration and walk ends where it
     /// stands.
     LinuxFileSystem(DiskRoot root, const Url &home, std::stop_token stop);
 
@@ -21,8 +21,8 @@ public:
     std::optional<Url> resolved(const Url &url) const override;
     bool isExecutable(const Url &url) const override;
     DirectoryEnumeration contentsOfDirectory(const Url &folder) const override;
-    DirectoryEnumeration enumerate(const Url &folder) const override;
-    void walk(const QList<Url> &folders, const FolderVisitor &visit) const override;
+    using FileSystem::walk;
+    void walk(const QList<Url> &folders, const FolderVisitor &visit, const FolderChoice &enters) const override;
     std::optional<ResourceValues> resourceValues(const Url &url) const override;
     std::optional<QByteArray> readFile(const Url &url, qint64 maximumSize) const override;
     std::optional<QByteArray> readFilePart(const Url &url, qint64 offset, qint64 maximumLength) const override;
@@ -30,7 +30,6 @@ public:
 
 private:
     FileDescriptor openFolder(const Url &folder) const;
-    DirectoryEnumeration listing(const Url &folder, LinuxDirectoryWalk::Depth depth) const;
 
     const DiskRoot m_root;
     const Url m_home;

@@ -37,7 +37,7 @@ LinuxPlatform::LinuxPlatform(const DiskRoot &root, const Url &home, FolderChoose
                              const std::stop_token &stop)
     : m_fileSystem(root, home, stop),
       m_bundleReader(m_fileSystem, QLocale::system().uiLanguages(), programFolder(), stop),
-      m_codeSignature(m_fileSystem, stop), m_applicationRegistry(root, m_fileSystem), m_workspace(root),
+      m_codeSignature(m_fileSystem, stop), m_applicationRegistry(root, m_fileSystem, stop), m_workspace(root),
       m_helperService(systemBusOf(root)), m_services{
                                               .fileSystem = m_fileSystem,
                                               .bundleReader = m_bundleReader,

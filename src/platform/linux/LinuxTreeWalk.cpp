@@ -30,17 +30,15 @@ LinuxTreeWalk::Limits LinuxTreeWalk::Limits::ofThisProcess()
     return {threads, most - threads.atMost * descriptorsOfAThread - shared, static_cast<int>(shared)};
 }
 
-LinuxTreeWalk::LinuxTreeWalk(const FolderOpener &open, const FileSystem::FolderVisitor &visit,
-                             const std::stop_token &stop)
-    : LinuxTreeWalk(open, visit, stop, Limits::ofThisProcess())
+LinuxTreeWalk::LinuxTreeWalk(const Calls &calls, const std::stop_token &stop)
+    : LinuxTreeWalk(calls, stop, Limits::ofThisProcess())
 {
 }
 
-LinuxTreeWalk::LinuxTreeWalk(const FolderOpener &open, const FileSystem::FolderVisitor &visit,
-                             const std::stop_token &stop, const Limits &limits)
-    : m_openGiven(open), m_visit(visit), m_stop(stop), m_mostSharedListings(limits.sharedListings),
+LinuxTreeWalk::LinuxTreeWalk(const Calls &calls, const std::stop_token &stop, const Limits &limits)
+    : m_calls(calls), m_stop(stop), m_mostSharedListings(limits.sharedListings),
       m_descriptors(limits.keptFolders,
-                    [this](const WalkedFolder &folder) { return m_openGiven(Url(folder.pathOf({}))); }),
+                    [this](const WalkedFolder &folder) { return m_calls.open(Url(folder.pathOf({}))); }),
       m_tasks(limits.threads, stop)
 {
 }
@@ -68,6 +66,8 @@ void LinuxTreeWalk::push(std::vector<WalkedFolder::Pointer> folders)
 
 void LinuxTreeWalk::enter(const WalkedFolder::Pointer &folder)
 {
+    if (!folder->parent && !m_calls.enters(folder->index))
+        return;
     auto descriptor = open(*folder);
     if (!descriptor.isOpen() && (errno == EMFILE || errno == ENFILE)) {
         m_descriptors.closeAll();
@@ -83,7 +83,7 @@ void LinuxTreeWalk::enter(const WalkedFolder::Pointer &folder)
 FileDescriptor LinuxTreeWalk::open(const WalkedFolder &folder)
 {
     if (!folder.parent)
-        return m_openGiven(Url(folder.pathOf({})));
+        return m_calls.open(Url(folder.pathOf({})));
     const auto parent = m_descriptors.of(*folder.parent);
     return parent ? openFolder(*parent, folder.name.constData(), O_RDONLY) : FileDescriptor();
 }
@@ -123,7 +123,7 @@ void LinuxTreeWalk::show(const WalkedFolder::Pointer &folder, const Descriptor &
                          std::span<const char> listing, quint64 offset)
 {
     LinuxFolderPart part(folder, *descriptor, listing, offset, m_stop);
-    m_visit(part);
+    m_calls.visit(part);
     auto folders = part.takeFolders();
     if (folders.empty())
         return;

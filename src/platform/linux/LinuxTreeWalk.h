@@ -15,8 +15,16 @@ class LinuxTreeWalk
 public:
     using FolderOpener = std::function<FileDescriptor(const Url &)>;
 
-    /// `open` opens the folders that are given to the walk. Ends where it stands when `stop` is requested.
-    LinuxTreeWalk(const FolderOpener &open, const FileSystem::FolderVisitor &visit, const std::stop_token &stop);
+    /// What a walk asks of others: `open` opens the folders that are given to it, if `enters` chooses them.
+    struct Calls
+    {
+        const FolderOpener &open;
+        const FileSystem::FolderVisitor &visit;
+        const FileSystem::FolderChoice &enters;
+    };
+
+    /// Ends where it stands when `stop` is requested.
+    LinuxTreeWalk(const Calls &calls, const std::stop_token &stop);
 
     /// Shows what is below the folders; called once.
     void run(const QList<Url> &folders);
@@ -32,8 +40,7 @@ private:
         size_t keptFolders;
         int sharedListings;
     };
-    LinuxTreeWalk(const FolderOpener &open, const FileSystem::FolderVisitor &visit, const std::stop_token &stop,
-                  const Limits &limits);
+    LinuxTreeWalk(const Calls &calls, const std::stop_token &stop, const Limits &limits);
 
     void push(std::vector<WalkedFolder::Pointer> folders);
     void enter(const WalkedFolder::Pointer &folder);
@@ -43,8 +50,7 @@ private:
     void show(const WalkedFolder::Pointer &folder, const Descriptor &descriptor, std::span<const char> listing,
               quint64 offset);
 
-    const FolderOpener &m_openGiven;
-    const FileSystem::FolderVisitor &m_visit;
+    const Calls m_calls;
     const std::stop_token &m_stop;
     const int m_mostSharedListings;
     std::atomic<int> m_sharedListings = 0;

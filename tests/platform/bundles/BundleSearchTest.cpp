@@ -13,14 +13,16 @@ class BundleSearchTest : public testing::Test
 {
 protected:
     TestDisk disk;
+    std::stop_source stop;
 
     /// "IDENTIFIER PATH" of each bundle, as they are found.
     QByteArrayList found(const QList<BundleSearch::Place> &places) const
     {
         QByteArrayList result;
-        BundleSearch search(disk, [&result](const QString &identifier, const Url &bundle) {
+        const auto add = [&result](const QString &identifier, const Url &bundle) {
             result.append(identifier.toUtf8() + ' ' + bundle.path());
-        });
+        };
+        BundleSearch search(disk, add, stop.get_token());
         search.search(places);
         return result;
     }
@@ -101,9 +103,9 @@ TEST_F(BundleSearchTest, whatCannotBeReadHidesNothingElse)
 TEST_F(BundleSearchTest, oneBundleCannotHoldUpTheSearch)
 {
     QByteArray nested = "/A/nested.app";
-    for (int i = 0; i < 20; ++i)
-        nested += "/x.app";
-    EXPECT_EQ(countOf(nested), 0);
+    for (int i = 0; i < 20; ++i, nested += "/x.app")
+        disk.information(nested + "/Info.plist", "org.nested");
+    EXPECT_EQ(found({{Url("/A"), 1, Links::kept}}).size(), 16);
     disk.remove("/A");
 
     disk.information("/A/deep.app/" + QByteArray("d/").repeated(31) + "Info.plist", "org.reached");
@@ -116,4 +118,23 @@ TEST_F(BundleSearchTest, oneBundleCannotHoldUpTheSearch)
         disk.fileWithContent("/A/large.app/Resources/" + QByteArray::number(i) + "/Info.plist",
                              "{CFBundleIdentifier = x;}" + padding);
     EXPECT_EQ(countOf("/A/large.app"), 1 + 3);
+
+    stop.request_stop();
+    EXPECT_EQ(countOf("/A/large.app"), 0) << "nothing is read once the program quits";
+}
+
+TEST_F(BundleSearchTest, bundlesAreToldFromTheOutsideIn)
+{
+    disk.information("/A/1.app/Contents/A Helper.app/Contents/Info.plist", "org.first.helper");
+    disk.information("/A/1.app/Contents/Info.plist", "org.first");
+    for (int i = 2; i < 40; ++i)
+        disk.information("/A/" + QByteArray::number(i) + ".app/Info.plist", "org." + QByteArray::number(i));
+    disk.information("/B/last.app/Info.plist", "org.last");
+    const auto bundles = found({{Url("/B"), 1, Links::kept}, {Url("/A"), 1, Links::kept}});
+    ASSERT_EQ(bundles.size(), 41);
+    EXPECT_EQ(bundles[0], "org.last /B/last.app");
+    EXPECT_EQ(bundles[1], "org.first /A/1.app");
+    for (int i = 2; i < 40; ++i)
+        EXPECT_TRUE(bundles[i].startsWith("org." + QByteArray::number(i) + ' ')) << bundles[i].constData();
+    EXPECT_EQ(bundles[40], "org.first.helper /A/1.app/Contents/A Helper.app");
 }

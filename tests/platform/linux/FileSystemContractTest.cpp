@@ -5,18 +5,17 @@
 #include "OrdinaryUser.h"
 #include "TemporaryDisk.h"
 
-#include <algorithm>
 #include <filesystem>
+#include <functional>
 #include <gmock/gmock.h>
-#include <iterator>
 #include <map>
 #include <mutex>
 #include <optional>
-#include <ranges>
 #include <set>
 #include <stop_token>
 #include <vector>
 
+using testing::AllOf;
 using testing::Contains;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
@@ -72,21 +71,31 @@ Paths listed(DirectoryEnumeration entries)
 template <typename Disk> class FileSystemContract : public testing::Test
 {
 protected:
-    Paths walked(const char *folder) const { return listed(m_fileSystem.enumerate(Url(folder))); }
-
-    /// What a walk on several threads shows, in the order of the places that it tells.
-    Paths walkedByThreads(const char *folder) const
+    /// What a walk shows, in the order of the places that it tells; `visit` is called at every element.
+    Paths walked(const QByteArray &folder, const std::function<void(DirectoryEntry &)> &visit = {}) const
     {
         std::mutex mutex;
         std::map<WalkPlace, QByteArray> found;
-        m_fileSystem.walk({Url(folder)}, [&](FolderPart &part) {
-            for (const auto &entry : part) {
+        m_fileSystem.walk({Url("/elsewhere"), Url(folder)}, [&](FolderPart &part) {
+            for (auto &entry : part) {
                 const std::lock_guard lock(mutex);
+                EXPECT_EQ(part.walkedFolder(), 1);
+                EXPECT_EQ(entry.name(), entry.url().lastPathComponent());
+                EXPECT_EQ(entry.resourceValues()->type, entry.type());
                 found.emplace(entry.place(), entry.url().path());
+                if (visit)
+                    visit(entry);
             }
         });
+        std::set<QByteArray> parents{folder};
         Paths paths;
-        std::ranges::copy(std::views::values(found), std::back_inserter(paths));
+        for (const auto &[place, path] : found) {
+            EXPECT_TRUE(parents.contains(Url(path).parent().path()))
+                << path.constData() << " comes before its folder";
+            EXPECT_EQ(place.size(), path.sliced(folder.size()).count('/') + 1U + (folder == "/"));
+            parents.insert(path);
+            paths.push_back(path);
+        }
         return paths;
     }
 
@@ -100,7 +109,7 @@ protected:
         EXPECT_FALSE(m_fileSystem.readFilePart(url, 0, 100)) << url.path().constData();
         EXPECT_FALSE(m_fileSystem.volumeValues(url)) << url.path().constData();
         EXPECT_THAT(listed(m_fileSystem.contentsOfDirectory(url)), IsEmpty()) << url.path().constData();
-        EXPECT_THAT(listed(m_fileSystem.enumerate(url)), IsEmpty()) << url.path().constData();
+        EXPECT_THAT(walked(url.path()), IsEmpty()) << url.path().constData();
     }
 
     std::stop_source m_stop;
@@ -178,18 +187,67 @@ TYPED_TEST(FileSystemContract, aFileIsReadWholeUpToTheLimitAndInPart)
 TYPED_TEST(FileSystemContract, packagesAndLinksAreListedAndNotEntered)
 {
     auto &disk = this->m_disk;
-    for (const auto *path : {"/top/.hidden", "/top/.folder/file", "/top/Nested.APP/file",
-                             "/top/Disk.sparsebundle/file", "/top/Kit.framework/file"})
+    // A folder is a package by its name alone.
+    for (const auto *path :
+         {"/top/.hidden", "/top/.folder/file", "/top/Nested.APP/file", "/top/Old.mpkg/file",
+          "/top/Look.qlgenerator/file", "/top/Letter.rtfd/file", "/top/Trips.PhotosLibrary/file",
+          "/top/Disk.sparsebundle/file", "/top/Kit.framework/file", "/top/jbr/Contents/Info.plist"})
         disk.fileWithContent(path, "x");
     disk.link("/top/link", "Kit.framework");
+    disk.link("/top/dangling", "nowhere");
 
     EXPECT_THAT(this->walked("/top"),
-                UnorderedElementsAre("/top/Nested.APP", "/top/Disk.sparsebundle", "/top/Kit.framework",
-                                     "/top/Kit.framework/file", "/top/link"));
-    EXPECT_EQ(this->walkedByThreads("/top"), this->walked("/top"));
+                UnorderedElementsAre("/top/Nested.APP", "/top/Old.mpkg", "/top/Look.qlgenerator",
+                                     "/top/Letter.rtfd", "/top/Trips.PhotosLibrary", "/top/Disk.sparsebundle",
+                                     "/top/Kit.framework", "/top/Kit.framework/file", "/top/jbr",
+                                     "/top/jbr/Contents", "/top/jbr/Contents/Info.plist", "/top/link",
+                                     "/top/dangling"));
     EXPECT_THAT(this->walked("/top/Nested.APP"), UnorderedElementsAre("/top/Nested.APP/file"));
     EXPECT_THAT(this->walked("/top/link"), UnorderedElementsAre("/top/link/file"));
+    EXPECT_THAT(this->walked("/"), AllOf(Contains("/top"), Contains("/top/link")));
     EXPECT_THAT(listed(this->m_fileSystem.contentsOfDirectory(Url("/"))), Contains("/top"));
+    EXPECT_THAT(listed(this->m_fileSystem.contentsOfDirectory(Url("/top/jbr"))),
+                UnorderedElementsAre("/top/jbr/Contents"));
+}
+
+TYPED_TEST(FileSystemContract, whatIsSkippedOrNotChosenIsNotEntered)
+{
+    for (const auto *path : {"/top/a/inside", "/top/b/inside", "/top/c", "/other/file"})
+        this->m_disk.fileWithContent(path, "x");
+    EXPECT_THAT(this->walked("/top", [](auto &entry) { entry.skipDescendants(); }),
+                UnorderedElementsAre("/top/a", "/top/b", "/top/c"));
+
+    // Asked of what is no folder as well.
+    const QList<Url> folders{Url("/top"), Url("/other"), Url("/top/c"), Url("/missing")};
+    std::mutex mutex;
+    std::vector<size_t> asked, shown;
+    const auto visit = [&](FolderPart &part) {
+        for (const auto &entry : part) {
+            const std::lock_guard lock(mutex);
+            EXPECT_EQ(entry.level(), 1);
+            shown.push_back(part.walkedFolder());
+        }
+    };
+    this->m_fileSystem.walk(folders, visit, [&](size_t folder) {
+        const std::lock_guard lock(mutex);
+        asked.push_back(folder);
+        return folder != 0;
+    });
+    EXPECT_THAT(asked, UnorderedElementsAre(0, 1, 2, 3));
+    EXPECT_THAT(shown, UnorderedElementsAre(1));
+}
+
+TYPED_TEST(FileSystemContract, namesOfAnyBytesLeadBackToTheirFiles)
+{
+    const QByteArray longest(255, '\xfe');
+    for (const auto &name :
+         {QByteArray("\xff\xfe"), QByteArray("a\nb%41\"'"), QByteArray("\xef\xbf\xbd"), longest})
+        this->m_disk.fileWithContent("/top/" + name, "x");
+    const auto paths = this->walked("/top");
+    EXPECT_THAT(paths,
+                UnorderedElementsAre("/top/\xff\xfe", "/top/a\nb%41\"'", "/top/\xef\xbf\xbd", "/top/" + longest));
+    for (const auto &path : paths)
+        EXPECT_EQ(this->m_fileSystem.readFile(Url(path), 1), "x");
 }
 
 TYPED_TEST(FileSystemContract, whatMayNotBeEnteredOrReadIsPassedOver)
@@ -204,7 +262,6 @@ TYPED_TEST(FileSystemContract, whatMayNotBeEnteredOrReadIsPassedOver)
     this->expectNothingAt(Url("/top/locked/tool"));
     EXPECT_FALSE(fileSystem.isGone(Url("/top/locked/tool")));
     EXPECT_THAT(this->walked("/top"), UnorderedElementsAre("/top/locked", "/top/file"));
-    EXPECT_EQ(this->walkedByThreads("/top"), this->walked("/top"));
     EXPECT_THAT(listed(fileSystem.contentsOfDirectory(Url("/top/locked"))), IsEmpty());
     EXPECT_TRUE(fileSystem.isDirectory(Url("/top/locked")));
     EXPECT_FALSE(fileSystem.isExecutable(Url("/top/locked")));
@@ -213,24 +270,17 @@ TYPED_TEST(FileSystemContract, whatMayNotBeEnteredOrReadIsPassedOver)
     EXPECT_EQ(fileSystem.resourceValues(Url("/top/file"))->type, FileType::regular);
 }
 
-TYPED_TEST(FileSystemContract, parentsComeFirstAndAStopEndsEveryEnumeration)
+TYPED_TEST(FileSystemContract, aStopEndsEveryEnumeration)
 {
-    for (const auto *path : {"/top/a/b/c", "/top/a/d", "/top/e/f", "/top/g"})
+    for (const auto *path : {"/top/a/b", "/top/c", "/top/d"})
         this->m_disk.fileWithContent(path, "x");
-    std::set<QByteArray> seen{"/top"};
-    for (const auto &entry : this->m_fileSystem.enumerate(Url("/top"))) {
-        EXPECT_TRUE(seen.contains(entry.url().parent().path())) << entry.url().path().constData();
-        seen.insert(entry.url().path());
-    }
-    EXPECT_EQ(seen.size(), 8);
-
     int count = 0;
-    for (auto &entry : this->m_fileSystem.enumerate(Url("/top"))) {
-        entry.skipDescendants();
+    for (const auto &entry : this->m_fileSystem.contentsOfDirectory(Url("/top"))) {
+        EXPECT_EQ(entry.level(), 1);
         if (++count == 2)
             this->m_stop.request_stop();
     }
     EXPECT_EQ(count, 2);
+    EXPECT_THAT(listed(this->m_fileSystem.contentsOfDirectory(Url("/top"))), IsEmpty());
     EXPECT_THAT(this->walked("/top"), IsEmpty());
-    EXPECT_THAT(this->walkedByThreads("/top"), IsEmpty());
 }

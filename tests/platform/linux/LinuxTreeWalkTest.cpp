@@ -244,6 +244,11 @@ TEST_F(LinuxTreeWalkTest, everyEntryOfALargeFolderIsListedOnceUntilTheProgramQui
     std::ranges::sort(paths);
     EXPECT_THAT(paths, SizeIs(count));
     EXPECT_EQ(std::ranges::adjacent_find(paths), paths.end());
+    Paths listed;
+    for (const auto &entry : fileSystem.contentsOfDirectory(Url("/top")))
+        listed.push_back(entry.url().path());
+    std::ranges::sort(listed);
+    EXPECT_EQ(listed, paths);
 
     const auto walkThatIsStopped = [&] { return walk(Url("/top"), [&](auto &) { stop.request_stop(); }); };
     EXPECT_LE(walkThatIsStopped().size(), 16) << "one for each thread at most";
@@ -262,10 +267,13 @@ TEST_F(LinuxTreeWalkTest, aFileSystemThatHangsHoldsUpNoOtherFolderAndNotTheEnd)
     std::atomic<int> files = 0;
     const auto walk = std::async(std::launch::async, [&] {
         const OneCore oneCore;
-        fileSystem.walk({Url("/top/hanging"), Url("/top")}, [&files](FolderPart &part) {
+        const QList<Url> folders{Url("/top/hanging"), Url("/top/hanging/below"), Url("/top")};
+        const auto visit = [&files](FolderPart &part) {
             for (const auto &entry : part)
                 files += entry.type() == FileType::regular;
-        });
+        };
+        fileSystem.walk(folders, visit,
+                        [&](size_t index) { return fileSystem.exists(folders[qsizetype(index)]); });
     });
     for (int i = 0; i < 100 && files < 50; ++i)
         std::this_thread::sleep_for(std::chrono::milliseconds(50));

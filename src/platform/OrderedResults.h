@@ -6,14 +6,17 @@
 
 #include <algorithm>
 #include <atomic>
+#include <limits>
 #include <mutex>
+#include <utility>
+#include <vector>
 
 /// What the threads of a walk find, in the order in which one thread would have found it, and as much of it as one
 /// thread would have taken: the first `limit` results. Safe to use from several threads.
 template <typename Result> class OrderedResults
 {
 public:
-    explicit OrderedResults(qint64 limit) : m_limit(limit) { }
+    explicit OrderedResults(qint64 limit = std::numeric_limits<qint32>::max()) : m_limit(limit) { }
 
     void add(WalkPlace place, Result result)
     {
