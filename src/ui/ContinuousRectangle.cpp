@@ -2,9 +2,6 @@
 
 #include <QPainter>
 #include <QPainterPath>
-#include <QQuickWindow>
-#include <QSGNinePatchNode>
-#include <QSGTexture>
 
 #include <algorithm>
 #include <cmath>
@@ -40,93 +37,48 @@ QPainterPath continuousPath(const QRectF &rect, qreal radius)
 
 } // namespace
 
-ContinuousRectangle::ContinuousRectangle(QQuickItem *parent) : QQuickItem(parent)
+ContinuousRectangle::ContinuousRectangle(QQuickItem *parent) : PixelAlignedPicture(parent)
 {
-    setFlag(ItemHasContents);
     connect(this, &ContinuousRectangle::changed, this, &ContinuousRectangle::redraw);
 }
 
-void ContinuousRectangle::redraw()
+int ContinuousRectangle::lineWidth(qreal pixelRatio) const
 {
-    m_isDrawn = false;
-    update();
+    return m_borderWidth > 0 ? std::max(qRound(m_borderWidth * pixelRatio), 1) : 0;
 }
 
-void ContinuousRectangle::geometryChange(const QRectF &now, const QRectF &before)
+std::optional<int> ContinuousRectangle::edge(qreal pixelRatio) const
 {
-    QQuickItem::geometryChange(now, before);
-    if (now.size() != before.size())
-        update();
+    if (m_dash > 0)
+        return std::nullopt;
+    return std::max(static_cast<int>(std::ceil(m_radius * reachOfBend * pixelRatio)), lineWidth(pixelRatio));
 }
 
-void ContinuousRectangle::itemChange(ItemChange change, const ItemChangeData &data)
+QImage ContinuousRectangle::draw(QSize size, qreal pixelRatio) const
 {
-    if (change == ItemDevicePixelRatioHasChanged || change == ItemSceneChange)
-        redraw();
-    QQuickItem::itemChange(change, data);
-}
-
-qreal ContinuousRectangle::corner() const
-{
-    return std::ceil(std::max(m_radius * reachOfBend, m_borderWidth)) + 1;
-}
-
-QImage ContinuousRectangle::picture(const QSizeF &size, qreal pixelRatio) const
-{
-    QImage image((size * pixelRatio).toSize().expandedTo({1, 1}), QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(pixelRatio);
+    const auto hasLine = m_borderWidth > 0 && m_borderColor.alpha() > 0;
+    if (m_color.alpha() == 0 && !hasLine)
+        return {};
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF rect({}, image.deviceIndependentSize());
+    const QRectF rect(image.rect());
+    const auto radius = m_radius * pixelRatio;
 
     painter.setPen(Qt::NoPen);
     painter.setBrush(m_color);
-    painter.drawPath(continuousPath(rect, m_radius));
-    if (m_borderWidth > 0 && m_borderColor.alpha() > 0) {
-        QPen pen(m_borderColor, m_borderWidth);
+    painter.drawPath(continuousPath(rect, radius));
+    if (hasLine) {
+        const qreal width = lineWidth(pixelRatio);
+        QPen pen(m_borderColor, width);
         if (m_dash > 0)
-            pen.setDashPattern({m_dash / m_borderWidth, m_dash / m_borderWidth});
+            pen.setDashPattern({m_dash * pixelRatio / width, m_dash * pixelRatio / width});
         pen.setCapStyle(Qt::FlatCap);
         painter.setPen(pen);
         painter.setBrush(Qt::NoBrush);
-        const auto inset = m_borderWidth / 2;
-        painter.drawPath(continuousPath(rect.adjusted(inset, inset, -inset, -inset), m_radius - inset));
+        const auto inset = width / 2;
+        painter.drawPath(continuousPath(rect.adjusted(inset, inset, -inset, -inset), radius - inset));
     }
     return image;
-}
-
-void ContinuousRectangle::drawOn(QSGNinePatchNode *node, const QSizeF &size, qreal padding) const
-{
-    const auto pixelRatio = window()->effectiveDevicePixelRatio();
-    node->setTexture(window()->createTextureFromImage(picture(size, pixelRatio)));
-    node->setDevicePixelRatio(pixelRatio);
-    node->setPadding(padding, padding, padding, padding);
-}
-
-QSGNode *ContinuousRectangle::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
-{
-    if (width() <= 0 || height() <= 0 || (m_color.alpha() == 0 && m_borderColor.alpha() == 0)) {
-        delete node;
-        m_isDrawn = false;
-        return nullptr;
-    }
-    auto *patch = static_cast<QSGNinePatchNode *>(node);
-    if (!patch) {
-        patch = window()->createNinePatchNode();
-        m_isDrawn = false;
-    }
-
-    const auto edge = corner();
-    const QSizeF stretchable(2 * edge + 1, 2 * edge + 1);
-    const bool stretches = m_dash <= 0 && width() >= stretchable.width() && height() >= stretchable.height();
-    const auto wanted = stretches ? stretchable : size();
-    if (!m_isDrawn || wanted != m_drawnSize) {
-        drawOn(patch, wanted, stretches ? edge : 0);
-        m_drawnSize = wanted;
-        m_isDrawn = true;
-    }
-    patch->setBounds(boundingRect());
-    patch->update();
-    return patch;
 }

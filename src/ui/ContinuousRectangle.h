@@ -1,13 +1,12 @@
 #pragma once
 
+#include "PixelAlignedPicture.h"
+
 #include <QColor>
-#include <QQuickItem>
 
-class QSGNinePatchNode;
-
-/// A rectangle whose corners bend gradually, unlike the arcs of Qt's own. Drawn once as a small picture whose
-/// middle stretches, so that it costs the same at every size; sharp at every scale.
-class ContinuousRectangle : public QQuickItem
+/// A rectangle whose corners bend gradually, unlike the arcs of Qt's own. Drawn once as a small picture whose middle
+/// stretches, so that it costs the same at every size. A line is as wide as whole device pixels, one of them at least.
+class ContinuousRectangle : public PixelAlignedPicture
 {
     Q_OBJECT
     QML_ELEMENT
@@ -26,22 +25,16 @@ Q_SIGNALS:
     void changed();
 
 protected:
-    void geometryChange(const QRectF &now, const QRectF &before) override;
-    void itemChange(ItemChange change, const ItemChangeData &data) override;
-    QSGNode *updatePaintNode(QSGNode *node, UpdatePaintNodeData *) override;
+    std::optional<int> edge(qreal pixelRatio) const override;
+    QImage draw(QSize size, qreal pixelRatio) const override;
 
 private:
-    void redraw();
-    void drawOn(QSGNinePatchNode *node, const QSizeF &size, qreal padding) const;
-    /// Width of the part at each edge that does not stretch; half of the picture or more where nothing can.
-    qreal corner() const;
-    QImage picture(const QSizeF &size, qreal pixelRatio) const;
+    /// In device pixels.
+    int lineWidth(qreal pixelRatio) const;
 
     QColor m_color = Qt::white;
     QColor m_borderColor = Qt::transparent;
     qreal m_radius = 0;
     qreal m_borderWidth = 0;
     qreal m_dash = 0;
-    bool m_isDrawn = false;
-    QSizeF m_drawnSize;
 };

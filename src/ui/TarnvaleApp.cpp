@@ -4,8 +4,6 @@
 #include "Appearance.h"
 #include "BundleIconProvider.h"
 #include "Platform.h"
-#include "ShadowProvider.h"
-#include "SymbolProvider.h"
 #include "Workspace.h"
 
 #include <QDeadlineTimer>
@@ -61,8 +59,6 @@ TarnvaleApp::TarnvaleApp(const Platform &platform, Appearance &appearance)
     dressApplication();
     m_engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
     m_engine->addImageProvider(QStringLiteral("bundles"), m_icons);
-    m_engine->addImageProvider(QStringLiteral("shadows"), new ShadowProvider);
-    m_engine->addImageProvider(QStringLiteral("symbols"), new SymbolProvider);
 
     m_engine->setInitialProperties({
         {QStringLiteral("viewModel"), QVariant::fromValue(m_viewModel.get())},

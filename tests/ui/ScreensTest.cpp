@@ -1,10 +1,9 @@
 #include "ScreenBench.h"
-#include "ShadowProvider.h"
 #include "Surroundings.h"
-#include "SymbolProvider.h"
 
 #include <QQmlContext>
 #include <QQmlEngine>
+#include <QQuickImageProvider>
 #include <QtQuickTest>
 
 /// Makes the QML module's C++ types known; the build writes it. A static library has to be asked.
@@ -21,8 +20,6 @@ public Q_SLOTS:
         qml_register_types_Tarnvale();
         engine->addImportPath("qrc:/qt/qml");
         engine->addImageProvider("bundles", new NoPictures);
-        engine->addImageProvider("shadows", new ShadowProvider);
-        engine->addImageProvider("symbols", new SymbolProvider);
         engine->rootContext()->setContextProperty("bench", &m_bench);
     }
 

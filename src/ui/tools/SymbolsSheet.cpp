@@ -1,7 +1,7 @@
 // Draws the symbols side by side into one picture, light above dark, in the sizes and weights that the window
 // uses: a family can only be judged together. Usage: symbols_sheet PICTURE [SCALE]
 
-#include "SymbolProvider.h"
+#include "SymbolPicture.h"
 
 #include <QFont>
 #include <QGuiApplication>
@@ -40,7 +40,7 @@ void drawCell(QPainter &painter, const QString &name, const Palette &palette, QP
 {
     const auto scale = painter.device()->devicePixelRatio();
     for (const auto &sample : samples) {
-        auto image = SymbolProvider::draw(name, qRound(sample.side * scale), sample.weight, palette.*sample.color);
+        auto image = SymbolPicture::drawn(name, qRound(sample.side * scale), sample.weight, palette.*sample.color);
         image.setDevicePixelRatio(scale);
         painter.drawImage(corner + sample.place, image);
     }
@@ -57,7 +57,7 @@ int main(int argc, char *argv[])
         qFatal("Usage: symbols_sheet PICTURE [SCALE]");
     const auto scale = arguments.size() > 2 ? arguments[2].toInt() : 1;
 
-    const auto names = SymbolProvider::names();
+    const auto names = SymbolPicture::names();
     const auto count = static_cast<int>(names.size());
     const QSize half(columns * cell.width(), (count + columns - 1) / columns * cell.height());
     QImage sheet(half.width() * scale, half.height() * 2 * scale, QImage::Format_RGB32);

@@ -1,7 +1,8 @@
 import QtQuick
+import Tarnvale
 
 /// A line between two blocks.
-Rectangle {
+ContinuousRectangle {
     implicitWidth: Theme.lineWidth
     implicitHeight: Theme.lineWidth
     color: Theme.hairline

@@ -1,4 +1,4 @@
-#include "SymbolProvider.h"
+#include "SymbolPicture.h"
 
 #include "Presentation.h"
 #include "SidebarSection.h"
@@ -41,7 +41,7 @@ QSet<QString> namedSymbols()
 
 TEST(Symbols, everyNameThatTheWindowUsesIsDrawn)
 {
-    const auto drawn = SymbolProvider::names();
+    const auto drawn = SymbolPicture::names();
     for (const auto &name : namedSymbols())
         EXPECT_TRUE(drawn.contains(name)) << qPrintable(name);
 }

@@ -1,9 +1,7 @@
-#include "SymbolProvider.h"
+#include "SymbolPicture.h"
 
-#include <QColor>
 #include <QDir>
 #include <QFile>
-#include <QFont>
 #include <QPainter>
 #include <QSvgRenderer>
 
@@ -38,20 +36,22 @@ QByteArrayView strokeFor(int fontWeight)
 }
 } // namespace
 
-SymbolProvider::SymbolProvider() : QQuickImageProvider(Image) { }
-
-QImage SymbolProvider::requestImage(const QString &id, QSize *size, const QSize &requestedSize)
+SymbolPicture::SymbolPicture(QQuickItem *parent) : PixelAlignedPicture(parent)
 {
-    const auto parts = id.split(u'/');
-    if (parts.size() != 3)
-        return {};
-    const auto side = std::max(requestedSize.width(), requestedSize.height());
-    auto image = draw(parts[0], side > 0 ? side : 24, parts[1].toInt(), QColor(u'#' + parts[2]));
-    *size = image.size();
-    return image;
+    connect(this, &SymbolPicture::changed, this, &SymbolPicture::redraw);
 }
 
-QStringList SymbolProvider::names()
+QString SymbolPicture::description() const
+{
+    return QStringLiteral("symbol/%1/%2/%3").arg(m_name).arg(m_weight).arg(m_color.rgba());
+}
+
+QImage SymbolPicture::draw(QSize size, qreal) const
+{
+    return m_name.isEmpty() ? QImage() : drawn(m_name, std::min(size.width(), size.height()), m_weight, m_color);
+}
+
+QStringList SymbolPicture::names()
 {
     auto names = QDir(folder).entryList({u'*' + extension}, QDir::Files, QDir::Name);
     for (auto &name : names)
@@ -59,7 +59,7 @@ QStringList SymbolProvider::names()
     return names;
 }
 
-QImage SymbolProvider::draw(const QString &name, int side, int weight, const QColor &color)
+QImage SymbolPicture::drawn(const QString &name, int side, int weight, const QColor &color)
 {
     QFile file(folder + name + extension);
     if (!file.open(QFile::ReadOnly)) {

@@ -1,0 +1,208 @@
+// What is drawn to be sharp and to stretch, looked at pixel by pixel. Run once for each renderer and scale:
+//   drawing_test own|software SCALE
+
+#include "Surroundings.h"
+#include "SymbolPicture.h"
+
+#include <QGuiApplication>
+#include <QPainter>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickWindow>
+#include <QSGRendererInterface>
+#include <QTest>
+
+#include <algorithm>
+#include <cmath>
+#include <gmock/gmock.h>
+
+/// Makes the QML module's C++ types known; the build writes it. A static library has to be asked.
+void qml_register_types_Tarnvale();
+
+namespace {
+
+bool isOwnRenderer;
+qreal scale;
+
+/// The middle of a run of pixels along `side` (0 left, 1 top, 2 right, 3 bottom) of `rect`: as seen when the picture is
+/// turned so that the side is at the left.
+class SideView
+{
+public:
+    SideView(const QImage &image, QRect rect, int side) : m_image(image), m_rect(rect), m_side(side) { }
+
+    int length() const { return m_side % 2 == 0 ? m_rect.height() : m_rect.width(); }
+    /// `depth` pixels inwards from the side, `along` from its beginning.
+    QColor at(int depth, int along) const
+    {
+        switch (m_side) {
+        case 0:
+            return m_image.pixelColor(m_rect.left() + depth, m_rect.top() + along);
+        case 1:
+            return m_image.pixelColor(m_rect.left() + along, m_rect.top() + depth);
+        case 2:
+            return m_image.pixelColor(m_rect.right() - depth, m_rect.top() + along);
+        default:
+            return m_image.pixelColor(m_rect.left() + along, m_rect.bottom() - depth);
+        }
+    }
+
+private:
+    const QImage &m_image;
+    QRect m_rect;
+    int m_side;
+};
+
+/// A window of its own scene, on white.
+class Scene
+{
+public:
+    explicit Scene(const QByteArray &items)
+    {
+        m_engine.addImportPath("qrc:/qt/qml");
+        QQmlComponent component(&m_engine);
+        component.setData("import QtQuick\nimport Tarnvale\nWindow { width: 400; height: 300; color: \"white\";"
+                              + items + "}",
+                          {});
+        m_window.reset(qobject_cast<QQuickWindow *>(component.create()));
+        if (!m_window)
+            qFatal("%s", qPrintable(component.errorString()));
+        m_window->show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(m_window.get()));
+        EXPECT_EQ(m_window->effectiveDevicePixelRatio(), scale);
+        EXPECT_EQ(m_window->rendererInterface()->graphicsApi() != QSGRendererInterface::Software, isOwnRenderer);
+    }
+
+    QImage picture()
+    {
+        auto image = m_window->grabWindow();
+        image.setDevicePixelRatio(1);
+        return image;
+    }
+
+    template <typename Value> void set(const char *name, const char *property, Value value)
+    {
+        m_window->findChild<QQuickItem *>(name)->setProperty(property, value);
+    }
+
+private:
+    QQmlEngine m_engine;
+    std::unique_ptr<QQuickWindow> m_window;
+};
+
+int pixels(qreal units)
+{
+    return static_cast<int>(std::floor(units * scale + 0.5));
+}
+
+/// Where an item of this geometry is drawn.
+QRect drawnAt(qreal x, qreal y, qreal width, qreal height)
+{
+    return {pixels(x), pixels(y), pixels(width), pixels(height)};
+}
+
+TEST(Drawing, aCardHasItsLineOnAllSidesAndItsColourEverywhereBetween)
+{
+    Scene scene("ContinuousRectangle { objectName: \"card\"; x: 23; y: 17; width: 301; height: 203; radius: 16;"
+                " color: \"#0000ff\"; borderColor: \"#ff0000\"; borderWidth: 1 }");
+    // At rest, and as it comes by when it is scrolled.
+    for (const auto y : {17.0, 18.0, 19.3}) {
+        scene.set("card", "y", y);
+        const auto picture = scene.picture();
+        const auto card = drawnAt(23, y, 301, 203);
+        const auto line = pixels(1), bend = pixels(16 * 1.6);
+        for (int side = 0; side < 4; ++side) {
+            const SideView view(picture, card, side);
+            for (int along = bend; along < view.length() - bend; ++along) {
+                const auto where = [&] {
+                    return testing::Message() << "side " << side << ", pixel " << along << ", y " << y;
+                };
+                ASSERT_EQ(view.at(-1, along), QColor(Qt::white)) << where();
+                for (int depth = 0; depth < line; ++depth)
+                    ASSERT_EQ(view.at(depth, along), QColor(Qt::red)) << where();
+                for (int depth = line; depth < bend + 3; ++depth)
+                    ASSERT_EQ(view.at(depth, along), QColor(Qt::blue)) << where() << ", depth " << depth;
+            }
+        }
+        const auto middle = card.adjusted(bend, bend, -bend, -bend);
+        for (int row = middle.top(); row <= middle.bottom(); ++row) {
+            for (int column = middle.left(); column <= middle.right(); ++column)
+                ASSERT_EQ(picture.pixelColor(column, row), QColor(Qt::blue)) << column << ", " << row;
+        }
+    }
+}
+
+TEST(Drawing, aShadowFadesEvenlyOnAllSidesAndAtItsCorners)
+{
+    // One that stretches, and one that is too small for it.
+    for (const auto &[side, blur] : {std::pair(180, 16), std::pair(32, 8)}) {
+        Scene scene(
+            QStringLiteral(
+                "Item { x: 101; y: 61; width: %1; height: %1; SoftShadow { radius: 10; blur: %2; offsetY: 0 } }")
+                .arg(side)
+                .arg(blur)
+                .toUtf8());
+        const auto picture = scene.picture();
+        const auto item = drawnAt(101, 61, side, side);
+        const auto reach = pixels(1.5 * blur) - 1;
+        const SideView first(picture, item, 0);
+        const auto middle = first.length() / 2;
+        EXPECT_NEAR(first.at(0, middle).red(), 128, side == 32 ? 30 : 12) << "half of it is left at the edge";
+        for (int each = 0; each < 4; ++each) {
+            const SideView view(picture, item, each);
+            for (int depth = -reach; depth < 0; ++depth) {
+                const auto where = [&] { return testing::Message() << "side " << each << ", depth " << depth; };
+                const auto there = view.at(depth, middle).red();
+                ASSERT_NEAR(there, first.at(depth, middle).red(), 4) << where() << ": as on the other sides";
+                ASSERT_LE(there, view.at(depth - 1, middle).red()) << where() << ": darker than further out";
+                auto last = 255;
+                for (int along = -reach; along <= middle; ++along) {
+                    const auto here = view.at(depth, along).red();
+                    ASSERT_LE(here, last) << where() << ", along " << along << ": lighter towards the corner";
+                    ASSERT_GE(here, last - 24) << where() << ", along " << along << ": without a step";
+                    last = here;
+                }
+            }
+        }
+    }
+}
+
+TEST(Drawing, aSymbolIsShownPixelByPixel)
+{
+    Scene scene("Symbol { x: 15; y: 21; name: \"trash\"; size: 20; color: \"#c00000\" }");
+    const auto place = drawnAt(15, 21, 26, 26);
+    QImage expected(place.size(), QImage::Format_RGB32);
+    expected.fill(Qt::white);
+    QPainter(&expected).drawImage(0, 0,
+                                  SymbolPicture::drawn("trash", place.width(), QFont::Normal, QColor("#c00000")));
+    const auto picture = scene.picture();
+    auto differing = 0;
+    for (int y = 0; y < place.height(); ++y) {
+        for (int x = 0; x < place.width(); ++x) {
+            const auto is = picture.pixelColor(place.left() + x, place.top() + y),
+                       should = expected.pixelColor(x, y);
+            differing += std::abs(is.red() - should.red()) > 3 || std::abs(is.green() - should.green()) > 3;
+        }
+    }
+    EXPECT_EQ(differing, 0);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    testing::InitGoogleMock(&argc, argv);
+    if (argc != 3)
+        qFatal("usage: drawing_test own|software SCALE");
+    isOwnRenderer = qstrcmp(argv[1], "own") == 0;
+    scale = QByteArray(argv[2]).toDouble();
+    setSurroundings();
+    qputenv("QT_SCALE_FACTOR", argv[2]);
+    if (isOwnRenderer) {
+        qputenv("QT_QPA_PLATFORM", "xcb");
+        qunsetenv("QT_QUICK_BACKEND");
+    }
+    QGuiApplication application(argc, argv);
+    qml_register_types_Tarnvale();
+    return RUN_ALL_TESTS();
+}
