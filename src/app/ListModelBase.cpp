@@ -1,6 +1,9 @@
 #include "ListModelBase.h"
 
 #include "ByteCount.h"
+#include "Spelling.h"
+
+#include <algorithm>
 
 QString ListModelBase::totalSizeText() const
 {
@@ -41,6 +44,30 @@ void ListModelBase::setSelected(int row, bool isSelected)
     m_selectedBytes += isSelected ? bytes : -bytes;
     Q_EMIT dataChanged(index(row), index(row), {isSelectedRole});
     Q_EMIT changed();
+}
+
+void ListModelBase::toggleAll()
+{
+    const bool isSelected = m_selectedCount < count();
+    bool hasChanged = false;
+    for (qsizetype row = 0; row < count(); ++row)
+        hasChanged = storeSelected(row, isSelected) || hasChanged;
+    if (!hasChanged)
+        return;
+    recount();
+    Q_EMIT dataChanged(index(0), index(count() - 1), {isSelectedRole});
+    Q_EMIT changed();
+}
+
+int ListModelBase::rowBeginningWith(const QString &text, int from) const
+{
+    const auto beginning = caselessForm(text);
+    for (int i = 0; i < count(); ++i) {
+        const auto row = (std::max(from, 0) + i) % count();
+        if (caselessForm(data(index(row), nameRole).toString()).startsWith(beginning))
+            return row;
+    }
+    return -1;
 }
 
 void ListModelBase::recount()

@@ -59,6 +59,12 @@ public:
     /// Selects or unselects one row. Nothing happens for rows that cannot be selected and for a row that is not
     /// there.
     Q_INVOKABLE void setSelected(int row, bool isSelected);
+    /// Selects every row or, where every row is selected, none.
+    Q_INVOKABLE void toggleAll();
+
+    /// The first row from `from` on, and after the last the first again, whose name begins with `text`, whatever the case;
+    /// -1 when there is none.
+    Q_INVOKABLE int rowBeginningWith(const QString &text, int from) const;
 
 Q_SIGNALS:
     /// Rows came, went or changed; emitted once a change, after the sums are right.

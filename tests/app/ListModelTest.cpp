@@ -49,6 +49,21 @@ TEST_F(ListModelTest, sumsFollowEveryChange)
     EXPECT_EQ(changes.count(), 4);
 }
 
+TEST_F(ListModelTest, allRowsAreTickedOrNone)
+{
+    model.replace(items(6));
+    changes.clear();
+    model.toggleAll();
+    EXPECT_EQ(model.selectedCount(), 6);
+    EXPECT_EQ(model.selectedBytes(), 15);
+    model.toggleAll();
+    EXPECT_EQ(model.selectedCount(), 0);
+    EXPECT_EQ(changes.count(), 2);
+    model.clear();
+    model.toggleAll();
+    EXPECT_EQ(changes.count(), 3) << "a list without rows has none to tick";
+}
+
 TEST_F(ListModelTest, tickingWhatIsTickedOrNotThereChangesNothing)
 {
     model.replace(items(2));

@@ -42,6 +42,9 @@ public:
     {
         m_computer->workspace.reactTo(locate(path), {.moves = false, .confirms = false, .error = reason});
     }
+    /// Scans come to no end until the disk is released.
+    Q_INVOKABLE void holdDisk() { m_computer->disk.hold(); }
+    Q_INVOKABLE void releaseDisk() { m_computer->disk.release(); }
     /// The folder that the next choice of a folder answers.
     Q_INVOKABLE void setChosenFolder(const QString &path) { m_computer->chooser.folder = locate(path); }
 

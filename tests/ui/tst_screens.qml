@@ -190,17 +190,16 @@ Item {
                 keyClick(Qt.Key_Tab);
             verify(list.activeFocus);
             verify(!bench.control(root, "Move Selected to Trash").enabled);
-            keyClick(Qt.Key_Down);
-            keyClick(Qt.Key_Space);
-            keyClick(Qt.Key_End);
-            keyClick(Qt.Key_Space);
-            compare(app.cleanerItems.selectedCount, 2);
-            keyClick(Qt.Key_Space);
-            compare(app.cleanerItems.selectedCount, 1);
+            const caches = ["biggest", "bigger", "big"];
+            const ticked = rows => compare(caches.filter(name => bench.control(root, name).isSelected), caches.filter((_, row) => rows.includes(row)));
+            for (const [key, modifiers, rows] of [[Qt.Key_Space, Qt.NoModifier, [0]], [Qt.Key_A, Qt.ControlModifier, [0, 1, 2]], [Qt.Key_A, Qt.ControlModifier, []], [Qt.Key_Down, Qt.NoModifier, []], [Qt.Key_Space, Qt.NoModifier, [1]], [Qt.Key_End, Qt.NoModifier, [1]], [Qt.Key_Space, Qt.NoModifier, [1, 2]], [Qt.Key_Space, Qt.NoModifier, [1]]]) {
+                keyClick(key, modifiers);
+                ticked(rows);
+            }
             keyClick(Qt.Key_Tab);
             keyClick(Qt.Key_Return);
             tryVerify(() => bench.control(root, "Cancel")?.activeFocus, 5000, "Cancel is the default");
-            verify(bench.control(root, "This will move 1 items (1.8 MB) to Trash. They can be restored from Trash."));
+            verify(bench.control(root, "This will move 1 items (1.7 MB) to Trash. They can be restored from Trash."));
             app.language = Tarnvale.AppLanguage.polish;
             verify(bench.control(root, "Przenieść elementy do Kosza?"), "an open question follows the language");
             keyClick(Qt.Key_Tab);
@@ -208,6 +207,81 @@ Item {
             settle();
             compare(bench.recycled.length, 1);
             compare(app.cleanerItems.count, 2);
+        }
+
+        function test_aRowThatAKeyTicksIsInSight() {
+            for (let number = 0; number < 40; ++number)
+                bench.addFile("~/Library/Caches/cache " + number, 1100000);
+            go(Tarnvale.SidebarSelection.cleaner);
+            press("Scan");
+            settle();
+            const list = bench.control(root, "Items");
+            list.forceActiveFocus();
+            list.positionViewAtEnd();
+            verify(list.contentY > list.height);
+            keyClick(Qt.Key_Space);
+            compare(app.cleanerItems.selectedCount, 1);
+            verify(list.contentY <= 0);
+        }
+
+        function test_whatAButtonForbidsNoKeyStarts() {
+            findNotes();
+            const list = bench.control(root, "Items");
+            list.forceActiveFocus();
+            bench.holdDisk();
+            app.scanCleaner();
+            keyClick(Qt.Key_Return);
+            keyClick(Qt.Key_F5);
+            compare(app.associatedItems.count, 2);
+            bench.releaseDisk();
+            settle();
+            verify(list.activeFocus);
+            bench.addFile("~/Library/Logs/org.notes/log", 5000);
+            keyClick(Qt.Key_Return);
+            tryCompare(app.associatedItems, "count", 3);
+        }
+
+        function test_theKeyForRefreshingDoesWhatTheScreensButtonDoes() {
+            const readings = bench.readings;
+            waitForRendering(root);
+            keyClick(Qt.Key_F5);
+            compare(bench.readings, readings + 1);
+            installNotes();
+            bench.addFile("~/Library/Caches/com.gone.app/data", 2000000);
+            bench.addFile("~/Movies/a.mov", 9000);
+            bench.addFile("~/Movies/a.txt", 9000);
+            bench.setChosenFolder("~/Movies");
+            app.chooseMediaFolder();
+            app.chooseTextFolder();
+            app.applicationQuery = "Notes";
+            const lists = [app.associatedItems, app.applications, app.leftoverItems, app.cleanerItems, app.mediaFiles, app.textFiles];
+            for (const [index, list] of lists.entries()) {
+                go(index + 1);
+                keyClick(Qt.Key_F5);
+                tryVerify(() => !list.isEmpty, 5000, "screen " + (index + 1));
+                settle();
+            }
+        }
+
+        function test_anApplicationIsFoundByTypingItsName() {
+            for (const name of ["Calendar", "Mail", "Maps", "Maps Two", "Music"])
+                bench.installApplication("/Applications/" + name + ".app", "org." + name);
+            go(Tarnvale.SidebarSelection.applications);
+            keyClick(Qt.Key_Return);
+            settle();
+            keyClick(Qt.Key_Tab);
+            compare(app.selectedApplication, undefined);
+            for (const [letter, name] of [["m", "Mail"], ["a", "Mail"], ["p", "Maps"], ["s", "Maps"], [" ", "Maps Two"]]) {
+                keyClick(letter);
+                compare(app.selectedApplication.name, name);
+            }
+            wait(1100);
+            for (const name of ["Music", "Mail", "Maps"]) {
+                keyClick("m");
+                compare(app.selectedApplication.name, name);
+            }
+            keyClick(Qt.Key_Home);
+            compare(app.selectedApplication.name, "Calendar");
         }
 
         function test_assistiveTechnologyDoesWhatAClickDoes() {

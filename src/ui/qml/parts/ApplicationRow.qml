@@ -35,7 +35,7 @@ Item {
         }
         radius: Theme.rowRadius
         color: row.selected ? Theme.accentWash : hover.hovered ? Theme.hoverWash : "transparent"
-        borderColor: row.selected ? (row.hasKeyboard ? Theme.focusRing : Theme.accentEdge) : "transparent"
+        borderColor: row.hasKeyboard ? Theme.focusRing : row.selected ? Theme.accentEdge : "transparent"
         borderWidth: row.hasKeyboard ? 2 * Theme.lineWidth : Theme.lineWidth
     }
 

@@ -110,8 +110,8 @@ Item {
 
     TapHandler {
         onTapped: {
-            row.ListView.view.forceActiveFocus(Qt.MouseFocusReason);
             row.ListView.view.currentIndex = row.index;
+            row.ListView.view.forceActiveFocus(Qt.MouseFocusReason);
         }
     }
 

@@ -18,6 +18,11 @@ ListView {
         positionViewAtIndex(row, ListView.Contain);
     }
 
+    // Whoever comes by key sees where they are.
+    onActiveFocusChanged: {
+        if (activeFocus && count > 0)
+            makeCurrent(Math.max(currentIndex, 0));
+    }
     clip: true
     activeFocusOnTab: true
     boundsBehavior: Flickable.StopAtBounds
@@ -33,8 +38,9 @@ ListView {
 
     Keys.onPressed: event => {
         const row = KeyTravel.row(event.key, currentIndex, count, rowsOnPage);
-        event.accepted = row >= 0;
-        if (event.accepted)
+        if (row >= 0) {
+            event.accepted = true;
             goTo(row);
+        }
     }
 }

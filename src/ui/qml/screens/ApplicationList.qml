@@ -9,14 +9,35 @@ RowList {
 
     model: viewModel.applications
     rowHeight: Theme.applicationRowHeight
-    currentIndex: viewModel.selectedApplicationRow
     Accessible.name: Texts.of("applications")
-    onGoTo: row => viewModel.selectApplicationAt(row)
+    onGoTo: row => {
+        makeCurrent(row);
+        viewModel.selectApplicationAt(row);
+    }
     onHeightChanged: showSelected()
     Component.onCompleted: showSelected()
+    Keys.onSpacePressed: typed(" ") || viewModel.selectApplicationAt(currentIndex)
+    Keys.onPressed: event => {
+        if (typed(event.text))
+            event.accepted = true;
+    }
 
     function showSelected() {
-        positionViewAtIndex(viewModel.selectedApplicationRow, ListView.Contain);
+        if (viewModel.selectedApplicationRow >= 0)
+            makeCurrent(viewModel.selectedApplicationRow);
+    }
+
+    function typed(text: string): bool {
+        const row = names.row(text, currentIndex);
+        if (row >= 0)
+            goTo(row);
+        return row >= 0;
+    }
+
+    TypeAhead {
+        id: names
+
+        model: list.viewModel.applications
     }
 
     Connections {
@@ -29,10 +50,10 @@ RowList {
 
     delegate: ApplicationRow {
         selected: index === list.viewModel.selectedApplicationRow
-        hasKeyboard: list.activeFocus
+        hasKeyboard: list.activeFocus && ListView.isCurrentItem
         onChosen: {
-            list.forceActiveFocus(Qt.MouseFocusReason);
             list.viewModel.selectApplicationAt(index);
+            list.forceActiveFocus(Qt.MouseFocusReason);
         }
     }
 }

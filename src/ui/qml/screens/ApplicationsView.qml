@@ -7,6 +7,7 @@ SectionView {
     id: view
 
     main: list
+    onRefresh: viewModel.loadApplications(true)
 
     ColumnLayout {
         anchors {

@@ -7,6 +7,7 @@ SectionView {
     id: view
 
     main: results.list
+    onRefresh: viewModel.scanCleaner()
 
     ColumnLayout {
         anchors {

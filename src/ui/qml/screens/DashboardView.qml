@@ -9,6 +9,8 @@ SectionView {
     readonly property var reading: Presentation.dashboard(viewModel.dashboardSnapshot, viewModel.language)
 
     main: view
+    canRefresh: true
+    onRefresh: viewModel.refreshDashboard()
     Keys.onPressed: event => cardArea.scrollByKey(event)
     Component.onCompleted: viewModel.refreshDashboard()
 

@@ -66,7 +66,18 @@ UtilityCard {
             model: view.items
             Accessible.name: Texts.of("items")
             onGoTo: row => makeCurrent(row)
-            Keys.onSpacePressed: event => event.isAutoRepeat || (currentItem as FileRow)?.toggle()
+            Keys.onSpacePressed: event => event.isAutoRepeat || toggleCurrent()
+            Keys.onPressed: event => {
+                if (event.matches(StandardKey.SelectAll)) {
+                    event.accepted = true;
+                    view.items.toggleAll();
+                }
+            }
+
+            function toggleCurrent() {
+                makeCurrent(currentIndex);
+                (currentItem as FileRow)?.toggle();
+            }
 
             delegate: FileRow {
                 onToggled: isOn => view.items.setSelected(index, isOn)

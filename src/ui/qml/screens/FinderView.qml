@@ -23,6 +23,8 @@ SectionView {
     signal revealAskedFor(int row)
 
     main: list
+    canRefresh: canScan
+    onRefresh: scanAskedFor()
 
     ColumnLayout {
         anchors {

@@ -7,6 +7,7 @@ SectionView {
     id: view
 
     main: field
+    onRefresh: viewModel.scanLeftovers()
 
     ColumnLayout {
         anchors {

@@ -3,8 +3,20 @@ import Tarnvale
 
 /// What every screen is made of.
 FocusScope {
+    id: base
+
     required property AppViewModel viewModel
     required property sidebarSection section
     /// What has the keyboard when the screen is shown: its field, or its list.
     required property Item main
+    /// Whether `refresh` may come: a key asks to scan or to read again.
+    property bool canRefresh: viewModel.canScan
+
+    signal refresh
+
+    Shortcut {
+        sequences: [StandardKey.Refresh]
+        enabled: base.canRefresh
+        onActivated: base.refresh()
+    }
 }

@@ -7,8 +7,10 @@ SectionView {
     id: view
 
     main: field
-    Keys.onReturnPressed: event => event.isAutoRepeat || viewModel.scanApplicationByName()
-    Keys.onEnterPressed: event => event.isAutoRepeat || viewModel.scanApplicationByName()
+    canRefresh: viewModel.canScanByName
+    onRefresh: viewModel.scanApplicationByName()
+    Keys.onReturnPressed: event => event.isAutoRepeat || scanButton.activate()
+    Keys.onEnterPressed: event => event.isAutoRepeat || scanButton.activate()
 
     ColumnLayout {
         anchors {
@@ -38,6 +40,8 @@ SectionView {
             }
 
             ProminentButton {
+                id: scanButton
+
                 text: Texts.of("scan")
                 systemImage: "magnifyingglass"
                 enabled: view.viewModel.canScanByName
