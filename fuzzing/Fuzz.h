@@ -1,14 +1,24 @@
 #pragma once
 
+#include <QByteArray>
 #include <QVariant>
 
-#include <cstddef>
-#include <cstdint>
 #include <cstdlib>
 
-/// What each target defines: reads the input, and ends the program where what was read breaks a promise. Answers
-/// 0.
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size);
+/// What each target defines: reads the input, and ends the program where what was read breaks a promise.
+void readInput(const QByteArray &input);
+
+/// What reading an input costs: time of the processor, whichever threads it takes, and the most memory that it has at
+/// once. As exact as the build allows, see Measurement.cpp.
+struct Cost
+{
+    double seconds = 0;
+    double mebibytes = 0;
+};
+
+/// Reads the input and answers what that costs. Ends the program, having said so, where it is more than a bundle may
+/// cost.
+Cost measuredReading(const QByteArray &input);
 
 /// Ends the program, which is how a fault is reported, unless `promise` holds.
 inline void require(bool promise)

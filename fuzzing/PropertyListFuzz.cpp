@@ -2,11 +2,9 @@
 #include "Fuzz.h"
 #include "PropertyList.h"
 
-int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+void readInput(const QByteArray &input)
 {
-    const QByteArray bytes(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size));
     BundleBudget budget;
-    if (const auto value = readPropertyList(bytes, budget))
+    if (const auto value = readPropertyList(input, budget))
         require(countValues(*value) <= BundleBudget::mostValuesOfList);
-    return 0;
 }

@@ -28,6 +28,9 @@ public:
     std::optional<QByteArray> readFilePart(const FileSystem &fileSystem, const Url &url, qint64 offset,
                                            qint64 maximumLength);
 
+    /// Whether one more entry of a folder may be looked at.
+    bool spendEntry() { return --m_entries >= 0 && !m_stop.stop_requested(); }
+
     /// To be called before the first value of each property list.
     void beginList() { m_valuesOfList = mostValuesOfList; }
     /// Whether one more value may be read at `depth`; to be asked once for each.
@@ -43,6 +46,7 @@ private:
     qint64 m_bytes = 16 * 1024 * 1024;
     qsizetype m_characters = 16 * 1024 * 1024;
     int m_files = 20'000;
+    int m_entries = 100'000;
     int m_values = 500'000;
     int m_valuesOfList = mostValuesOfList;
 };

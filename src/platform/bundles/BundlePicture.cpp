@@ -64,6 +64,8 @@ QByteArray widestVariant(const FileSystem &fileSystem, const Url &folder, const 
     int widest = 0;
     Url best;
     for (const auto &entry : fileSystem.contentsOfDirectory(folder)) {
+        if (!budget.spendEntry())
+            break;
         if (extensionOf(entry.name()) != "png")
             continue;
         const auto name = QString::fromUtf8(entry.name());

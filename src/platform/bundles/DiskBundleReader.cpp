@@ -38,10 +38,12 @@ QStringList translationsIn(const QVariantMap &table)
 }
 
 /// What LANGUAGE is in the names of the folders LANGUAGE.lproj.
-QStringList translationFolders(const FileSystem &fileSystem, const Url &resources)
+QStringList translationFolders(const FileSystem &fileSystem, const Url &resources, BundleBudget &budget)
 {
     QStringList languages;
     for (const auto &entry : fileSystem.contentsOfDirectory(resources)) {
+        if (!budget.spendEntry())
+            break;
         if (extensionOf(entry.name()) != "lproj")
             continue;
         const auto language = QString::fromUtf8(entry.name().chopped(QByteArrayView(".lproj").size()));
@@ -89,7 +91,7 @@ QVariantMap DiskBundleReader::localizedInformation(const BundleLayout &layout, c
 {
     const auto table = readPropertyListFile(m_fileSystem, layout.resources / "InfoPlist.loctable", budget)
                            .value_or(QVariantMap());
-    const auto languages = translationsIn(table) + translationFolders(m_fileSystem, layout.resources);
+    const auto languages = translationsIn(table) + translationFolders(m_fileSystem, layout.resources, budget);
     for (const auto &language : translationsToSearch(languages, m_preferredLanguages, developmentRegion)) {
         const auto compiled = table.value(language);
         if (compiled.typeId() == QMetaType::QVariantMap)
