@@ -149,6 +149,8 @@ struct VolumeValues
     std::optional<qint64> availableCapacityForImportantUsage;
     /// What an unprivileged user may still write.
     std::optional<qint64> availableCapacity;
+    /// Whether nothing on it can be changed, by anybody.
+    bool isReadOnly = false;
 };
 
 /// What the program asks of files and folders. Nothing here changes a file.

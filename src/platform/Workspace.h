@@ -11,7 +11,8 @@
 /// What came of moving items to the Trash.
 struct RecycleAnswer
 {
-    /// From each moved item's URL, as it was given, to its place in the Trash.
+    /// From each moved item's URL, as it was given, to its place in the Trash; an empty one for a Trash that is not on
+    /// the disk.
     QHash<Url, Url> movedItems;
     /// Why something could not be moved, worded for the user; absent when there was no error.
     std::optional<QString> error;

@@ -137,7 +137,7 @@ TEST_F(ForeignItems, goToTheHelperWithTheApplicationsIdentifier)
     EXPECT_EQ(notice.message,
               "group.org.lumen.shared: Other programs share it.\n"
               "org.lumen.editor.binarycookies: “org.lumen.editor.binarycookies” couldn't be moved to the Trash "
-              "because you don't have permission to do that.");
+              "because it belongs to another user and you don't have permission to do that.");
     EXPECT_EQ(state.statusMessage(), QStringLiteral("Przeniesiono: %1, błędy: 2.").arg(ticked - 2));
     EXPECT_TRUE(Robot::waitUntil([&] { return robot.sees(QAccessible::StaticText, notice.message); }));
 

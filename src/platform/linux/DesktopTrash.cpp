@@ -1,62 +1,93 @@
 #include "DesktopTrash.h"
 
+#include "DirectoryCalls.h"
 #include "FileDescriptor.h"
 #include "TrashDirectory.h"
 
 #include <QDateTime>
 
 #include <climits>
-#include <cstdlib>
 #include <fcntl.h>
-#include <memory>
 #include <stdio.h>
 #include <string>
 #include <sys/stat.h>
+#include <unistd.h>
 #include <utility>
 
 namespace {
 
-struct Free
-{
-    void operator()(char *text) const { std::free(text); }
-};
-
-/// An item whose folder's path is free of links.
+/// An item whose folder is open.
 struct Item
 {
-    QByteArray folder;
+    FileDescriptor folder;
+    /// The folder's path on this computer, free of links.
+    QByteArray folderPath;
     QByteArray name;
 
-    QByteArray path() const { return (folder.endsWith('/') ? folder : folder + '/') + name; }
+    QByteArray path() const { return (folderPath.endsWith('/') ? folderPath : folderPath + '/') + name; }
 };
 
-std::optional<Item> itemAt(const QByteArray &path)
+bool isAbsence(int error)
 {
-    const auto separator = path.lastIndexOf('/') + 1;
-    const std::unique_ptr<char, Free> folder(realpath(path.first(separator).constData(), nullptr));
-    return folder ? std::optional(Item{folder.get(), path.mid(separator)}) : std::nullopt;
+    return error == ENOENT || error == ENOTDIR;
 }
 
-bool liesInside(const QByteArray &folder, const QByteArray &disk)
-{
-    return disk.isEmpty() || folder == disk || folder.startsWith(disk + '/');
-}
-
-/// Why it cannot be seen that something is at `path`; absent when it can.
-std::optional<TrashFailure> lookAt(const QByteArray &path)
+/// Why it cannot be seen that `name` is in `folder`; absent when it can.
+std::optional<TrashFailure> lookAt(int folder, const QByteArray &name)
 {
     struct stat status;
-    if (lstat(path.constData(), &status) == 0)
+    if (fstatat(folder, name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0)
         return std::nullopt;
-    return errno == ENOENT || errno == ENOTDIR ? TrashFailure::itemIsMissing : TrashFailure::itemIsOutOfSight;
+    return isAbsence(errno) ? TrashFailure::itemIsMissing : TrashFailure::itemIsOutOfSight;
 }
 
-/// Which file is at `path`; absent where none can be seen.
-std::optional<std::pair<dev_t, ino_t>> identityAt(const QByteArray &path)
+std::variant<Item, TrashFailure> itemAt(const DiskRoot &disk, const Url &url)
+{
+    if (url.path() == "/")
+        return TrashFailure::itemIsOutsideOfDisk;
+    auto folder = disk.open(url.parent(), O_PATH | O_DIRECTORY);
+    if (!folder.isOpen())
+        return isAbsence(errno) ? TrashFailure::itemIsMissing : TrashFailure::itemIsOutOfSight;
+    const auto name = url.lastPathComponent();
+    if (const auto failure = lookAt(folder.number(), name))
+        return *failure;
+    const auto folderPath = pathOf(folder);
+    if (!folderPath)
+        return TrashFailure::itemIsOutOfSight;
+    if (!disk.urlFor(*folderPath))
+        return TrashFailure::itemIsOutsideOfDisk;
+    return Item{std::move(folder), *folderPath, name};
+}
+
+/// Why the user may not move the item, when that is so.
+TrashFailure lackOfPermission(const Item &item)
+{
+    const auto isForeign = [](const struct stat &status) { return geteuid() != 0 && status.st_uid != geteuid(); };
+    struct stat folder;
+    struct stat status;
+    const bool isKnown =
+        fstat(item.folder.number(), &folder) == 0
+        && fstatat(item.folder.number(), item.name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+    return isKnown && (isForeign(folder) || isForeign(status)) ? TrashFailure::itemIsOfAnotherUser
+                                                               : TrashFailure::noPermission;
+}
+
+/// Why nothing can be taken out of the item's folder; absent when something can. Asked first: of a disk that cannot be
+/// changed it is not to be said that it has no Trash.
+std::optional<TrashFailure> whyFolderIsFixed(const Item &item)
+{
+    if (faccessat(item.folder.number(), ".", W_OK | X_OK, AT_EACCESS) == 0)
+        return std::nullopt;
+    return errno == EACCES || errno == EPERM ? lackOfPermission(item) : trashFailureOf(errno);
+}
+
+/// Which file is `name` in `folder`; absent where none can be seen.
+std::optional<std::pair<dev_t, ino_t>> identityAt(int folder, const QByteArray &name)
 {
     struct stat status;
-    return lstat(path.constData(), &status) == 0 ? std::optional(std::pair(status.st_dev, status.st_ino))
-                                                 : std::nullopt;
+    return fstatat(folder, name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0
+               ? std::optional(std::pair(status.st_dev, status.st_ino))
+               : std::nullopt;
 }
 
 /// What the Trash notes of an item that came from `origin`.
@@ -107,22 +138,32 @@ int writeNewFile(const QByteArray &path, const QByteArray &content)
 }
 
 /// 0 or an error number; EEXIST where something is at `to`.
-int renameWithoutReplacing(const QByteArray &from, const QByteArray &to)
+int renameWithoutReplacing(const Item &item, const QByteArray &to)
 {
-    if (renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0)
+    const auto folder = item.folder.number();
+    const auto *name = item.name.constData();
+    if (renameat2(folder, name, AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0)
         return 0;
     if (errno != EINVAL)
         return errno;
     // A file system that cannot promise it, as many across a network: then it is looked at just before.
-    if (lookAt(to) != TrashFailure::itemIsMissing)
+    if (lookAt(AT_FDCWD, to) != TrashFailure::itemIsMissing)
         return EEXIST;
-    return rename(from.constData(), to.constData()) == 0 ? 0 : errno;
+    return renameat(folder, name, AT_FDCWD, to.constData()) == 0 ? 0 : errno;
+}
+
+/// Why the item was not moved, as the system's error number has it.
+TrashFailure failureOf(int error, const Item &item)
+{
+    if (const auto failure = lookAt(item.folder.number(), item.name))
+        return *failure;
+    return error == EACCES || error == EPERM ? lackOfPermission(item) : trashFailureOf(error);
 }
 
 TrashMove moveInto(const TrashDirectory &trash, const Item &item, const QByteArray &origin)
 {
     const auto record = recordOf(origin);
-    const auto identity = identityAt(item.path());
+    const auto identity = identityAt(item.folder.number(), item.name);
     // The record is made first and takes the name, as with every desktop. Where something lies under it without a
     // record, another name is tried.
     for (int number = 1;; ++number) {
@@ -134,35 +175,37 @@ TrashMove moveInto(const TrashDirectory &trash, const Item &item, const QByteArr
         if (error != 0)
             return {trashFailureOf(error), {}};
         const auto place = trash.path + "/files/" + name;
-        error = renameWithoutReplacing(item.path(), place);
+        error = renameWithoutReplacing(item, place);
         // Across a network an answer can get lost, and the move is then made and said to have failed.
         const auto wasMoved = [&] {
-            return identity && lookAt(item.path()) == TrashFailure::itemIsMissing && identityAt(place) == identity;
+            return identity && lookAt(item.folder.number(), item.name) == TrashFailure::itemIsMissing
+                   && identityAt(AT_FDCWD, place) == identity;
         };
         if (error == 0 || wasMoved())
             return {std::nullopt, place};
         unlink(recordPath.constData());
         if (error != EEXIST)
-            return {lookAt(item.path()).value_or(trashFailureOf(error)), {}};
+            return {failureOf(error, item), {}};
     }
 }
 
 } // namespace
 
-TrashMove moveToDesktopTrash(const QByteArray &path, const QByteArray &disk)
+TrashMove moveToDesktopTrash(const DiskRoot &disk, const Url &url)
 {
-    if (const auto failure = lookAt(path))
+    const auto found = itemAt(disk, url);
+    if (const auto *failure = std::get_if<TrashFailure>(&found))
+        return {*failure, {}};
+    const auto &item = std::get<Item>(found);
+    if (const auto failure = whyFolderIsFixed(item))
         return {failure, {}};
-    const auto item = itemAt(path);
-    if (!item)
-        return {TrashFailure::itemIsOutOfSight, {}};
-    if (!liesInside(item->folder, disk))
-        return {TrashFailure::itemIsOutsideOfDisk, {}};
 
-    const auto trash = trashDirectoryFor(item->folder);
+    const auto trash = trashDirectoryFor(item.folderPath);
     if (const auto *failure = std::get_if<TrashFailure>(&trash))
         return {*failure, {}};
     const auto &directory = std::get<TrashDirectory>(trash);
     const auto &top = directory.topDirectory;
-    return moveInto(directory, *item, top.isEmpty() ? path : item->path().mid(top.size()));
+    // The way that the item is known by, unless its links would lead elsewhere on this computer.
+    const auto origin = disk.prefix().isEmpty() ? url.path() : item.path();
+    return moveInto(directory, item, top.isEmpty() ? origin : item.path().mid(top.size()));
 }

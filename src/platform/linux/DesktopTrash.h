@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DiskRoot.h"
 #include "TrashFailure.h"
 
 #include <QByteArray>
@@ -15,9 +16,9 @@ struct TrashMove
     QByteArray place;
 };
 
-/// Moves what is at `path` of this computer, a link as itself, to the desktop's Trash. `path` is absolute and
-/// standardised. Nothing is moved when, links resolved, it does not lie inside of `disk`; empty is everywhere.
+/// Moves what is at `item` of the disk, a link as itself, to the desktop's Trash. `item` is standardised. What is moved is
+/// what was found there: its folder is held open meanwhile.
 ///
 /// Nothing is ever overwritten, whatever lies in the Trash, and nothing is moved before the Trash has noted where it
 /// came from. Killed at any moment, the item is whole in exactly one place. Blocks; any thread.
-TrashMove moveToDesktopTrash(const QByteArray &path, const QByteArray &disk);
+TrashMove moveToDesktopTrash(const DiskRoot &disk, const Url &item);

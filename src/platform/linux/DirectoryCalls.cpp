@@ -5,6 +5,9 @@
 #include <cstddef>
 #include <cstring>
 #include <fcntl.h>
+#include <filesystem>
+#include <string>
+#include <system_error>
 
 namespace {
 
@@ -32,6 +35,13 @@ FolderIdentity identityOf(const FileDescriptor &folder)
     if (fstat(folder.number(), &status) != 0)
         return {};
     return {status.st_dev, status.st_ino};
+}
+
+std::optional<QByteArray> pathOf(const FileDescriptor &file)
+{
+    std::error_code error;
+    const auto path = std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(file.number()), error);
+    return error ? std::nullopt : std::optional(QByteArray::fromStdString(path.native()));
 }
 
 FileDescriptor openFolder(const FileDescriptor &parent, const char *name, int access)

@@ -3,6 +3,8 @@
 #include "FileDescriptor.h"
 #include "FileSystem.h"
 
+#include <QByteArray>
+
 #include <dirent.h>
 #include <optional>
 #include <sys/stat.h>
@@ -18,6 +20,9 @@ struct FolderIdentity
 
 /// Which folder `folder` is; none when it is not open.
 FolderIdentity identityOf(const FileDescriptor &folder);
+
+/// What a program of this computer calls the open file, free of links; absent where it has no path.
+std::optional<QByteArray> pathOf(const FileDescriptor &file);
 
 /// The folder `name` in `parent`, with the access mode `access`; not open when it cannot be opened, and when it is a
 /// link.

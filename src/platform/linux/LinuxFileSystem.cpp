@@ -3,26 +3,21 @@
 #include "FileStatus.h"
 #include "LinuxFolderListing.h"
 #include "LinuxTreeWalk.h"
-#include "ReachablePath.h"
 #include "RegularFile.h"
 #include "VolumeLabel.h"
 
 #include <fcntl.h>
-#include <filesystem>
 #include <sys/statvfs.h>
-#include <system_error>
 
 namespace {
 
-enum class Links { followed, described };
+using Links = DiskRoot::Links;
 
-std::optional<struct stat> statusAt(const QByteArray &hostPath, Links links)
+std::optional<struct stat> statusAt(const DiskRoot &disk, const Url &url, Links links)
 {
-    const ReachablePath path(hostPath);
-    const int flags = links == Links::described ? AT_SYMLINK_NOFOLLOW : 0;
-    struct stat status;
-    const auto result = uninterrupted([&] { return fstatat(path.directory(), path.path(), &status, flags); });
-    return result == 0 ? std::optional(status) : std::nullopt;
+    const auto answer = disk.status(url, links);
+    const auto *status = std::get_if<struct stat>(&answer);
+    return status ? std::optional(*status) : std::nullopt;
 }
 
 std::optional<struct stat> statusOf(const FileDescriptor &file)
@@ -40,34 +35,32 @@ LinuxFileSystem::LinuxFileSystem(DiskRoot root, const Url &home, std::stop_token
 
 bool LinuxFileSystem::exists(const Url &url) const
 {
-    return statusAt(m_root.hostPath(url), Links::followed).has_value();
+    return statusAt(m_root, url, Links::followed).has_value();
 }
 
 bool LinuxFileSystem::isGone(const Url &url) const
 {
-    const ReachablePath path(m_root.hostPath(url));
-    struct stat status;
-    const auto result = uninterrupted([&] { return fstatat(path.directory(), path.path(), &status, 0); });
-    return result != 0 && (errno == ENOENT || errno == ENOTDIR);
+    const auto answer = m_root.status(url, Links::followed);
+    const auto *error = std::get_if<int>(&answer);
+    return error && (*error == ENOENT || *error == ENOTDIR);
 }
 
 bool LinuxFileSystem::isDirectory(const Url &url) const
 {
-    const auto status = statusAt(m_root.hostPath(url), Links::followed);
+    const auto status = statusAt(m_root, url, Links::followed);
     return status && S_ISDIR(status->st_mode);
 }
 
 std::optional<Url> LinuxFileSystem::resolved(const Url &url) const
 {
-    std::error_code error;
-    const auto path = std::filesystem::canonical(m_root.hostPath(url).toStdString(), error);
-    return error ? std::nullopt : m_root.urlFor(QByteArray::fromStdString(path.native()));
+    const auto path = m_root.resolvedHostPath(url);
+    return path ? m_root.urlFor(*path) : std::nullopt;
 }
 
 bool LinuxFileSystem::isExecutable(const Url &url) const
 {
-    const ReachablePath path(m_root.hostPath(url));
-    return faccessat(path.directory(), path.path(), X_OK, AT_EACCESS) == 0;
+    const auto file = m_root.open(url, O_PATH);
+    return file.isOpen() && faccessat(file.number(), "", X_OK, AT_EACCESS | AT_EMPTY_PATH) == 0;
 }
 
 DirectoryEnumeration LinuxFileSystem::contentsOfDirectory(const Url &folder) const
@@ -86,18 +79,18 @@ void LinuxFileSystem::walk(const QList<Url> &folders, const FolderVisitor &visit
 
 FileDescriptor LinuxFileSystem::openFolder(const Url &folder) const
 {
-    return openPath(m_root.hostPath(folder), O_RDONLY | O_DIRECTORY);
+    return m_root.open(folder, O_RDONLY | O_DIRECTORY);
 }
 
 std::optional<ResourceValues> LinuxFileSystem::resourceValues(const Url &url) const
 {
-    const auto status = statusAt(m_root.hostPath(url), Links::described);
+    const auto status = statusAt(m_root, url, Links::described);
     return status ? std::optional(resourceValuesOf(*status)) : std::nullopt;
 }
 
 std::optional<QByteArray> LinuxFileSystem::readFile(const Url &url, qint64 maximumSize) const
 {
-    const auto file = openRegularFile(m_root.hostPath(url));
+    const auto file = openRegularFile(m_root, url);
     const auto status = statusOf(file);
     if (!status || status->st_size > maximumSize)
         return std::nullopt;
@@ -108,12 +101,15 @@ std::optional<QByteArray> LinuxFileSystem::readFile(const Url &url, qint64 maxim
 
 std::optional<QByteArray> LinuxFileSystem::readFilePart(const Url &url, qint64 offset, qint64 maximumLength) const
 {
-    return readPart(openRegularFile(m_root.hostPath(url)), offset, maximumLength);
+    return readPart(openRegularFile(m_root, url), offset, maximumLength);
 }
 
 std::optional<VolumeValues> LinuxFileSystem::volumeValues(const Url &url) const
 {
-    const auto place = openPath(m_root.hostPath(url), O_PATH);
+    auto place = m_root.open(url, O_PATH);
+    // A home folder without the disk that it was on lies on a volume all the same.
+    if (!place.isOpen() && url.path() == "/")
+        place = m_root.open(m_home, O_PATH);
     struct statvfs volume;
     if (!place.isOpen() || fstatvfs(place.number(), &volume) != 0)
         return std::nullopt;
@@ -122,5 +118,6 @@ std::optional<VolumeValues> LinuxFileSystem::volumeValues(const Url &url) const
         .totalCapacity = bytesOf(volume.f_blocks, volume.f_frsize),
         .availableCapacityForImportantUsage = std::nullopt,
         .availableCapacity = bytesOf(volume.f_bavail, volume.f_frsize),
+        .isReadOnly = (volume.f_flag & ST_RDONLY) != 0,
     };
 }

@@ -12,14 +12,13 @@ namespace {
 RecycleAnswer recycleNow(const DiskRoot &disk, const Url &item)
 {
     // What is moved is what the safety check has seen: the path with ".." resolved textually.
-    const auto path = disk.hostPath(item).isEmpty() ? QByteArray() : disk.hostPath(item.standardized());
-    const auto move =
-        path.isEmpty() ? TrashMove{TrashFailure::itemIsMissing, {}} : moveToDesktopTrash(path, disk.prefix());
+    const auto move = disk.hostPath(item).isEmpty() ? TrashMove{TrashFailure::itemIsMissing, {}}
+                                                    : moveToDesktopTrash(disk, item.standardized());
     RecycleAnswer answer;
     if (move.failure)
         answer.error = trashFailureText(*move.failure, item.displayName(), systemLanguage());
-    else if (const auto place = disk.urlFor(move.place))
-        answer.movedItems.insert(item, *place);
+    else
+        answer.movedItems.insert(item, disk.urlFor(move.place).value_or(Url()));
     return answer;
 }
 
@@ -47,7 +46,13 @@ void LinuxWorkspace::waitForMoves()
 
 void LinuxWorkspace::reveal(const Url &item)
 {
-    if (const auto path = m_disk.hostPath(item); !path.isEmpty())
+    auto path = m_disk.hostPath(item);
+    // The file manager would resolve the links of a disk in a folder as this computer's.
+    if (!m_disk.prefix().isEmpty()) {
+        const auto folder = m_disk.resolvedHostPath(item.standardized().parent());
+        path = folder ? (Url(*folder) / item.standardized().lastPathComponent()).path() : QByteArray();
+    }
+    if (!path.isEmpty())
         showInFileManager(path);
 }
 

@@ -1,29 +1,20 @@
 #include "RegularFile.h"
 
-#include "ReachablePath.h"
-
 #include <algorithm>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-FileDescriptor openPath(const QByteArray &hostPath, int flags)
+FileDescriptor openRegularFile(const DiskRoot &disk, const Url &url)
 {
-    const ReachablePath path(hostPath);
-    return FileDescriptor(
-        uninterrupted([&] { return openat(path.directory(), path.path(), flags | O_CLOEXEC | O_NOCTTY); }));
-}
-
-FileDescriptor openRegularFile(const QByteArray &hostPath)
-{
-    const ReachablePath path(hostPath);
-    struct stat status;
     // Looked at before it is opened: opening a pipe or a device can do something. And once more afterwards: it may
     // have become one in between.
-    if (uninterrupted([&] { return fstatat(path.directory(), path.path(), &status, 0); }) != 0
-        || !S_ISREG(status.st_mode))
+    const auto before = disk.status(url, DiskRoot::Links::followed);
+    const auto *known = std::get_if<struct stat>(&before);
+    if (!known || !S_ISREG(known->st_mode))
         return {};
-    auto file = openPath(hostPath, O_RDONLY | O_NONBLOCK);
+    auto file = disk.open(url, O_RDONLY | O_NONBLOCK);
+    struct stat status;
     return fstat(file.number(), &status) == 0 && S_ISREG(status.st_mode) ? std::move(file) : FileDescriptor();
 }
 

@@ -18,7 +18,7 @@ SystemFiles::SystemFiles(QByteArray root) : m_root(std::move(root)) { }
 
 std::optional<QByteArray> SystemFiles::read(const QByteArray &path) const
 {
-    return readPart(openRegularFile(m_root + path), 0, longestFile);
+    return readPart(openRegularFile(DiskRoot(), Url(m_root + path)), 0, longestFile);
 }
 
 std::optional<QString> SystemFiles::line(const QByteArray &path) const

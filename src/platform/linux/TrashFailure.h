@@ -10,6 +10,7 @@ enum class TrashFailure {
     itemIsOutOfSight,
     noTrashOnDisk,
     noPermission,
+    itemIsOfAnotherUser,
     diskIsReadOnly,
     diskIsFull,
     nameIsTooLong,

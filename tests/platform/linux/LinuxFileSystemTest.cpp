@@ -5,6 +5,7 @@
 #include <QStorageInfo>
 
 #include <gmock/gmock.h>
+#include <mutex>
 #include <sys/stat.h>
 
 using testing::Eq;
@@ -63,4 +64,117 @@ TEST_F(LinuxFileSystemTest, theVolumeIsDescribedAsTheSystemDoes)
     EXPECT_EQ(volume->name.value_or(QString()), expected.name());
     EXPECT_FALSE(volume->availableCapacityForImportantUsage);
     EXPECT_FALSE(fileSystem.volumeValues(Url("/missing")));
+}
+
+namespace {
+
+/// A disk in a folder, of which a neighbour on the same computer is to be kept.
+class DiskOfAMacTest : public testing::Test
+{
+protected:
+    TemporaryDisk neighbour;
+    TemporaryDisk disk;
+    LinuxFileSystem fileSystem{disk.root(), Url("/Users/anna"), {}};
+    const Url documents = disk.link("/Users/anna/Documents", "/Volumes/Data");
+
+    QByteArrayList below(const Url &folder) const
+    {
+        QByteArrayList names;
+        std::mutex mutex;
+        fileSystem.walk({folder}, [&](FolderPart &part) {
+            for (const auto &entry : part) {
+                const std::lock_guard lock(mutex);
+                names.append(entry.name().toByteArray());
+            }
+        });
+        return names;
+    }
+};
+
+} // namespace
+
+TEST_F(DiskOfAMacTest, linksLeadWhereTheyLedOnTheMac)
+{
+    disk.file("/private/var/db/dslocal", "on the disk");
+    disk.file("/Volumes/Data/letter", "hers");
+    disk.link("/var", "private/var");
+    disk.link("/private/var/above", "../../../../Users/anna");
+    disk.link("/Volumes/Macintosh HD", "/");
+
+    EXPECT_EQ(fileSystem.readFile(Url("/var/db/dslocal"), 100), "on the disk");
+    EXPECT_EQ(fileSystem.readFile(documents / "letter", 100), "hers");
+    EXPECT_EQ(fileSystem.readFile(Url("/var/above/Documents/letter"), 100), "hers");
+    EXPECT_EQ(fileSystem.resolved(documents / "letter"), Url("/Volumes/Data/letter"));
+    EXPECT_EQ(fileSystem.resolved(Url("/Volumes/Macintosh HD/var")), Url("/private/var"));
+    EXPECT_EQ(fileSystem.resolved(Url("/Volumes/Macintosh HD")), Url("/"));
+    EXPECT_THAT(below(documents), testing::ElementsAre("letter"));
+    EXPECT_TRUE(fileSystem.isGone(Url("/var/nothing")));
+}
+
+TEST_F(DiskOfAMacTest, noLinkLeadsIntoThisComputer)
+{
+    neighbour.file("/secret/file", "theirs");
+    std::filesystem::permissions(neighbour.host("/secret/file"), std::filesystem::perms::owner_all);
+    const auto outside = QByteArray::fromStdString(neighbour.host("/secret").native());
+    const auto climb = QByteArray("../").repeated(40);
+    disk.folder("/Users/anna/deep");
+    // Straight, by climbing, by way of another link, by a process's own view of the computer.
+    disk.link("/Users/anna/straight", outside);
+    disk.link("/Users/anna/deep/climbing", climb + outside.mid(1));
+    disk.link("/Users/anna/twice", "straight");
+    disk.link("/Users/anna/proc", "/proc/self/root" + outside);
+    disk.link("/Users/anna/file", outside + "/file");
+    // Whose front is opened before its end is.
+    const Url distant("/Users/anna" + QByteArray("/.").repeated(4'000) + "/deep/climbing");
+
+    for (const auto &link : {Url("/Users/anna/straight"), Url("/Users/anna/deep/climbing"),
+                             Url("/Users/anna/twice"), Url("/Users/anna/proc"), distant,
+                             Url("/Users/anna/deep/../straight"), Url(outside), Url("/../../.." + outside)}) {
+        const auto file = link / "file";
+        EXPECT_FALSE(fileSystem.exists(link)) << link.path().data();
+        EXPECT_FALSE(fileSystem.exists(file)) << link.path().data();
+        EXPECT_FALSE(fileSystem.isDirectory(link)) << link.path().data();
+        EXPECT_FALSE(fileSystem.isExecutable(file)) << link.path().data();
+        EXPECT_FALSE(fileSystem.resolved(link)) << link.path().data();
+        EXPECT_FALSE(fileSystem.resourceValues(file)) << link.path().data();
+        EXPECT_FALSE(fileSystem.readFile(file, 100)) << link.path().data();
+        EXPECT_FALSE(fileSystem.readFilePart(file, 0, 100)) << link.path().data();
+        EXPECT_FALSE(fileSystem.volumeValues(link)) << link.path().data();
+        EXPECT_THAT(below(link), testing::IsEmpty()) << link.path().data();
+        for (const auto &entry : fileSystem.contentsOfDirectory(link))
+            ADD_FAILURE() << entry.url().path().data();
+    }
+    EXPECT_FALSE(fileSystem.readFile(Url("/Users/anna/file"), 100));
+    EXPECT_TRUE(fileSystem.isGone(Url("/Users/anna/straight/file")));
+    EXPECT_EQ(fileSystem.resourceValues(Url("/Users/anna/file"))->type, FileType::symbolicLink);
+}
+
+TEST_F(DiskOfAMacTest, aHomeFolderAloneIsAtItsPlaceAndNothingElseIsThere)
+{
+    disk.file("/Library/Caches/org.acme/data", "cached");
+    disk.link("/mine", "/Users/anna/Library");
+    const DiskRoot root(disk.root().prefix(), Url("/Users/anna"));
+    const LinuxFileSystem home(root, Url("/Users/anna"), {});
+
+    EXPECT_EQ(home.readFile(Url("/Users/anna/Library/Caches/org.acme/data"), 100), "cached");
+    EXPECT_EQ(home.resolved(Url("/Users/anna/Library")), Url("/Users/anna/Library"));
+    EXPECT_TRUE(home.isDirectory(Url("/Users/anna")));
+    for (const auto *path : {"/", "/Users", "/Library", "/Users/ann", "/Users/annabel/Library", "/Users/anna/mine",
+                             "/Users/anna/../../Library"})
+        EXPECT_FALSE(home.exists(Url(path))) << path;
+    EXPECT_EQ(root.urlFor(root.prefix() + "/Library"), Url("/Users/anna/Library"));
+    EXPECT_EQ(home.volumeValues(Url("/"))->totalCapacity, home.volumeValues(Url("/Users/anna"))->totalCapacity);
+}
+
+// What is in the disk's place afterwards would pass for a disk from which everything is gone.
+TEST_F(DiskOfAMacTest, isTheFolderThatItWasOpenedAsWhateverComesInItsPlace)
+{
+    disk.file("/Users/anna/file", "hers");
+    const auto folder = disk.host("/");
+    const auto aside = folder.native() + "-aside";
+    std::filesystem::rename(folder, aside);
+    std::filesystem::create_directory(folder);
+    EXPECT_EQ(fileSystem.readFile(Url("/Users/anna/file"), 100), "hers");
+    std::filesystem::remove(folder);
+    std::filesystem::rename(aside, folder);
 }

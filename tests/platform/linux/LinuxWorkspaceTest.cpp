@@ -97,14 +97,21 @@ TEST_F(LinuxWorkspaceTest, diskInAFolderIsNotLeftThroughALink)
     const auto disk = sandbox.home() + "/disk";
     fs::create_symlink("../outside", (disk + "/link").toStdString());
     fs::create_symlink("../outside/precious", (disk + "/last").toStdString());
+    fs::create_symlink((sandbox.home() + "/outside").toStdString(), (disk + "/straight").toStdString());
+    fs::create_symlink("/items", (disk + "/there").toStdString());
+    sandbox.file("disk/items/y");
     sandbox.environment.insert("XDG_DATA_HOME", QString::fromUtf8(disk + "/data"));
 
-    EXPECT_THAT(sandbox.recycle({Url("/link/precious"), Url("/../outside/precious"), Url("/"),
-                                 Url("/items/../items/x"), Url("/last")},
-                                disk),
-                ElementsAre(EndsWith("because it is not on this disk."), EndsWith("because it no longer exists."),
-                            EndsWith("because it is not on this disk."), "moved file:///data/Trash/files/x",
-                            "moved file:///data/Trash/files/last"));
+    EXPECT_THAT(
+        sandbox.recycle({Url("/link/precious"), Url("/../outside/precious"), Url("/"), Url("/items/../items/x"),
+                         Url("/last"), Url("/straight/precious"), Url("/there/y")},
+                        disk),
+        ElementsAre(EndsWith("because it no longer exists."), EndsWith("because it no longer exists."),
+                    EndsWith("because it is not on this disk."), "moved file:///data/Trash/files/x",
+                    "moved file:///data/Trash/files/last", EndsWith("because it no longer exists."),
+                    "moved file:///data/Trash/files/y"));
+    EXPECT_TRUE(TrashSandbox::trashed(disk + "/data/Trash").contains(disk + "/items/y"))
+        << "not /items/y of this computer";
     EXPECT_TRUE(fs::exists(outside.path().toStdString()));
     EXPECT_FALSE(fs::exists(inside.path().toStdString()));
     EXPECT_TRUE(fs::exists(disk.toStdString()));
