@@ -4,11 +4,16 @@
 #include "CodeSignature.h"
 #include "FileNames.h"
 #include "LibraryFolder.h"
+#include "NameMatcher.h"
 #include "Spelling.h"
+
+#include <QHash>
+#include <QSet>
 
 #include <algorithm>
 #include <functional>
 #include <unordered_set>
+#include <vector>
 
 namespace {
 
@@ -112,22 +117,103 @@ Names namesOf(const InstalledApplication &application, const CodeSignature &code
             applicationGroupIdentifiers(codeSignature.entitlements(application.url))};
 }
 
-/// The paths of these names as they are spelled, and the entries that spell one of them in another canonical way, as
-/// those that come from a Mac do.
-QList<Url> pathsInside(const FileSystem &fileSystem, const Url &folder, const QList<QByteArray> &names,
-                       const char *suffix)
+/// The path of this name as it is spelled, and the entries that spell it in another canonical way, as those that come
+/// from a Mac do.
+QList<Url> spelledPaths(const FileSystem &fileSystem, const Url &folder, const QByteArray &fileName)
 {
-    QList<Url> paths;
-    for (const auto &name : names) {
-        const auto fileName = name + suffix;
-        paths.append(folder / fileName);
-        if (isAscii(fileName))
-            continue;
-        for (const auto &entry : fileSystem.contentsOfDirectory(folder)) {
-            if (canonicalFileName(entry.name()) == canonicalFileName(fileName))
-                paths.append(entry.url());
+    QList<Url> paths{folder / fileName};
+    if (isAscii(fileName))
+        return paths;
+    for (const auto &entry : fileSystem.contentsOfDirectory(folder)) {
+        if (canonicalFileName(entry.name()) == canonicalFileName(fileName))
+            paths.append(entry.url());
+    }
+    return paths;
+}
+
+/// What a Mac finds under the names of one application, on a disk that may tell names apart that are one on the Mac.
+/// Every folder is listed once.
+class MacNames
+{
+public:
+    MacNames(const FileSystem &fileSystem, const Names &names) : m_fileSystem(fileSystem)
+    {
+        for (const auto *kind : {&names.identifiers, &names.candidateNames, &names.groups}) {
+            for (const auto &name : *kind)
+                addWanted(name);
         }
     }
+
+    /// The entries of this very name, in any canonical spelling; else the only one that differs from it in case alone.
+    /// Where there are several of these, the disk's own computer told them apart, and did not find them.
+    QList<Url> paths(const Url &folder, const QByteArray &fileName)
+    {
+        const Wanted wanted(fileName);
+        QList<Url> same;
+        QList<Url> alike;
+        for (const auto &entry : entriesOf(folder)) {
+            const auto name = entry.lastPathComponent();
+            if (canonicalFileName(name) == canonicalFileName(fileName))
+                same.append(entry);
+            else if (wanted.isNameOf(name))
+                alike.append(entry);
+        }
+        if (same.isEmpty() && alike.size() == 1)
+            return alike;
+        return same;
+    }
+
+private:
+    struct Wanted
+    {
+        explicit Wanted(const QByteArray &fileName)
+            : bytes(fileName), matcher(decodedFileName(fileName).value_or(QString()))
+        {
+        }
+        bool isNameOf(QByteArrayView entry) const { return entry == bytes || matcher.matchesFileName(entry); }
+
+        QByteArray bytes;
+        NameMatcher matcher;
+    };
+
+    void addWanted(const QByteArray &name)
+    {
+        QSet<QByteArray> suffixes;
+        for (const auto &probe : probes)
+            suffixes.insert(probe.suffix);
+        for (const auto &suffix : std::as_const(suffixes))
+            m_wanted.emplace_back(name + suffix);
+    }
+
+    /// Those that have a wanted name in any case; of a million others nothing is kept.
+    const QList<Url> &entriesOf(const Url &folder)
+    {
+        const auto known = m_entries.constFind(folder.path());
+        if (known != m_entries.constEnd())
+            return *known;
+        QList<Url> entries;
+        for (const auto &entry : m_fileSystem.contentsOfDirectory(folder)) {
+            if (std::ranges::any_of(m_wanted, [&](const Wanted &wanted) { return wanted.isNameOf(entry.name()); }))
+                entries.append(entry.url());
+        }
+        return *m_entries.insert(folder.path(), entries);
+    }
+
+    const FileSystem &m_fileSystem;
+    std::vector<Wanted> m_wanted;
+    /// By the folder's path.
+    QHash<QByteArray, QList<Url>> m_entries;
+};
+
+/// What a name stands for in a folder.
+using PathFinder = std::function<QList<Url>(const Url &folder, const QByteArray &fileName)>;
+
+QList<Url> pathsInside(const Url &folder, const QList<QByteArray> &names, const char *suffix,
+                       const PathFinder &find)
+{
+    QList<Url> paths;
+    for (const auto &name : names)
+        paths.append(find(folder, name + suffix));
     return paths;
 }
 
@@ -162,18 +248,18 @@ QList<Url> entriesContinuing(const FileSystem &fileSystem, const Url &folder, co
 
 /// Where the probe looks, whether or not anything is there.
 QList<Url> probedUrls(const Probe &probe, const InstalledApplication &application, const Names &names,
-                      const FileSystem &fileSystem)
+                      const FileSystem &fileSystem, const PathFinder &find)
 {
     const auto folder = libraryFolder(fileSystem) / probe.folder;
     switch (probe.name) {
     case Name::bundle:
         return application.isSystemApplication ? QList<Url>() : QList<Url>{application.url};
     case Name::identifier:
-        return pathsInside(fileSystem, folder, names.identifiers, probe.suffix);
+        return pathsInside(folder, names.identifiers, probe.suffix, find);
     case Name::eachCandidateName:
-        return pathsInside(fileSystem, folder, names.candidateNames, probe.suffix);
+        return pathsInside(folder, names.candidateNames, probe.suffix, find);
     case Name::eachGroup:
-        return pathsInside(fileSystem, folder, names.groups, probe.suffix);
+        return pathsInside(folder, names.groups, probe.suffix, find);
     case Name::eachEntryNamedAfterIdentifier:
         return entriesNamedAfter(fileSystem, folder, names.identifiers);
     case Name::eachEntryContinuingIdentifier:
@@ -184,8 +270,9 @@ QList<Url> probedUrls(const Probe &probe, const InstalledApplication &applicatio
 
 } // namespace
 
-AssociatedFileScanner::AssociatedFileScanner(const FileSystem &fileSystem, const CodeSignature &codeSignature)
-    : m_fileSystem(fileSystem), m_codeSignature(codeSignature)
+AssociatedFileScanner::AssociatedFileScanner(const FileSystem &fileSystem, const CodeSignature &codeSignature,
+                                             NamesOnDisk namesOnDisk)
+    : m_fileSystem(fileSystem), m_codeSignature(codeSignature), m_namesOnDisk(namesOnDisk)
 {
 }
 
@@ -194,9 +281,14 @@ QList<ScanItem> AssociatedFileScanner::scanAssociatedFiles(const InstalledApplic
     QList<ScanItem> items;
     std::unordered_set<QByteArray> seenPaths;
     const auto names = namesOf(application, m_codeSignature);
+    MacNames macNames(m_fileSystem, names);
+    const auto find = [&](const Url &folder, const QByteArray &fileName) {
+        return m_namesOnDisk == NamesOnDisk::asOnMac ? macNames.paths(folder, fileName)
+                                                     : spelledPaths(m_fileSystem, folder, fileName);
+    };
     for (const auto &probe : probes) {
         const bool isSelected = probe.confidence == exact && !application.isSystemApplication;
-        for (const auto &url : probedUrls(probe, application, names, m_fileSystem)) {
+        for (const auto &url : probedUrls(probe, application, names, m_fileSystem, find)) {
             const bool isNew = seenPaths.insert(url.standardizedPath()).second;
             if (isNew && m_fileSystem.exists(url.standardized()))
                 items.push_back({url, probe.kind, probe.confidence, /*sizeBytes*/ 0, isSelected});

@@ -12,7 +12,16 @@ class FileSystem;
 class AssociatedFileScanner
 {
 public:
-    AssociatedFileScanner(const FileSystem &fileSystem, const CodeSignature &codeSignature);
+    /// Which of a folder's entries answers to a name.
+    enum class NamesOnDisk {
+        /// The one of this spelling.
+        asSpelled,
+        /// The one that a Mac finds, which tells no case apart, whether or not the disk does: it may be a copy.
+        asOnMac
+    };
+
+    AssociatedFileScanner(const FileSystem &fileSystem, const CodeSignature &codeSignature,
+                          NamesOnDisk namesOnDisk = NamesOnDisk::asSpelled);
 
     /// What belongs to `application`, largest first. What its identifier or its entitlements name is exact and
     /// starts selected; what only its names name is probable and does not. Nothing of a system application starts
@@ -22,4 +31,5 @@ public:
 private:
     const FileSystem &m_fileSystem;
     const CodeSignature &m_codeSignature;
+    const NamesOnDisk m_namesOnDisk;
 };

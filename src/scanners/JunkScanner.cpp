@@ -22,6 +22,9 @@ constexpr JunkFolder junkFolders[] = {
 
 bool belongsToOperatingSystem(QByteArrayView name)
 {
+    // What unpacking a Mac's archive elsewhere leaves of its metadata.
+    if (name == "__MACOSX")
+        return true;
     return name.toByteArray().toLower().startsWith("com.apple.");
 }
 
