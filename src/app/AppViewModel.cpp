@@ -1,5 +1,6 @@
 #include "AppViewModel.h"
 
+#include "DiskText.h"
 #include "Platform.h"
 #include "RemovalWorkflow.h"
 #include "ScanWorkflows.h"
@@ -69,8 +70,9 @@ bool isBlank(const QString &text)
 
 AppViewModel::AppViewModel(const Platform &platform, QObject *parent)
     : QObject(parent), m_selectedMediaCategories(everyCase<MediaCategory>()),
-      m_selectedTextFileCategories(everyCase<TextFileCategory>()), m_workspace(platform.workspace),
-      m_systemFacts(platform.systemFacts),
+      m_selectedTextFileCategories(everyCase<TextFileCategory>()),
+      m_macDisk(platform.macDisk ? std::optional(*platform.macDisk) : std::nullopt),
+      m_workspace(platform.workspace), m_systemFacts(platform.systemFacts),
       m_systemInfoService(std::make_unique<SystemInfoService>(platform.fileSystem, platform.systemFacts)),
       m_scans(std::make_unique<ScanWorkflows>(*this, platform)),
       m_removal(std::make_unique<RemovalWorkflow>(*this, platform)), m_background(platform.backgroundPriority)
@@ -78,6 +80,7 @@ AppViewModel::AppViewModel(const Platform &platform, QObject *parent)
     connectLists();
     connectDerivedProperties();
     connectLateBattery();
+    warnOfReadOnlyDisk();
 }
 
 AppViewModel::~AppViewModel() = default;
@@ -111,6 +114,13 @@ void AppViewModel::connectLateBattery()
         m_dashboardSnapshot->battery = m_systemInfoService->batteryInfo();
         Q_EMIT dashboardSnapshotChanged();
     });
+}
+
+// Before anything is found that could be ticked.
+void AppViewModel::warnOfReadOnlyDisk()
+{
+    if (m_macDisk && m_macDisk->isReadOnly)
+        notify(diskText(DiskText::readOnlyTitle, m_language), diskText(DiskText::readOnlyMessage, m_language));
 }
 
 // The fields
@@ -179,6 +189,11 @@ void AppViewModel::setLastReport(OperationReport report)
 void AppViewModel::setUserNotice(std::optional<UserNotice> notice)
 {
     set(&AppViewModel::m_userNotice, std::move(notice), &AppViewModel::userNoticeChanged);
+}
+
+void AppViewModel::notify(const QString &title, const QString &message)
+{
+    setUserNotice(UserNotice{QUuid::createUuid(), title, message});
 }
 
 QVariant AppViewModel::selectedApplicationValue() const
@@ -279,6 +294,13 @@ QList<int> AppViewModel::deletableScopes() const
             numbers.append(static_cast<int>(scope));
     }
     return numbers;
+}
+
+QString AppViewModel::diskTitle() const
+{
+    if (!m_macDisk)
+        return {};
+    return m_macDisk->isHomeAlone ? m_macDisk->name : m_macDisk->name + QStringLiteral(", ") + m_macDisk->homeName;
 }
 
 int AppViewModel::selectedApplicationRow() const
@@ -397,8 +419,11 @@ void AppViewModel::dismissNotice()
 
 void AppViewModel::refreshDashboard()
 {
-    set(&AppViewModel::m_dashboardSnapshot, m_systemInfoService->snapshot(),
-        &AppViewModel::dashboardSnapshotChanged);
+    auto snapshot = m_systemInfoService->snapshot();
+    // Of a copy, the volume's own name tells nothing.
+    if (m_macDisk)
+        snapshot.storage.volumeName = m_macDisk->name;
+    set(&AppViewModel::m_dashboardSnapshot, std::move(snapshot), &AppViewModel::dashboardSnapshotChanged);
     if (const auto late = m_systemFacts.latePowerReading())
         m_lateBattery.setFuture(*late);
 }

@@ -5,6 +5,7 @@
 #include "DeletionRequest.h"
 #include "InstalledApplication.h"
 #include "ListModel.h"
+#include "MacDisk.h"
 #include "OperationReport.h"
 #include "Text.h"
 #include "UserNotice.h"
@@ -71,6 +72,9 @@ class AppViewModel : public QObject
     Q_PROPERTY(QList<int> deletableScopes READ deletableScopes NOTIFY enablingChanged)
     Q_PROPERTY(int selectedApplicationRow READ selectedApplicationRow NOTIFY selectedApplicationRowChanged)
 
+    // Of what does not change.
+    Q_PROPERTY(QString diskTitle READ diskTitle CONSTANT)
+
 public:
     /// The services of `platform` outlive the object.
     explicit AppViewModel(const Platform &platform, QObject *parent = nullptr);
@@ -131,6 +135,9 @@ public:
     QList<int> deletableScopes() const;
     /// The row of `applications` that holds the selected application; -1 when none does.
     int selectedApplicationRow() const;
+
+    /// Which Mac's disk the program works on, and whose home; empty on the computer's own.
+    QString diskTitle() const;
 
     /// Makes `application` the selected one and forgets what was found for the one before; nothing happens when it
     /// is that one already.
@@ -226,6 +233,7 @@ private:
     void connectLists();
     void connectDerivedProperties();
     void connectLateBattery();
+    void warnOfReadOnlyDisk();
     template <typename File> void reveal(const ListModel<File> &files, int row);
     /// The list that a removal of this scope works on.
     static ListModel<ScanItem> AppViewModel::*itemsOf(ScanScope scope);
@@ -241,6 +249,7 @@ private:
     void setPendingDeletion(std::optional<DeletionRequest> request);
     void setLastReport(OperationReport report);
     void setUserNotice(std::optional<UserNotice> notice);
+    void notify(const QString &title, const QString &message);
 
     /// The text under `key` in the current language, its placeholders filled.
     template <typename... Arguments> QString text(QStringView key, const Arguments &...arguments) const
@@ -291,6 +300,7 @@ private:
     std::optional<UserNotice> m_userNotice;
     quint64 m_turns = 0;
 
+    const std::optional<MacDisk> m_macDisk;
     Workspace &m_workspace;
     const SystemFacts &m_systemFacts;
     std::unique_ptr<SystemInfoService> m_systemInfoService;

@@ -14,16 +14,31 @@ namespace {
 
 constexpr qsizetype mostListedFailures = 5;
 
-/// The trash service together with the client that it hands failures to.
+/// Of a disk that is not the running system's: whoever served the system would take its paths for the system's.
+class NoHelper : public PrivilegedHelper
+{
+public:
+    QCoro::Task<HelperReply> moveItemsToTrash(QList<Url>, QString) override { co_return {}; }
+};
+
+std::unique_ptr<PrivilegedHelper> makeHelper(const Platform &platform)
+{
+    if (platform.macDisk)
+        return std::make_unique<NoHelper>();
+    return std::make_unique<PrivilegedHelperClient>(platform.fileSystem, platform.bundleReader,
+                                                    platform.helperService);
+}
+
+/// The trash service together with whom it hands failures to.
 struct TrashServiceWithHelper
 {
     explicit TrashServiceWithHelper(const Platform &platform)
-        : client(platform.fileSystem, platform.bundleReader, platform.helperService),
-          service(platform.fileSystem, platform.bundleReader, platform.workspace, client)
+        : helper(makeHelper(platform)),
+          service(platform.fileSystem, platform.bundleReader, platform.workspace, *helper)
     {
     }
 
-    PrivilegedHelperClient client;
+    std::unique_ptr<PrivilegedHelper> helper;
     TrashService service;
 };
 
@@ -165,7 +180,8 @@ void RemovalWorkflow::announce(ScanScope scope, const OperationReport &report)
         return m_state.say(u"delete_success", report.deletedCount, freed);
     }
 
-    const auto onlyTrash = std::ranges::all_of(report.failures, isAboutTrash);
+    // Of another Mac's disk the Trash's reasons are all that can be acted on: how it is mounted, and for whom.
+    const auto onlyTrash = !m_state.m_macDisk && std::ranges::all_of(report.failures, isAboutTrash);
     if (onlyTrash && scope == ScanScope::uninstaller) {
         m_state.say(u"uninstall_completed_with_notes_status");
         notify(u"uninstall_completed_with_notes_title", m_state.text(u"uninstall_completed_with_notes_message"));
@@ -190,5 +206,5 @@ QString RemovalWorkflow::listed(const QList<DeletionOutcome> &failures) const
 
 void RemovalWorkflow::notify(QStringView titleKey, const QString &message)
 {
-    m_state.setUserNotice(UserNotice{QUuid::createUuid(), m_state.text(titleKey), message});
+    m_state.notify(m_state.text(titleKey), message);
 }

@@ -1,6 +1,7 @@
 #include "ScanWorkflows.h"
 
 #include "AppViewModel.h"
+#include "DiskText.h"
 #include "FolderChooser.h"
 #include "Platform.h"
 #include "WhileAlive.h"
@@ -34,13 +35,19 @@ private:
     bool m_isGranted;
 };
 
+AssociatedFileScanner::NamesOnDisk namesOn(const Platform &platform)
+{
+    using enum AssociatedFileScanner::NamesOnDisk;
+    return platform.macDisk ? asOnMac : asSpelled;
+}
+
 } // namespace
 
 ScanWorkflows::ScanWorkflows(AppViewModel &state, const Platform &platform)
     : m_state(state), m_workspace(platform.workspace), m_folderChooser(platform.folderChooser),
       m_applicationReader(platform.fileSystem, platform.bundleReader),
       m_catalogScanner(platform.fileSystem, platform.bundleReader),
-      m_associatedScanner(platform.fileSystem, platform.codeSignature),
+      m_associatedScanner(platform.fileSystem, platform.codeSignature, namesOn(platform)),
       m_leftoverScanner(platform.fileSystem, platform.applicationRegistry), m_junkScanner(platform.fileSystem),
       m_mediaScanner(platform.fileSystem), m_textFileScanner(platform.fileSystem)
 {
@@ -119,6 +126,11 @@ QCoro::Task<> ScanWorkflows::handleDroppedApplication(Url url)
 
 QCoro::Task<> ScanWorkflows::scanLeftovers()
 {
+    // Everything would look as if its application were gone.
+    if (m_state.m_macDisk && m_state.m_macDisk->isHomeAlone) {
+        m_state.m_leftoverItems.clear();
+        co_return m_state.setStatus(diskText(DiskText::nothingKnownOfApplications, m_state.language()));
+    }
     auto loading = loadApplications(/*force*/ false);
     co_await loading;
     m_state.m_leftoverItems.clear();

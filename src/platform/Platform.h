@@ -9,6 +9,7 @@ class FolderChooser;
 class HelperService;
 class SystemFacts;
 class Workspace;
+struct MacDisk;
 
 /// The services that the program is given at its start. They outlive everything that uses them.
 struct Platform
@@ -22,4 +23,6 @@ struct Platform
     Workspace &workspace;
     HelperService &helperService;
     FolderChooser &folderChooser;
+    /// Null for the computer's own disk.
+    const MacDisk *macDisk = nullptr;
 };

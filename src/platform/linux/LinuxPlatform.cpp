@@ -34,7 +34,7 @@ LinuxPlatform::LinuxPlatform(FolderChooser &folderChooser, const std::stop_token
 }
 
 LinuxPlatform::LinuxPlatform(const DiskRoot &root, const Url &home, FolderChooser &folderChooser,
-                             const std::stop_token &stop)
+                             const std::stop_token &stop, const MacDisk *macDisk)
     : m_fileSystem(root, home, stop),
       m_bundleReader(m_fileSystem, QLocale::system().uiLanguages(), programFolder(), stop),
       m_codeSignature(m_fileSystem, stop), m_applicationRegistry(root, m_fileSystem, stop), m_workspace(root),
@@ -48,6 +48,7 @@ LinuxPlatform::LinuxPlatform(const DiskRoot &root, const Url &home, FolderChoose
                                               .workspace = m_workspace,
                                               .helperService = m_helperService,
                                               .folderChooser = folderChooser,
+                                              .macDisk = macDisk,
                                           }
 {
 }

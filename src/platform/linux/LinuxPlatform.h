@@ -19,11 +19,12 @@ public:
     /// progress comes to its end.
     LinuxPlatform(FolderChooser &folderChooser, const std::stop_token &stop);
 
-    /// For the disk of `root`, with the user's home folder at `home` on it. A disk that lies in a folder has no
+    /// For the disk of `root`, with the user's home folder at `home` on it; `macDisk` says which it is where it is another
+    /// Mac's, and outlives this. A disk that lies in a folder has no
     /// privileged helper but one on a system bus of its own: the computer's would take its paths for the
     /// computer's.
-    LinuxPlatform(const DiskRoot &root, const Url &home, FolderChooser &folderChooser,
-                  const std::stop_token &stop);
+    LinuxPlatform(const DiskRoot &root, const Url &home, FolderChooser &folderChooser, const std::stop_token &stop,
+                  const MacDisk *macDisk = nullptr);
 
     Q_DISABLE_COPY_MOVE(LinuxPlatform)
 

@@ -10,7 +10,7 @@ Window {
     /// The desktop's font of one width.
     required property string monospacedFamily
 
-    title: "Tarnvale"
+    title: viewModel.diskTitle ? viewModel.diskTitle + " — Tarnvale" : "Tarnvale"
     width: minimumWidth
     height: minimumHeight
     minimumWidth: 980

@@ -43,9 +43,11 @@ FocusScope {
             }
 
             PlainText {
-                text: "Uninstaller"
+                width: Math.min(implicitWidth, sidebar.width - header.x - parent.x - Theme.large)
+                text: sidebar.viewModel.diskTitle || "Uninstaller"
                 font: Theme.caption
                 color: Theme.secondary
+                elide: Text.ElideMiddle
             }
         }
     }
