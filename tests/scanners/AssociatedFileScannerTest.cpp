@@ -2,7 +2,9 @@
 
 #include "TestDisk.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
+#include <map>
 
 using testing::Contains;
 using testing::ElementsAre;
@@ -195,4 +197,42 @@ TEST_F(AssociatedFileScannerTest, fileNamesThatAreNotTextAreProbedByTheirBytes)
     disk.folder("~/Library/Logs/\xfe");
 
     EXPECT_THAT(pathsOf(scan(application)), ElementsAre("~/Library/Logs/\xff"));
+}
+
+namespace {
+
+/// A disk that counts how often its folders are listed.
+class CountingDisk : public TestDisk
+{
+public:
+    DirectoryEnumeration contentsOfDirectory(const Url &folder) const override
+    {
+        mostListings = std::max(mostListings, ++m_listings[folder.path()]);
+        return TestDisk::contentsOfDirectory(folder);
+    }
+    mutable int mostListings = 0;
+
+private:
+    mutable std::map<QByteArray, int> m_listings;
+};
+
+} // namespace
+
+TEST(NamesOfAMacTest, aProbeFindsWhatAMacWouldHaveFoundAtOneListingAFolder)
+{
+    CountingDisk disk;
+    for (const auto *path :
+         {"Caches/COM.Acme.\u0141o\u0301dz\u0301", // decomposed, and in another case
+          "Caches/notes", "Logs/Notes", "Logs/NOTES", // the very name comes before one that is like it
+          "Application Support/NOTES", "Application Support/notes", // told apart there
+          "Containers/com.acme.\u0142\u00f3d\u017a2", "WebKit/.com.acme.\u0142\u00f3d\u017a"})
+        disk.file("~/Library/" + QByteArray(path));
+    const auto application = disk.application("/System/Applications/Notes.app",
+                                              {.identifier = "com.acme.\u0142\u00f3d\u017a", .name = "Notes"});
+    const AssociatedFileScanner scanner(disk, disk.signatures, AssociatedFileScanner::NamesOnDisk::asOnMac);
+
+    EXPECT_THAT(pathsOf(scanner.scanAssociatedFiles(application)),
+                ElementsAre("~/Library/Caches/COM.Acme.\u0141o\u0301dz\u0301", "~/Library/Caches/notes",
+                            "~/Library/Logs/Notes"));
+    EXPECT_EQ(disk.mostListings, 1);
 }

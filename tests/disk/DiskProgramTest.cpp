@@ -1,0 +1,228 @@
+// The program on the disk of another Mac: what it does with volumes that are really mounted, and copies.
+
+#include "AppViewModel.h"
+#include "DiskText.h"
+#include "FakeFolderChooser.h"
+#include "LinuxPlatform.h"
+#include "MacDisk.h"
+#include "RemovalWorkflow.h"
+#include "ScanWorkflows.h"
+#include "SecondVolume.h"
+
+#include <QCoro/QCoroTask>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <filesystem>
+#include <fstream>
+#include <gmock/gmock.h>
+#include <unistd.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using QCoro::waitFor;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::UnorderedElementsAre;
+
+class DiskProgramTest : public testing::Test
+{
+protected:
+    DiskProgramTest() { qputenv("XDG_DATA_HOME", (folder() + "/data").c_str()); }
+
+    /// In no memory, which has no Trash.
+    std::string folder() const { return m_folder.path().toStdString(); }
+    std::string mac() const { return folder() + "/mac"; }
+    std::string trash() const { return mac() + "/.Trash-" + std::to_string(getuid()) + "/files"; }
+
+    void file(const std::string &path, size_t size = 10) const
+    {
+        const fs::path whole(mac() + path);
+        fs::create_directories(whole.parent_path());
+        std::ofstream(whole) << std::string(size, 'x');
+    }
+
+    void install(const std::string &folder, const std::string &name, const std::string &identifier) const
+    {
+        file(folder + '/' + name + ".app/Contents/MacOS/main");
+        std::ofstream(mac() + folder + '/' + name + ".app/Contents/Info.plist")
+            << "<plist version=\"1.0\"><dict><key>CFBundleIdentifier</key><string>" << identifier
+            << "</string></dict></plist>";
+    }
+
+    /// A Mac's disk with one application, what belongs to it, and something that another one left.
+    void fillDisk() const
+    {
+        install("/Applications", "Notes", "com.acme.notes");
+        file("/Users/anna/Library/Caches/com.Acme.Notes/data", 2'000'000);
+        file("/Users/anna/Library/Preferences/COM.acme.notes.plist");
+        file("/Users/anna/Library/Caches/org.gone.app/data");
+    }
+
+    /// Opens the program's state on the disk.
+    AppViewModel &open(const MacDisk &disk = {"Macintosh HD", "anna"}, const Url &place = Url("/"))
+    {
+        m_disk = disk;
+        m_platform = std::make_unique<LinuxPlatform>(DiskRoot(QByteArray::fromStdString(mac()), place),
+                                                     Url("/Users/anna"), m_noFolder, std::stop_token(), &m_disk);
+        m_app = std::make_unique<AppViewModel>(m_platform->services());
+        m_app->setLanguage(AppLanguage::english);
+        return *m_app;
+    }
+
+    /// Lets go of the disk, which can be unmounted then.
+    void close()
+    {
+        m_app.reset();
+        m_platform.reset();
+    }
+
+    /// Looks for the application and removes what starts ticked.
+    static void uninstall(AppViewModel &app, const QString &name)
+    {
+        app.setApplicationQuery(name);
+        waitFor(app.scans().scanApplicationByName());
+        app.requestDeletion(ScanScope::uninstaller);
+        ASSERT_TRUE(app.pendingDeletion());
+        waitFor(app.removal().confirmDeletion(*app.pendingDeletion()));
+    }
+
+    template <typename Rows> static std::vector<std::string> pathsOf(const Rows &rows)
+    {
+        std::vector<std::string> paths;
+        for (const auto &row : rows)
+            paths.push_back(row.url.path().toStdString());
+        return paths;
+    }
+
+    static std::vector<std::string> namesIn(const std::string &place)
+    {
+        std::vector<std::string> names;
+        for (const auto &entry : fs::directory_iterator(place))
+            names.push_back(entry.path().filename());
+        return names;
+    }
+
+private:
+    QTemporaryDir m_folder{QStringLiteral("/var/tmp/tarnvale-disk-XXXXXX")};
+    FakeFolderChooser m_noFolder;
+    MacDisk m_disk;
+    std::unique_ptr<LinuxPlatform> m_platform;
+    std::unique_ptr<AppViewModel> m_app;
+};
+
+} // namespace
+
+TEST_F(DiskProgramTest, whatIsRemovedFromAMountedDiskIsInTheTrashOfThatDisk)
+{
+    const SecondVolume volume(QByteArray::fromStdString(mac()));
+    NEED_VOLUME(volume);
+    fillDisk();
+    // A link that would lead out, and whose target on this computer is to be kept.
+    fs::create_directories(folder() + "/precious");
+    fs::create_symlink(folder() + "/precious", mac() + "/Users/anna/Library/Logs");
+    fs::create_directory(folder() + "/precious/com.acme.notes");
+    auto &app = open();
+    EXPECT_EQ(app.diskTitle(), "Macintosh HD, anna");
+    app.refreshDashboard();
+    EXPECT_EQ(app.dashboardSnapshot()->storage.volumeName, "Macintosh HD");
+    EXPECT_LT(app.dashboardSnapshot()->storage.totalBytes, 20'000'000) << "the volume's own size";
+
+    uninstall(app, "notes");
+    EXPECT_FALSE(app.userNotice());
+    EXPECT_THAT(namesIn(trash()), UnorderedElementsAre("Notes.app", "com.Acme.Notes", "COM.acme.notes.plist"))
+        << "by their names on the disk";
+    EXPECT_TRUE(fs::exists(folder() + "/precious/com.acme.notes"));
+    waitFor(app.scans().scanLeftovers());
+    EXPECT_THAT(pathsOf(app.leftoverItems()), ElementsAre("/Users/anna/Library/Caches/org.gone.app"));
+    close();
+}
+
+TEST_F(DiskProgramTest, whyNothingCanBeRemovedReachesTheUserInTheTrashsOwnWords)
+{
+    const SecondVolume volume(QByteArray::fromStdString(mac()));
+    NEED_VOLUME(volume);
+    fillDisk();
+    {
+        volume.fill();
+        auto &app = open();
+        uninstall(app, "notes");
+        ASSERT_TRUE(app.userNotice());
+        EXPECT_THAT(app.userNotice()->message.toStdString(),
+                    EndsWith("because the disk is full. Free some space and try again."));
+        fs::remove(mac() + "/everything");
+        close();
+    }
+    volume.remount("ro");
+    auto &app = open({"Macintosh HD", "anna", false, true});
+    ASSERT_TRUE(app.userNotice()) << "before anything is ticked";
+    EXPECT_EQ(app.userNotice()->title, diskText(DiskText::readOnlyTitle, AppLanguage::polish));
+    app.dismissNotice();
+    uninstall(app, "notes");
+    EXPECT_THAT(app.userNotice()->message.toStdString(),
+                EndsWith("because the disk that it is on can only be read."));
+    EXPECT_EQ(app.associatedItems().size(), 3);
+    close();
+}
+
+TEST_F(DiskProgramTest, whatIsRemovedFromACopyIsInTheTrashOfThisComputer)
+{
+    fillDisk();
+    auto &app = open();
+    uninstall(app, "notes");
+    EXPECT_FALSE(app.userNotice());
+    EXPECT_THAT(namesIn(folder() + "/data/Trash/files"),
+                UnorderedElementsAre("Notes.app", "com.Acme.Notes", "COM.acme.notes.plist"));
+    std::ifstream record(folder() + "/data/Trash/info/Notes.app.trashinfo");
+    EXPECT_THAT(std::string(std::istreambuf_iterator(record), {}),
+                testing::HasSubstr("\nPath=" + mac() + "/Applications/Notes.app\n"));
+}
+
+TEST_F(DiskProgramTest, aHomeAloneOffersItsOwnApplicationsAndNoLeftovers)
+{
+    install("/Applications", "Notes", "com.acme.notes");
+    file("/Library/Caches/com.acme.notes/data");
+    file("/Library/Caches/org.gone.app/data");
+    auto &app = open({"anna", "anna", true}, Url("/Users/anna"));
+    EXPECT_EQ(app.diskTitle(), "anna");
+    waitFor(app.scans().scanLeftovers());
+    EXPECT_TRUE(app.leftoverItems().isEmpty());
+    EXPECT_EQ(app.statusMessage(), diskText(DiskText::nothingKnownOfApplications, AppLanguage::english));
+    uninstall(app, "notes");
+    EXPECT_FALSE(app.userNotice());
+    EXPECT_THAT(namesIn(folder() + "/data/Trash/files"), UnorderedElementsAre("Notes.app", "com.acme.notes"));
+    EXPECT_TRUE(fs::exists(mac() + "/Library/Caches/org.gone.app"));
+}
+
+TEST_F(DiskProgramTest, whatAMacsMetadataLeavesBehindIsTakenForNothing)
+{
+    install("/Applications", "._Notes", "com.acme.notes");
+    install("/Applications/__MACOSX", "Other", "com.acme.other");
+    for (const auto *name : {"__MACOSX/._big", ".DS_Store", ".localized", "._com.acme.gone"})
+        file(std::string("/Users/anna/Library/Caches/") + name, 3'000'000);
+    file("/Users/anna/Library/Caches/__MACOSX/seen", 3'000'000);
+    auto &app = open();
+    waitFor(app.scans().scanCleaner());
+    EXPECT_TRUE(app.cleanerItems().isEmpty());
+    waitFor(app.scans().scanLeftovers());
+    EXPECT_TRUE(app.leftoverItems().isEmpty());
+    EXPECT_TRUE(app.applications().isEmpty());
+}
+
+TEST_F(DiskProgramTest, homesAreNamedWhereThereIsNoDisplayToAskOn)
+{
+    for (const auto *home : {"/Users/bob", "/Users/anna", "/Users/Shared"})
+        file(std::string(home) + "/Library/x");
+    fs::create_directory(mac() + "/Applications");
+    auto surroundings = QProcessEnvironment::systemEnvironment();
+    for (const auto *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        surroundings.remove(QString::fromLatin1(name));
+    QProcess program;
+    program.setProcessEnvironment(surroundings);
+    program.start(DISK_PROGRAM_PATH, {QString::fromStdString(mac())});
+    ASSERT_TRUE(program.waitForFinished());
+    EXPECT_EQ(program.exitCode(), 1);
+    EXPECT_THAT(program.readAllStandardError().toStdString(), EndsWith(":\n  anna\n  bob\n"));
+}
