@@ -28,7 +28,7 @@ protected:
 TEST_F(FileFinderTest, extensionDecidesInAnyCase)
 {
     const auto movie = disk.file("/disk/Movie.MP4", 40);
-    const auto song = disk.file("/disk/a/b/song.tar.flac", 30);
+    const auto song = disk.file("/disk/a/b/song.tar.FLAC", 30);
     const auto picture = disk.file("/disk/\xff\xfe.JpEg", 20, 10);
     const auto kelvin = disk.file("/disk/movie.m\u212av", std::nullopt, 10);
     for (const auto *name : {"vector.svg", "mp4", ".mp4", "song.mp2", "x.mp4\xff", "x.mp", "x.mp44", "x.jpg ",
