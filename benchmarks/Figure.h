@@ -27,6 +27,7 @@ std::vector<Figure> nameSearch(const BenchDisk &disk);
 std::vector<Figure> libraryScans(const BenchDisk &disk);
 std::vector<Figure> resultMemory(const BenchDisk &disk);
 std::vector<Figure> rowToggle(const BenchDisk &disk);
+std::vector<Figure> bundleReading(const BenchDisk &disk);
 std::vector<Figure> bundlesAndRemoval(const BenchDisk &disk);
 std::vector<Figure> windowFigures(const BenchDisk &disk);
 std::vector<Figure> crowdedFolder(const BenchDisk &disk);

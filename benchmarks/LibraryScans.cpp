@@ -28,7 +28,17 @@ std::vector<Figure> libraryScans(const BenchDisk &disk)
     const auto applications = disk.applications().hostPath(Url("/Applications"));
     const auto bareApplications =
         sideBySide(31, {[&] { BareLoop().measure(applications); }, [&] { applicationRegistry.index(); }});
+    const LinuxFileSystem bundleDisk(disk.bundles(), BenchDisk::home(), {});
+    const LinuxApplicationRegistry bundleRegistry(disk.bundles(), bundleDisk);
+    const auto bundles = disk.bundles().hostPath(Url("/Applications"));
+    // It reads names alone.
+    const auto bareListing = [&] { BareLoop([](QByteArrayView) { return false; }).measure(bundles); };
+    const auto index = [&] { bundleRegistry.index(); };
+    const auto warm = sideBySide(7, {index, bareListing});
+    const auto cold = coldSideBySide(3, {index, bareListing});
     return {
+        fasterBy("index of bundles of 600,000 files, than a bare listing", warm[1], 1.0),
+        cold ? fasterBy("the same with cold caches", (*cold)[1], 2.0) : skipped("the same with cold caches"),
         atMost("index of the bundles of 200 applications / bare loop", bareApplications[1], 2.5),
         atMost("leftover scan of 150,000 files / bare loop", bare[1], 1.10),
         atMost("cache and log scan of 150,000 files / bare loop", bare[2], 1.10),

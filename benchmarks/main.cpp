@@ -17,10 +17,20 @@ constexpr struct
     const char *name;
     std::vector<Figure> (*measure)(const BenchDisk &);
 } measurements[] = {
-    {"size", sizeWalk},       {"media", mediaScan},      {"name", nameSearch},           {"library", libraryScans},
-    {"memory", resultMemory}, {"tick", rowToggle},       {"bundles", bundlesAndRemoval}, {"window", windowFigures},
-    {"catalog", catalogScan}, {"quit", quitInTheMiddle}, {"snapshot", snapshot},         {"crowd", crowdedFolder},
+    {"size", sizeWalk},
+    {"media", mediaScan},
+    {"name", nameSearch},
+    {"library", libraryScans},
+    {"memory", resultMemory},
+    {"tick", rowToggle},
+    {"bundles", bundlesAndRemoval},
+    {"window", windowFigures},
+    {"catalog", catalogScan},
+    {"quit", quitInTheMiddle},
+    {"snapshot", snapshot},
+    {"crowd", crowdedFolder},
     {"bus", silentBus},
+    {"bundles", bundleReading},
 };
 
 void print(const Figure &figure)
