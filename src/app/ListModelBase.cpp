@@ -24,7 +24,9 @@ QHash<int, QByteArray> ListModelBase::roleNames() const
             {symbolRole, "symbol"},
             {tintRole, "tint"},
             {isSelectedRole, "isSelected"},
-            {isSystemApplicationRole, "isSystemApplication"}};
+            {isSystemApplicationRole, "isSystemApplication"},
+            {matchKeyRole, "matchKey"},
+            {kindKeyRole, "kindKey"}};
 }
 
 bool ListModelBase::setData(const QModelIndex &index, const QVariant &value, int role)

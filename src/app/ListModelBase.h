@@ -37,7 +37,11 @@ public:
         /// `isSelected`: found items only; can be written.
         isSelectedRole,
         /// `isSystemApplication`: applications only.
-        isSystemApplicationRole
+        isSystemApplicationRole,
+        /// `matchKey`: found items only; the key of the text that says how sure it is that the item belongs.
+        matchKeyRole,
+        /// `kindKey`: what the row is, for `Presentation::kindText`; absent for applications.
+        kindKeyRole
     };
     Q_ENUM(Role)
 

@@ -3,6 +3,7 @@
 #include "ByteCount.h"
 #include "DashboardPresentation.h"
 #include "DeletionRequest.h"
+#include "LocalText.h"
 #include "SidebarSection.h"
 #include "Text.h"
 
@@ -18,6 +19,24 @@ template <typename Category> QVariantList choices(QStringView keyPrefix)
             CategoryChoice{static_cast<int>(category), keyPrefix.toString() + rawValue(category)}));
     return list;
 }
+
+struct KindName
+{
+    ScanItemKind kind;
+    LocalText name;
+};
+
+constexpr KindName kindNames[] = {
+    {ScanItemKind::application, {u"aplikacja", u"application"}},
+    {ScanItemKind::applicationSupport, {u"dane aplikacji", u"application data"}},
+    {ScanItemKind::cache, {u"pamięć podręczna", u"cache"}},
+    {ScanItemKind::container, {u"kontener", u"container"}},
+    {ScanItemKind::preference, {u"preferencje", u"preferences"}},
+    {ScanItemKind::log, {u"log", u"log"}},
+    {ScanItemKind::savedState, {u"zapisany stan", u"saved state"}},
+    {ScanItemKind::webData, {u"dane witryn", u"web data"}},
+    {ScanItemKind::leftover, {u"pozostałość", u"leftover"}},
+};
 
 /// What a placeholder is replaced by.
 QString argumentText(const QVariant &argument)
@@ -63,6 +82,13 @@ QVariant Presentation::section(SidebarSelection selection)
 QString Presentation::text(const QString &key, AppLanguage language)
 {
     return localizedText(key, language);
+}
+
+QString Presentation::kindText(const QString &kindKey, AppLanguage language)
+{
+    const auto kind = fromRawValue<ScanItemKind>(kindKey);
+    return kind ? std::ranges::find(kindNames, *kind, &KindName::kind)->name.in(language).toString()
+                : localizedText(kindKey, language);
 }
 
 QString Presentation::filledText(const QString &key, AppLanguage language, const QVariantList &arguments)

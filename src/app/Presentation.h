@@ -55,6 +55,9 @@ public:
     /// The text under `key`; the key itself where there is none.
     Q_INVOKABLE static QString text(const QString &key, Tarnvale::AppLanguage language);
 
+    /// What a row of this `kindKey` is, in words: for assistive technology, which cannot tell of the row's symbol.
+    Q_INVOKABLE static QString kindText(const QString &kindKey, Tarnvale::AppLanguage language);
+
     /// The text under `key` with its placeholders replaced by `arguments` in order: numbers as plain digits, texts
     /// as they are.
     Q_INVOKABLE static QString filledText(const QString &key, Tarnvale::AppLanguage language,

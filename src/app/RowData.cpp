@@ -51,15 +51,23 @@ QVariant rowData(const ScanItem &item, int role)
 {
     if (role == ListModelBase::isSelectedRole)
         return item.isSelected;
+    if (role == ListModelBase::matchKeyRole)
+        return rawValue(item.confidence) + QStringLiteral("_match");
+    if (role == ListModelBase::kindKeyRole)
+        return rawValue(item.kind);
     return isTileRole(role) ? tileData(symbolTile(item.kind), role) : fileData(item.url, item.sizeBytes, role);
 }
 
 QVariant rowData(const MediaFile &file, int role)
 {
+    if (role == ListModelBase::kindKeyRole)
+        return QStringLiteral("media_") + rawValue(file.category);
     return isTileRole(role) ? tileData(symbolTile(file.category), role) : fileData(file.url, file.sizeBytes, role);
 }
 
 QVariant rowData(const TextFile &file, int role)
 {
+    if (role == ListModelBase::kindKeyRole)
+        return QStringLiteral("text_") + rawValue(file.category);
     return isTileRole(role) ? tileData(symbolTile(file.category), role) : fileData(file.url, file.sizeBytes, role);
 }

@@ -110,6 +110,47 @@ QQuickItem *ScreenBench::control(QQuickItem *item, const QString &name)
     return text;
 }
 
+QString ScreenBench::description(QQuickItem *item, const QString &name)
+{
+    auto *named = control(item, name);
+    auto *interface = named ? QAccessible::queryAccessibleInterface(named) : nullptr;
+    if (!interface)
+        return {};
+    const auto ticked = interface->state().checked ? QStringLiteral(", ticked") : QString();
+    return interface->text(QAccessible::Description) + ticked;
+}
+
+QStringList ScreenBench::alerts(QQuickItem *item)
+{
+    QStringList names;
+    for (auto *named : visibleItems(item->window()->contentItem())) {
+        const auto name = accessibleName(named);
+        if (!name.isEmpty() && QAccessible::queryAccessibleInterface(named)->role() == QAccessible::AlertMessage)
+            names.append(name);
+    }
+    return names;
+}
+
+QStringList ScreenBench::nameless(QQuickItem *item)
+{
+    QAccessible::setActive(true);
+    QStringList roles;
+    const auto collect = [&roles](const auto &again, QAccessibleInterface *element) -> void {
+        for (int i = 0; element && i < element->childCount(); ++i) {
+            auto *child = element->child(i);
+            if (!child || child->state().invisible)
+                continue;
+            const bool isFrame = child->role() == QAccessible::NoRole || child->role() == QAccessible::Client
+                                 || child->role() == QAccessible::Pane;
+            if (!isFrame && child->text(QAccessible::Name).isEmpty())
+                roles.append(qAccessibleRoleString(child->role()));
+            again(again, child);
+        }
+    };
+    collect(collect, QAccessible::queryAccessibleInterface(item->window()));
+    return roles;
+}
+
 bool ScreenBench::assist(QQuickItem *item, const QString &name, const QString &action)
 {
     QAccessible::setActive(true);

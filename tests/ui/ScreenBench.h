@@ -51,6 +51,12 @@ public:
     /// The visible control of this accessible name in the window of `item`, or else the text; null when there is
     /// none.
     Q_INVOKABLE static QQuickItem *control(QQuickItem *item, const QString &name);
+    /// What assistive technology is told of it besides its name, and "ticked" where it is; empty for what is not there.
+    Q_INVOKABLE static QString description(QQuickItem *item, const QString &name);
+    /// The names of the alerts that assistive technology is told of.
+    Q_INVOKABLE static QStringList alerts(QQuickItem *item);
+    /// The roles of what assistive technology is told of in the window of `item` without a name, but for mere frames.
+    Q_INVOKABLE static QStringList nameless(QQuickItem *item);
     /// Has assistive technology do `action` ("Press", "Toggle") on the first thing of this name that has it. Whether there
     /// is one.
     Q_INVOKABLE static bool assist(QQuickItem *item, const QString &name, const QString &action);

@@ -120,6 +120,7 @@ Item {
                     for (let section = 0; section < Presentation.sections.length; ++section) {
                         go(section);
                         compare(bench.namelessControls(root), [], "screen " + section);
+                        compare(bench.nameless(root), [], "screen " + section);
                         compare(bench.clippedTexts(root), [], "screen " + section);
                     }
                 }
@@ -371,6 +372,26 @@ Item {
             tryVerify(() => keyboard() === bench.control(root, "Scan"), 5000, "nor is there a list");
             keyClick(Qt.Key_Return);
             tryCompare(app, "statusMessage", "No items matching the safety criteria were found.");
+        }
+
+        function test_assistiveTechnologyIsToldWhatTheEyesSee() {
+            bench.holdDisk();
+            app.scanCleaner();
+            compare(bench.alerts(root), ["Scanning…"]);
+            bench.releaseDisk();
+            settle();
+            findCaches();
+            const said = "/Users/me/Library/Caches/big, 1.4 MB, cache, Exact association";
+            tryVerify(() => bench.control(root, "big"));
+            compare(bench.description(root, "big"), said);
+            verify(bench.assist(root, "big", "Toggle"));
+            compare(bench.description(root, "big"), said + ", ticked");
+            app.requestDeletion(Tarnvale.ScanScope.cleaner);
+            tryVerify(() => bench.alerts(root).includes("Move items to Trash?"));
+            press("Move to Trash");
+            settle();
+            verify(bench.alerts(root).includes("Moved to Trash: 1 items (1.4 MB)."));
+            compare(bench.description(root, "PL, EN"), "EN");
         }
 
         function test_everythingButItsButtonMeansCancel() {

@@ -20,7 +20,7 @@ Item {
     height: Theme.applicationRowHeight
     Accessible.role: Accessible.ListItem
     Accessible.name: name
-    Accessible.description: sizeText
+    Accessible.description: isSystemApplication ? sizeText + ", " + Texts.of("system_app") : sizeText
     Accessible.selectable: true
     Accessible.selected: selected
     Accessible.onPressAction: chosen()

@@ -5,6 +5,7 @@ FoundRow {
     id: row
 
     required property bool isSelected
+    required property string matchKey
 
     signal toggled(bool isOn)
 
@@ -13,6 +14,11 @@ FoundRow {
     }
 
     symbolWeight: Font.DemiBold
+    match: Texts.of(matchKey)
+    Accessible.checkable: true
+    Accessible.checked: isSelected
+    Accessible.onToggleAction: toggle()
+    Accessible.onPressAction: toggle()
     leading: CheckMark {
         focusPolicy: Qt.NoFocus
         checked: row.isSelected

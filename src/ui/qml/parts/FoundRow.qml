@@ -13,6 +13,9 @@ Item {
     required property string sizeText
     required property string symbol
     required property string tint
+    required property string kindKey
+    /// How sure it is that the item belongs to its application, in words; empty where that is no question.
+    property string match
 
     property int symbolWeight: Font.Normal
     property font nameFont: Theme.rowTitle
@@ -25,7 +28,7 @@ Item {
     height: Theme.listRowHeight
     Accessible.role: Accessible.ListItem
     Accessible.name: name
-    Accessible.description: path + ", " + sizeText
+    Accessible.description: path + ", " + sizeText + ", " + Presentation.kindText(kindKey, Texts.language) + (match ? ", " + match : "")
     // Kept for another row meanwhile: not drawn, but assistive technology would still tell of it.
     ListView.onPooled: visible = false
     ListView.onReused: visible = true
@@ -117,6 +120,6 @@ Item {
 
     Tip {
         shown: hover.hovered
-        text: row.path
+        text: row.match ? row.path + "\n" + row.match : row.path
     }
 }

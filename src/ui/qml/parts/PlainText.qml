@@ -7,4 +7,5 @@ Text {
     font: Theme.body
     Accessible.role: Accessible.StaticText
     Accessible.name: text
+    Accessible.ignored: text === ""
 }

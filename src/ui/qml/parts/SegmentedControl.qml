@@ -18,6 +18,7 @@ FocusScope {
     activeFocusOnTab: true
     Accessible.role: Accessible.PageTabList
     Accessible.name: name
+    Accessible.description: segments[current]
     Keys.onLeftPressed: chosen(Math.max(0, current - 1))
     Keys.onRightPressed: chosen(Math.min(segments.length - 1, current + 1))
 

@@ -9,6 +9,7 @@ T.ScrollBar {
     implicitHeight: 11
     padding: 2
     minimumSize: 0.08
+    Accessible.ignored: true
     visible: policy === T.ScrollBar.AlwaysOn || size < 1
 
     contentItem: Rectangle {

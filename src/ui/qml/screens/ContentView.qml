@@ -110,6 +110,16 @@ FocusKeeper {
         }
     }
 
+    // Told, not drawn: the work that begins and how it ended.
+    Item {
+        id: told
+
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: content.viewModel.statusMessage
+        Accessible.ignored: content.viewModel.statusMessage === ""
+        Accessible.onNameChanged: Announcer.say(told, Accessible.name)
+    }
+
     Alerts {
         viewModel: content.viewModel
     }
