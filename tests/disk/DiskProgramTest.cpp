@@ -155,8 +155,13 @@ TEST_F(DiskProgramTest, whyNothingCanBeRemovedReachesTheUserInTheTrashsOwnWords)
         fs::remove(mac() + "/everything");
         close();
     }
+    const auto isReadOnly = [this] {
+        const LinuxFileSystem disk(DiskRoot(QByteArray::fromStdString(mac())), Url("/Users/anna"), {});
+        return disk.volumeValues(disk.homeDirectory())->isReadOnly;
+    };
+    EXPECT_FALSE(isReadOnly());
     volume.remount("ro");
-    auto &app = open({"Macintosh HD", "anna", false, true});
+    auto &app = open({"Macintosh HD", "anna", false, isReadOnly()});
     ASSERT_TRUE(app.userNotice()) << "before anything is ticked";
     EXPECT_EQ(app.userNotice()->title, diskText(DiskText::readOnlyTitle, AppLanguage::polish));
     app.dismissNotice();

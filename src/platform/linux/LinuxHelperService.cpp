@@ -4,6 +4,8 @@
 #include "OwnThread.h"
 #include "ReadyFuture.h"
 
+#include <QSet>
+
 #include <algorithm>
 
 namespace {
