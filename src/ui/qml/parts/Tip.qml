@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Tarnvale
 
-/// A tooltip over the item that it stands in.
+/// A tooltip below the item that it stands in: in a list, the row above stays readable.
 T.ToolTip {
     id: tip
 
@@ -11,7 +11,7 @@ T.ToolTip {
     visible: shown && text !== ""
     delay: 600
     x: parent ? Math.max(0, (parent.width - implicitWidth) / 2) : 0
-    y: -implicitHeight - Theme.small
+    y: parent ? parent.height + Theme.small : 0
     margins: Theme.regular
     padding: Theme.small
     leftPadding: Theme.regular
