@@ -63,6 +63,12 @@ TEST_F(LinuxWorkspaceTest, trashThatCannotBeMadeLosesNothing)
     const auto item = sandbox.file("items/x");
     sandbox.file(".local", "no folder");
     EXPECT_THAT(sandbox.recycle({item}), ElementsAre(EndsWith("because the Trash didn't accept it.")));
+    if (getuid() == 0)
+        sandbox.giveTo(nobody);
+    chmod(sandbox.file("locked/x").parent().path().constData(), 0555);
+    sandbox.environment.insert("XDG_DATA_HOME", QString::fromUtf8(sandbox.home() + "/locked/data"));
+    EXPECT_THAT(sandbox.recycle({item}), ElementsAre(EndsWith("because you don't have permission to do that.")));
+    sandbox.environment.remove("XDG_DATA_HOME");
     EXPECT_TRUE(fs::exists(item.path().toStdString()));
 
     const Url inMemory("/dev/shm/tarnvale-" + QByteArray::number(getpid()));
