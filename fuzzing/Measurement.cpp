@@ -4,15 +4,22 @@
 #include <cstdio>
 #include <ctime>
 
-#if defined(__has_feature)
+// g++ defines the first, clang knows the second.
+#if defined(__SANITIZE_ADDRESS__)
+#define FUZZ_WITH_SANITIZER
+#elif defined(__has_feature)
 #if __has_feature(address_sanitizer)
-#define __SANITIZE_ADDRESS__
+#define FUZZ_WITH_SANITIZER
 #endif
 #endif
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef FUZZ_WITH_SANITIZER
 #include <atomic>
-#include <sanitizer/allocator_interface.h>
+
+// The header of these comes with clang alone; the functions are g++'s as well.
+extern "C" int __sanitizer_install_malloc_and_free_hooks(void (*allocated)(const volatile void *, size_t),
+                                                         void (*released)(const volatile void *));
+extern "C" size_t __sanitizer_get_allocated_size(const volatile void *memory);
 #else
 #include <QFile>
 
@@ -27,7 +34,7 @@ constexpr double mostMebibytes = 64;
 
 // How many times as long an input may take in this build. Of the hostile inputs, side by side with a release build, the
 // sanitizers slow one down 4 times and another one 24 times; a build that is not optimised is between.
-#if defined(__OPTIMIZE__) && !defined(__SANITIZE_ADDRESS__)
+#if defined(__OPTIMIZE__) && !defined(FUZZ_WITH_SANITIZER)
 constexpr double slowdown = 1;
 #else
 constexpr double slowdown = 25;
@@ -42,7 +49,7 @@ double processorSeconds()
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
 }
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef FUZZ_WITH_SANITIZER
 
 std::atomic<qint64> held = 0;
 std::atomic<qint64> mostHeld = 0;
