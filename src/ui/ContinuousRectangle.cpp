@@ -21,6 +21,10 @@ QPainterPath continuousPath(const QRectF &rect, qreal radius)
     const auto pull = (8 * (1 - std::sqrt(0.5)) * radius - reach) / 3;
 
     QPainterPath path;
+    if (!(radius > 0)) {
+        path.addRect(rect);
+        return path;
+    }
     const auto corner = [&](QPointF point, QPointF from, QPointF to) {
         const auto begin = point + from * reach;
         path.isEmpty() ? path.moveTo(begin) : path.lineTo(begin);

@@ -132,6 +132,21 @@ TEST(Drawing, aCardHasItsLineOnAllSidesAndItsColourEverywhereBetween)
     }
 }
 
+TEST(Drawing, aDividerIsAsThickEverywhere)
+{
+    for (const auto y : {17.0, 18.0, 19.3}) {
+        Scene scene("Divider { x: 23; y: " + QByteArray::number(y) + "; width: 301; color: \"#ff0000\" }");
+        const auto picture = scene.picture();
+        const auto line = drawnAt(23, y, 301, 1);
+        for (int depth = -1; depth <= line.height(); ++depth) {
+            const auto isInside = depth >= 0 && depth < line.height();
+            for (int x = line.left(); x <= line.right(); ++x)
+                ASSERT_EQ(picture.pixelColor(x, line.top() + depth), QColor(isInside ? Qt::red : Qt::white))
+                    << depth << ", y " << y;
+        }
+    }
+}
+
 TEST(Drawing, aShadowFadesEvenlyOnAllSidesAndAtItsCorners)
 {
     // One that stretches, and one that is too small for it.

@@ -97,6 +97,7 @@ UtilityCard {
                 Layout.fillWidth: true
                 text: Texts.filled("selected_size", [view.items.selectedSizeText])
                 font: Theme.calloutSemibold
+                wrapMode: Text.Wrap
             }
 
             DestructiveButton {
