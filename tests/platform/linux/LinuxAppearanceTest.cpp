@@ -3,6 +3,7 @@
 #include "TestBus.h"
 #include "TestPortal.h"
 
+#include <QCoreApplication>
 #include <QDBusMessage>
 #include <QDBusVariant>
 #include <QElapsedTimer>
