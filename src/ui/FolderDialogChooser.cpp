@@ -70,6 +70,9 @@ void FolderDialogChooser::answer(const std::optional<Url> &folder)
 {
     // Not deleted at once: it is the dialog that calls.
     m_dialog.release()->deleteLater();
+    // A dialog with a window of its own leaves the keyboard to nobody where no window manager looks after it.
+    if (auto *window = programWindow())
+        QMetaObject::invokeMethod(window, &QWindow::requestActivate, Qt::QueuedConnection);
     m_promise.addResult(folder);
     m_promise.finish();
 }
