@@ -35,7 +35,8 @@ class PictureNode : public QSGNode
 public:
     PictureNode() { setFlag(UsePreprocess); }
 
-    void show(QQuickWindow &window, const QImage &image, std::optional<int> edge);
+    /// With `edge` device pixels along each edge that keep their size; 0 where it does not stretch.
+    void show(QQuickWindow &window, const QImage &image, int edge, bool stretches);
     void setSize(QSize size, qreal pixelRatio);
     void preprocess() override;
 
@@ -61,7 +62,7 @@ private:
     QPointF m_offset;
 };
 
-void PictureNode::show(QQuickWindow &window, const QImage &image, std::optional<int> edge)
+void PictureNode::show(QQuickWindow &window, const QImage &image, int edge, bool stretches)
 {
     while (auto *child = firstChild()) {
         removeChildNode(child);
@@ -69,11 +70,11 @@ void PictureNode::show(QQuickWindow &window, const QImage &image, std::optional<
     }
     m_pieces.clear();
     m_middle = nullptr;
-    m_edge = edge.value_or(0);
-    if (!edge || m_edge > 0)
-        addPieces(window, image, edge.has_value());
+    m_edge = edge;
+    if (!stretches || m_edge > 0)
+        addPieces(window, image, stretches);
     // A colour is filled several times as fast as a picture is stretched.
-    if (const auto color = image.pixelColor(m_edge, m_edge); edge && color.alpha() > 0) {
+    if (const auto color = image.pixelColor(m_edge, m_edge); stretches && color.alpha() > 0) {
         m_middle = window.createRectangleNode();
         m_middle->setColor(color);
         appendChildNode(m_middle);
@@ -180,11 +181,11 @@ QSGNode *PixelAlignedPicture::updatePaintNode(QSGNode *node, UpdatePaintNodeData
 {
     const auto pixelRatio = window()->effectiveDevicePixelRatio();
     const auto pixels = (size() * pixelRatio).toSize();
-    auto stretchable = edge(pixelRatio);
-    const auto least = 2 * stretchable.value_or(0) + 1;
-    if (pixels.width() < least || pixels.height() < least)
-        stretchable.reset();
-    const auto wanted = stretchable ? QSize(least, least) : pixels;
+    const auto stretchable = edge(pixelRatio);
+    const auto kept = stretchable.value_or(0);
+    const auto least = 2 * kept + 1;
+    const bool stretches = stretchable.has_value() && pixels.width() >= least && pixels.height() >= least;
+    const auto wanted = stretches ? QSize(least, least) : pixels;
 
     auto *shown = static_cast<PictureNode *>(node);
     if (!shown || !m_isDrawn || wanted != m_drawnSize) {
@@ -195,7 +196,7 @@ QSGNode *PixelAlignedPicture::updatePaintNode(QSGNode *node, UpdatePaintNodeData
         }
         if (!shown)
             shown = new PictureNode;
-        shown->show(*window(), image, stretchable);
+        shown->show(*window(), image, stretches ? kept : 0, stretches);
         m_drawnSize = wanted;
         m_isDrawn = true;
     }
