@@ -7,11 +7,13 @@
 
 #include <QCollator>
 #include <QLocale>
-#include <QThreadPool>
-#include <QtConcurrentMap>
 
 #include <algorithm>
+#include <atomic>
+#include <system_error>
+#include <thread>
 #include <unordered_set>
+#include <vector>
 
 namespace {
 
@@ -60,12 +62,25 @@ QString nameToFind(const QString &query)
 QList<InstalledApplication> read(const ApplicationReader &reader, const QList<Candidate> &candidates)
 {
     // Who waits for a disk needs no core, and the disk answers many questions at once sooner than one after another.
-    QThreadPool threads;
-    threads.setMaxThreadCount(std::max(8, QThread::idealThreadCount()));
-    const auto answers = QtConcurrent::blockingMapped<QList<std::optional<InstalledApplication>>>(
-        &threads, candidates, [&reader](const Candidate &candidate) {
-            return reader.unmeasuredApplicationAt(candidate.url, candidate.isSystem);
-        });
+    constexpr size_t mostThreads = 8;
+    std::vector<std::optional<InstalledApplication>> answers(static_cast<size_t>(candidates.size()));
+    std::atomic<size_t> next = 0;
+    const auto work = [&] {
+        for (auto i = next++; i < answers.size(); i = next++) {
+            const auto &candidate = candidates[static_cast<qsizetype>(i)];
+            answers[i] = reader.unmeasuredApplicationAt(candidate.url, candidate.isSystem);
+        }
+    };
+    {
+        std::vector<std::jthread> helpers;
+        try {
+            while (helpers.size() + 1 < std::min(mostThreads, answers.size()))
+                helpers.emplace_back(work);
+        } catch (const std::system_error &) {
+            // Then those that are there do it all.
+        }
+        work();
+    }
     QList<InstalledApplication> applications;
     for (const auto &answer : answers) {
         if (answer)
