@@ -9,23 +9,13 @@
 #include <QLocale>
 
 #include <algorithm>
-#include <atomic>
-#include <system_error>
-#include <thread>
 #include <unordered_set>
-#include <vector>
 
 namespace {
 
 struct Root
 {
     Url folder;
-    bool isSystem;
-};
-
-struct Candidate
-{
-    Url url;
     bool isSystem;
 };
 
@@ -58,37 +48,6 @@ QString nameToFind(const QString &query)
     return isNameAndExtension ? name.chopped(4) : name;
 }
 
-/// The applications among them, in their order.
-QList<InstalledApplication> read(const ApplicationReader &reader, const QList<Candidate> &candidates)
-{
-    // Who waits for a disk needs no core, and the disk answers many questions at once sooner than one after another.
-    constexpr size_t mostThreads = 8;
-    std::vector<std::optional<InstalledApplication>> answers(static_cast<size_t>(candidates.size()));
-    std::atomic<size_t> next = 0;
-    const auto work = [&] {
-        for (auto i = next++; i < answers.size(); i = next++) {
-            const auto &candidate = candidates[static_cast<qsizetype>(i)];
-            answers[i] = reader.unmeasuredApplicationAt(candidate.url, candidate.isSystem);
-        }
-    };
-    {
-        std::vector<std::jthread> helpers;
-        try {
-            while (helpers.size() + 1 < std::min(mostThreads, answers.size()))
-                helpers.emplace_back(work);
-        } catch (const std::system_error &) {
-            // Then those that are there do it all.
-        }
-        work();
-    }
-    QList<InstalledApplication> applications;
-    for (const auto &answer : answers) {
-        if (answer)
-            applications.append(*answer);
-    }
-    return applications;
-}
-
 } // namespace
 
 ApplicationCatalogScanner::ApplicationCatalogScanner(const FileSystem &fileSystem,
@@ -99,15 +58,17 @@ ApplicationCatalogScanner::ApplicationCatalogScanner(const FileSystem &fileSyste
 
 QList<InstalledApplication> ApplicationCatalogScanner::scanApplications() const
 {
-    QList<Candidate> candidates;
+    QList<InstalledApplication> applications;
     std::unordered_set<QByteArray> seenPaths;
     for (const auto &[folder, isSystem] : roots(m_fileSystem)) {
         for (const auto &entry : m_fileSystem.contentsOfDirectory(folder)) {
-            if (seenPaths.insert(entry.url().standardizedPath()).second)
-                candidates.append({entry.url(), isSystem});
+            const auto url = entry.url();
+            if (!seenPaths.insert(url.standardizedPath()).second)
+                continue;
+            if (auto application = m_applicationReader.unmeasuredApplicationAt(url, isSystem))
+                applications.append(std::move(*application));
         }
     }
-    auto applications = read(m_applicationReader, candidates);
     measure(m_fileSystem, applications);
     const auto collator = systemCollator();
     std::ranges::stable_sort(
