@@ -27,11 +27,6 @@ struct Item
     QByteArray path() const { return (folderPath.endsWith('/') ? folderPath : folderPath + '/') + name; }
 };
 
-bool isAbsence(int error)
-{
-    return error == ENOENT || error == ENOTDIR;
-}
-
 /// Why it cannot be seen that `name` is in `folder`; absent when it can.
 std::optional<TrashFailure> lookAt(int folder, const QByteArray &name)
 {

@@ -29,6 +29,11 @@ bool isFailureOfTheDisk(int error)
 
 } // namespace
 
+bool isAbsence(int error)
+{
+    return error == ENOENT || error == ENOTDIR;
+}
+
 FolderIdentity identityOf(const FileDescriptor &folder)
 {
     struct stat status;

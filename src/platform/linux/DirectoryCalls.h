@@ -10,6 +10,9 @@
 #include <sys/stat.h>
 #include <sys/types.h>
 
+/// Whether the system's error number says that there is nothing at a path; after any other, something may be there.
+bool isAbsence(int error);
+
 /// Which folder of which file system; no folder's where both are 0.
 struct FolderIdentity
 {

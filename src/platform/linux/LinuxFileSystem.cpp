@@ -1,5 +1,6 @@
 #include "LinuxFileSystem.h"
 
+#include "DirectoryCalls.h"
 #include "FileStatus.h"
 #include "LinuxFolderListing.h"
 #include "LinuxTreeWalk.h"
@@ -42,7 +43,7 @@ bool LinuxFileSystem::isGone(const Url &url) const
 {
     const auto answer = m_root.status(url, Links::followed);
     const auto *error = std::get_if<int>(&answer);
-    return error && (*error == ENOENT || *error == ENOTDIR);
+    return error && isAbsence(*error);
 }
 
 bool LinuxFileSystem::isDirectory(const Url &url) const
