@@ -16,7 +16,6 @@
 #include "ChosenAppearance.h"
 #include "ChosenFolder.h"
 #include "DiskRoot.h"
-#include "FolderDialogChooser.h"
 #include "Heartbeat.h"
 #include "HelperService.h"
 #include "LinuxAppearance.h"
@@ -61,7 +60,7 @@ long long residentMemory()
 
 int firstFrame(Clock::time_point start)
 {
-    FolderDialogChooser folderChooser;
+    ChosenFolder folderChooser;
     LinuxAppearance appearance;
     std::stop_source stop;
     LinuxPlatform platform(folderChooser, stop.get_token());
@@ -198,7 +197,7 @@ int askBuses(const QByteArray &prefix)
     using namespace std::chrono_literals;
     ChosenFolder otherwise;
     const DiskRoot root(prefix);
-    LinuxFolderChooser folderChooser(otherwise, [] { return QString(); });
+    LinuxFolderChooser folderChooser(otherwise, prefix, [] { return QString(); });
     LinuxAppearance appearance;
     const std::stop_source stop;
     const LinuxPlatform platform(root, BenchDisk::home(), folderChooser, stop.get_token());

@@ -17,7 +17,7 @@ public:
     /// On the computer's own disk.
     Program();
 
-    /// On the Mac's disk at `root`, with the home folder at `home` on it.
+    /// On the Mac's disk at `root`, with the home folder at `home` on it, where folder dialogs begin.
     Program(const DiskRoot &root, const Url &home, const MacDisk &disk);
 
     /// Until it is quit; its exit code.

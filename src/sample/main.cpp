@@ -21,6 +21,7 @@
 
 #include <QCommandLineParser>
 #include <QDir>
+#include <QFile>
 #include <QGuiApplication>
 
 #include <cstdio>
@@ -62,8 +63,9 @@ private:
 
 int openWindow(const SampleDisk &disk)
 {
-    FolderDialogChooser folderDialog;
-    LinuxFolderChooser folderChooser(folderDialog, &FolderDialogChooser::parentWindow);
+    const auto home = QFile::encodeName(disk.homePath());
+    FolderDialogChooser folderDialog(home);
+    LinuxFolderChooser folderChooser(folderDialog, home, &FolderDialogChooser::parentWindow);
     SamplePlatform platform(disk, folderChooser);
     LinuxAppearance appearance;
     TarnvaleApp app(platform.services(), appearance);

@@ -2,12 +2,11 @@
 
 #include "ReadyFuture.h"
 
-#include <QDir>
+#include <QFile>
 #include <QGuiApplication>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickWindow>
-#include <QUrl>
 
 #include <utility>
 
@@ -23,6 +22,11 @@ QQuickWindow *programWindow()
 }
 
 } // namespace
+
+FolderDialogChooser::FolderDialogChooser(const QByteArray &firstFolder)
+    : m_firstFolder(QUrl::fromLocalFile(QFile::decodeName(firstFolder)))
+{
+}
 
 QString FolderDialogChooser::parentWindow()
 {
@@ -43,7 +47,7 @@ QFuture<std::optional<Url>> FolderDialogChooser::chooseFolder(const QString &tit
     m_dialog.reset(component.createWithInitialProperties({
         {QStringLiteral("title"), title},
         {QStringLiteral("acceptLabel"), prompt},
-        {QStringLiteral("currentFolder"), QUrl::fromLocalFile(QDir::homePath())},
+        {QStringLiteral("currentFolder"), m_firstFolder},
         {QStringLiteral("parentWindow"), QVariant::fromValue<QWindow *>(window)},
     }));
     connect(m_dialog.get(), SIGNAL(accepted()), this, SLOT(accept()));

@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QPromise>
+#include <QUrl>
 
 #include <memory>
 
@@ -13,6 +14,9 @@ class FolderDialogChooser : public QObject, public FolderChooser
     Q_OBJECT
 
 public:
+    /// A dialog begins in `firstFolder`, a path of this computer.
+    explicit FolderDialogChooser(const QByteArray &firstFolder);
+
     /// The window that a dialog of the desktop belongs to, as the desktop's portals name it. Empty where there is no
     /// window, or where Qt does not tell its name: it does for X11 alone.
     static QString parentWindow();
@@ -27,6 +31,7 @@ private Q_SLOTS:
 private:
     void answer(const std::optional<Url> &folder);
 
+    QUrl m_firstFolder;
     std::unique_ptr<QObject> m_dialog;
     QPromise<std::optional<Url>> m_promise;
 };

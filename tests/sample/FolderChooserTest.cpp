@@ -133,8 +133,9 @@ protected:
 private:
     std::stop_source m_stop;
     const DiskRoot m_root{QFile::encodeName(disk->folder())};
-    FolderDialogChooser m_dialog;
-    LinuxFolderChooser m_chooser{m_dialog, [] { return QString("x11:2a"); }, bus.address().toUtf8()};
+    FolderDialogChooser m_dialog{QFile::encodeName(disk->homePath())};
+    LinuxFolderChooser m_chooser{m_dialog, QFile::encodeName(disk->homePath()), [] { return QString("x11:2a"); },
+                                 bus.address().toUtf8()};
     LinuxPlatform m_platform{m_root, disk->home(), m_chooser, m_stop.get_token()};
     ChosenAppearance m_appearance;
     TarnvaleApp m_app{m_platform.services(), m_appearance};
@@ -227,7 +228,6 @@ int main(int argc, char **argv)
     const QTemporaryDir folder(QDir::current().filePath(QStringLiteral("folder-choice-XXXXXX")));
     const SampleDisk sampleDisk(folder.filePath(QStringLiteral("dysk")));
     disk = &sampleDisk;
-    qputenv("HOME", QFile::encodeName(sampleDisk.homePath()));
     QGuiApplication application(argc, argv);
     if (const auto error = sampleDisk.build(); !error.isEmpty()) {
         std::fprintf(stderr, "%s\n", qPrintable(error));

@@ -39,8 +39,8 @@ constexpr qint64 mostMilliseconds = 5'000;
 int session(const QByteArray &folder, const std::string &trouble)
 {
     const DiskRoot root(folder);
-    FolderDialogChooser dialog;
-    LinuxFolderChooser chooser(dialog, [] { return QString(); });
+    FolderDialogChooser dialog(folder);
+    LinuxFolderChooser chooser(dialog, folder, [] { return QString(); });
     LinuxAppearance appearance;
     std::stop_source stop;
     const LinuxPlatform platform(root, home, chooser, stop.get_token());

@@ -23,9 +23,10 @@ public:
     /// The computer's own root.
     DiskRoot() = default;
 
-    /// The folder `prefix` of this computer: absolute, free of links and of ".." . It is opened at once, or when it is
-    /// first needed where it is still to be made, and is the disk from then on, whatever is mounted in its place. `place` is what the disk's own paths call it: a
-    /// home folder without the disk that it was on is "/Users/NAME", and nothing else is there.
+    /// The folder `prefix` of this computer: absolute, free of links and of "..". It is opened at once, or when it is
+    /// first needed where it is still to be made, and is the disk from then on, whatever is mounted in its place.
+    /// `place` is what the disk's own paths call it: a home folder without the disk that it was on is "/Users/NAME", and
+    /// nothing else is there.
     explicit DiskRoot(QByteArray prefix, const Url &place = Url("/"));
 
     /// The folder that the disk lies in, without a trailing separator; empty for the computer's own root.

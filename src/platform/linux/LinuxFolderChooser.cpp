@@ -5,8 +5,6 @@
 #include "ReadyFuture.h"
 #include "SessionBus.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFutureWatcher>
 
 #include <utility>
@@ -23,12 +21,13 @@ constexpr std::chrono::seconds patienceForPortal{3};
 /// Given to it to open a dialog, which is what the bus's library gives every call.
 constexpr std::chrono::seconds patienceForDialog{25};
 
-/// What a dialog is to say, and whose it is, in the bytes of the bus.
+/// What a dialog is to say, whose it is and where it begins, in the bytes of the bus.
 struct DialogWords
 {
     QByteArray parentWindow;
     QByteArray title;
     QByteArray prompt;
+    QByteArray firstFolder;
 };
 
 /// How the portal's dialog ended.
@@ -64,7 +63,7 @@ bool opensDialog(const BusConnection &bus, const DialogWords &words)
     };
     add("accept_label", g_variant_new_string(words.prompt.constData()));
     // A path is bytes here, and ends with a zero.
-    add("current_folder", g_variant_new_bytestring(QFile::encodeName(QDir::homePath()).constData()));
+    add("current_folder", g_variant_new_bytestring(words.firstFolder.constData()));
     add("directory", g_variant_new_boolean(TRUE));
     add("modal", g_variant_new_boolean(TRUE));
     add("multiple", g_variant_new_boolean(FALSE));
@@ -133,9 +132,9 @@ void whenFinished(const QFuture<Result> &future, QObject *context, Finished fini
 
 } // namespace
 
-LinuxFolderChooser::LinuxFolderChooser(FolderChooser &otherwise, std::function<QString()> parentWindow,
-                                       QByteArray busAddress)
-    : m_otherwise(otherwise), m_parentWindow(std::move(parentWindow)),
+LinuxFolderChooser::LinuxFolderChooser(FolderChooser &otherwise, QByteArray firstFolder,
+                                       std::function<QString()> parentWindow, QByteArray busAddress)
+    : m_otherwise(otherwise), m_firstFolder(std::move(firstFolder)), m_parentWindow(std::move(parentWindow)),
       m_busAddress(busAddress.isEmpty() ? sessionBusAddress() : std::move(busAddress))
 {
 }
@@ -153,7 +152,7 @@ QFuture<std::optional<Url>> LinuxFolderChooser::chooseFolder(const QString &titl
     m_isChoosing = true;
     m_promise = {};
     m_promise.start();
-    const DialogWords words{m_parentWindow().toUtf8(), title.toUtf8(), prompt.toUtf8()};
+    const DialogWords words{m_parentWindow().toUtf8(), title.toUtf8(), prompt.toUtf8(), m_firstFolder};
     const auto dialog = onThreadOfItsOwn(
         [bus = m_busAddress, words, stop = m_stop.get_token()] { return askPortal(bus, words, stop); });
     whenFinished(dialog, this, [=, this](const PortalAnswer &ended) {

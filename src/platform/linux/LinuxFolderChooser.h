@@ -21,9 +21,10 @@ class LinuxFolderChooser : public QObject, public FolderChooser
     Q_OBJECT
 
 public:
-    /// `otherwise` outlives this. `parentWindow` tells which window the dialog belongs to, as portals name it ("x11:1a2b"), or
-    /// nothing. `busAddress` names another bus than the session's, for tests.
-    LinuxFolderChooser(FolderChooser &otherwise, std::function<QString()> parentWindow,
+    /// `otherwise` outlives this. The dialog begins in `firstFolder`, a path of this computer. `parentWindow` tells
+    /// which window it belongs to, as portals name it ("x11:1a2b"), or nothing. `busAddress` names another bus than the
+    /// session's, for tests.
+    LinuxFolderChooser(FolderChooser &otherwise, QByteArray firstFolder, std::function<QString()> parentWindow,
                        QByteArray busAddress = {});
     ~LinuxFolderChooser() override;
 
@@ -33,6 +34,7 @@ private:
     void answer(const std::optional<Url> &folder);
 
     FolderChooser &m_otherwise;
+    QByteArray m_firstFolder;
     std::function<QString()> m_parentWindow;
     QByteArray m_busAddress;
     bool m_isChoosing = false;
