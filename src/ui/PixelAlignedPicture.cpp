@@ -30,7 +30,10 @@ std::optional<QPointF> placeOf(const QSGNode &item)
 }
 
 /// A picture in one piece, or in nine that stretch as they must. Looks before every frame where it came to lie.
-class PictureNode : public QSGNode
+///
+/// A transform without one of its own: what comes below any other kind of node later, the software renderer draws in the
+/// window's corner.
+class PictureNode : public QSGTransformNode
 {
 public:
     PictureNode() { setFlag(UsePreprocess); }
@@ -50,7 +53,8 @@ private:
     /// Where the columns begin and the last of them ends in a picture of this width; the rows likewise. The one piece of
     /// a picture that does not stretch is its middle.
     std::array<int, 4> lines(int length) const { return {0, m_edge, length - m_edge, length}; }
-    void addPieces(QQuickWindow &window, const QImage &image, bool stretches);
+    /// All but the middle where it is drawn by itself, else the middle alone.
+    void addPieces(QQuickWindow &window, const QImage &image, bool hasMiddle);
     void layOut();
 
     QList<Piece> m_pieces;
@@ -71,24 +75,25 @@ void PictureNode::show(QQuickWindow &window, const QImage &image, int edge, bool
     m_pieces.clear();
     m_middle = nullptr;
     m_edge = edge;
-    if (!stretches || m_edge > 0)
-        addPieces(window, image, stretches);
-    // A colour is filled several times as fast as a picture is stretched.
-    if (const auto color = image.pixelColor(m_edge, m_edge); stretches && color.alpha() > 0) {
+    // A colour is filled several times as fast as a picture is stretched. Alone it is not: where an opaque one moves, the
+    // software renderer forgets the pixels along its edge that it no longer covers.
+    const bool hasMiddle = stretches && m_edge > 0;
+    addPieces(window, image, hasMiddle);
+    if (const auto color = image.pixelColor(m_edge, m_edge); hasMiddle && color.alpha() > 0) {
         m_middle = window.createRectangleNode();
         m_middle->setColor(color);
         appendChildNode(m_middle);
     }
 }
 
-void PictureNode::addPieces(QQuickWindow &window, const QImage &image, bool stretches)
+void PictureNode::addPieces(QQuickWindow &window, const QImage &image, bool hasMiddle)
 {
     auto *texture = window.createTextureFromImage(image, QQuickWindow::TextureCanUseAtlas);
     const auto x = lines(image.width()), y = lines(image.height());
     for (size_t row = 0; row < 3; ++row) {
         for (size_t column = 0; column < 3; ++column) {
             const bool isMiddle = row == 1 && column == 1;
-            if (isMiddle == stretches)
+            if (isMiddle == hasMiddle)
                 continue;
             auto *node = window.createImageNode();
             node->setTexture(texture);

@@ -132,18 +132,17 @@ TEST(Drawing, aCardHasItsLineOnAllSidesAndItsColourEverywhereBetween)
     }
 }
 
-TEST(Drawing, aDividerIsAsThickEverywhere)
+TEST(Drawing, aDividerThatMovesIsAsThickEverywhereAndLeavesNothingBehind)
 {
-    for (const auto y : {17.0, 18.0, 19.3}) {
-        Scene scene("Divider { x: 23; y: " + QByteArray::number(y) + "; width: 301; color: \"#ff0000\" }");
+    Scene scene("Divider { objectName: \"divider\"; x: 23; y: 11; width: 301; color: \"#ff0000\" }");
+    for (int step = 0; step < 60; ++step) {
+        const auto y = 17 + step * 1.3717;
+        scene.set("divider", "y", y);
         const auto picture = scene.picture();
         const auto line = drawnAt(23, y, 301, 1);
-        for (int depth = -1; depth <= line.height(); ++depth) {
-            const auto isInside = depth >= 0 && depth < line.height();
-            for (int x = line.left(); x <= line.right(); ++x)
-                ASSERT_EQ(picture.pixelColor(x, line.top() + depth), QColor(isInside ? Qt::red : Qt::white))
-                    << depth << ", y " << y;
-        }
+        for (int row = 0; row < picture.height(); ++row)
+            ASSERT_EQ(picture.pixelColor(100, row), QColor(row >= line.top() && row <= line.bottom() ? Qt::red : Qt::white))
+                << "row " << row << ", y " << y;
     }
 }
 
@@ -182,9 +181,11 @@ TEST(Drawing, aShadowFadesEvenlyOnAllSidesAndAtItsCorners)
     }
 }
 
-TEST(Drawing, aSymbolIsShownPixelByPixel)
+TEST(Drawing, aSymbolIsShownPixelByPixelAndStaysInItsPlaceWhenItsColourChanges)
 {
-    Scene scene("Symbol { x: 15; y: 21; name: \"trash\"; size: 20; color: \"#c00000\" }");
+    Scene scene("Symbol { objectName: \"symbol\"; x: 15; y: 21; name: \"trash\"; size: 20; color: \"#0000c0\" }");
+    scene.picture();
+    scene.set("symbol", "color", QColor("#c00000"));
     const auto place = drawnAt(15, 21, 26, 26);
     QImage expected(place.size(), QImage::Format_RGB32);
     expected.fill(Qt::white);
