@@ -36,7 +36,7 @@ void writeInformation(const fs::path &contents, int number, const std::string &n
 
 BenchDisk::BenchDisk(const QByteArray &folder)
     : m_tree(folder + "/tree"), m_applications(folder + "/applications"), m_crowd(folder + "/crowd"),
-      m_gallery(folder + "/gallery"), m_bundles(folder + "/bundles")
+      m_gallery(folder + "/gallery"), m_bundles(folder + "/bundles"), m_multitude(folder + "/multitude")
 {
 }
 
@@ -46,7 +46,8 @@ void BenchDisk::make() const
     for (const auto &[root, make] :
          {std::pair(&m_tree, &BenchDisk::makeTree), std::pair(&m_applications, &BenchDisk::makeApplications),
           std::pair(&m_crowd, &BenchDisk::makeCrowd), std::pair(&m_gallery, &BenchDisk::makeGallery),
-          std::pair(&m_bundles, &BenchDisk::makeBundles)}) {
+          std::pair(&m_bundles, &BenchDisk::makeBundles),
+          std::pair(&m_multitude, &BenchDisk::makeMultitude)}) {
         const fs::path done = root->prefix().toStdString() + ".done";
         if (fs::exists(done))
             continue;
@@ -119,6 +120,31 @@ void BenchDisk::makeBundles() const
             makeFile(folder / (std::to_string(file) + ".js"), 0);
         }
         writeInformation(contents, i, name);
+    }
+}
+
+// Made of hard links, which are made faster than files and walked through like them.
+void BenchDisk::makeMultitude() const
+{
+    constexpr int fileCount = 2'000'000;
+    constexpr int filesOfAFolder = 30;
+    // ext4 allows 65,000.
+    constexpr int mostNames = 30'000;
+    const fs::path caches = m_multitude.hostPath(BenchDisk::caches()).toStdString();
+    fs::path folder, content;
+    for (int file = 0; file < fileCount; ++file) {
+        if (file % filesOfAFolder == 0) {
+            const auto number = file / filesOfAFolder;
+            folder = caches / std::to_string(number / 1000) / std::to_string(number);
+            fs::create_directories(folder);
+        }
+        const auto path = folder / ("item " + std::to_string(file % filesOfAFolder) + '.' + extensions[file % 10]);
+        if (file % mostNames == 0) {
+            makeFile(path, 4096);
+            content = path;
+        } else {
+            fs::create_hard_link(content, path);
+        }
     }
 }
 

@@ -19,7 +19,7 @@ std::vector<Figure> catalogScan(const BenchDisk &disk)
     const auto scan = [&] { catalog.scanApplications(); };
     const auto bareLoop = [&] { BareLoop().measure(path); };
     const auto warm = sideBySide(7, {scan, bareLoop});
-    const auto cold = coldSideBySide(3, {scan, bareLoop});
+    const auto cold = coldSideBySide(5, {scan, bareLoop});
     return {
         fasterBy("catalog of 200 bundles of 600,000 files, than the bare loop", warm[1], 1.7),
         cold ? fasterBy("the same with cold caches", (*cold)[1], 2.5) : skipped("the same with cold caches"),

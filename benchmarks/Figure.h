@@ -26,6 +26,7 @@ std::vector<Figure> mediaScan(const BenchDisk &disk);
 std::vector<Figure> nameSearch(const BenchDisk &disk);
 std::vector<Figure> libraryScans(const BenchDisk &disk);
 std::vector<Figure> resultMemory(const BenchDisk &disk);
+std::vector<Figure> walkMemory(const BenchDisk &disk);
 std::vector<Figure> rowToggle(const BenchDisk &disk);
 std::vector<Figure> bundleReading(const BenchDisk &disk);
 std::vector<Figure> bundlesAndRemoval(const BenchDisk &disk);

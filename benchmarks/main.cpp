@@ -22,6 +22,7 @@ constexpr struct
     {"name", nameSearch},
     {"library", libraryScans},
     {"memory", resultMemory},
+    {"memory", walkMemory},
     {"tick", rowToggle},
     {"bundles", bundlesAndRemoval},
     {"window", windowFigures},
