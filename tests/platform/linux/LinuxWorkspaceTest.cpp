@@ -1,12 +1,20 @@
+#include "LinuxWorkspace.h"
+
+#include "DesktopTrash.h"
+#include "DiskBundleReader.h"
+#include "LinuxFileSystem.h"
 #include "SecondVolume.h"
-#include "TrashFailure.h"
+#include "TrashDirectory.h"
 #include "TrashSandbox.h"
+#include "TrashService.h"
 
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <iostream>
 #include <iterator>
+#include <signal.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 #include <utility>
 
@@ -21,29 +29,50 @@ namespace {
 class LinuxWorkspaceTest : public testing::Test
 {
 protected:
-    static constexpr uid_t nobody = 65534;
-
     TrashSandbox sandbox;
 };
 
+class NoHelper : public PrivilegedHelper
+{
+    QCoro::Task<HelperReply> moveItemsToTrash(QList<Url>, QString) override { co_return {}; }
+};
+
+/// Moves the items in a process of its own, which is killed somewhere within the move that comes after so many.
+void moveUntilKilled(const QList<Url> &items, int moves)
+{
+    int news[2];
+    ASSERT_EQ(pipe(news), 0);
+    const auto process = fork();
+    if (process == 0) {
+        for (const auto &item : items) {
+            moveToDesktopTrash(DiskRoot(), item);
+            if (write(news[1], "", 1) != 1)
+                break;
+        }
+        _exit(0);
+    }
+    close(news[1]);
+    for (char moved; moves > 0 && read(news[0], &moved, 1) == 1;)
+        --moves;
+    kill(process, SIGKILL);
+    EXPECT_EQ(waitpid(process, nullptr, 0), process);
+    close(news[0]);
+}
+
 } // namespace
 
-TEST_F(LinuxWorkspaceTest, whatCannotBeMovedStaysAndSaysWhyInTheSystemsLanguage)
+TEST_F(LinuxWorkspaceTest, whatCannotBeMovedStaysAndSaysWhy)
 {
-    sandbox.environment.insert("XDG_DATA_HOME", "relative"); // which counts as unset
     const auto kept = sandbox.file("locked/kept");
     const auto outOfSight = sandbox.file("unsearchable/x");
     const auto moved = sandbox.file("items/moved");
-    const QList<Url> items{kept, outOfSight, sandbox.url("items/gone"), moved, Url("relative"), Url()};
-    if (getuid() == 0)
-        sandbox.giveTo(nobody);
+    const auto user = sandbox.giveToOrdinaryUser();
     chmod(kept.parent().path().constData(), 0555);
     chmod(outOfSight.parent().path().constData(), 0444);
     const auto before = sandbox.snapshot("locked");
 
-    EXPECT_THAT(sandbox.recycle(items),
-                ElementsAre("failed “kept” couldn't be moved to the Trash because you don't have permission to do "
-                            "that.",
+    EXPECT_THAT(sandbox.recycle({kept, outOfSight, sandbox.url("items/gone"), moved, Url("relative"), Url()}),
+                ElementsAre("“kept” couldn't be moved to the Trash because you don't have permission to do that.",
                             EndsWith("because it can't be looked at. It may still be there."),
                             EndsWith("because it no longer exists."), StartsWith("moved "),
                             EndsWith("because it no longer exists."), EndsWith("because it no longer exists.")));
@@ -52,10 +81,19 @@ TEST_F(LinuxWorkspaceTest, whatCannotBeMovedStaysAndSaysWhyInTheSystemsLanguage)
     EXPECT_TRUE(fs::exists(outOfSight.path().toStdString()));
     EXPECT_EQ(std::distance(fs::directory_iterator((sandbox.trash() + "/info").toStdString()), {}), 1)
         << "no record of what is not in the Trash";
+}
 
-    sandbox.environment.insert("LC_ALL", "pl_PL.UTF-8");
-    EXPECT_THAT(sandbox.recycle({kept}),
-                ElementsAre("failed Nie można przenieść „kept” do Kosza, ponieważ nie masz do tego uprawnień."));
+// In a program of its own: the language is read once.
+TEST(LinuxWorkspace, reasonsAreInTheSystemsLanguage)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto saysWhy = [] {
+        qputenv("LC_ALL", "pl_PL.UTF-8");
+        std::cerr << TrashSandbox::recycle({Url("/nowhere/x")}).front();
+        _exit(0);
+    };
+    EXPECT_EXIT(saysWhy(), testing::ExitedWithCode(0),
+                "Nie można przenieść „x” do Kosza, ponieważ już nie istnieje");
 }
 
 TEST_F(LinuxWorkspaceTest, trashThatCannotBeMadeLosesNothing)
@@ -63,13 +101,14 @@ TEST_F(LinuxWorkspaceTest, trashThatCannotBeMadeLosesNothing)
     const auto item = sandbox.file("items/x");
     sandbox.file(".local", "no folder");
     EXPECT_THAT(sandbox.recycle({item}), ElementsAre(EndsWith("because the Trash didn't accept it.")));
-    if (getuid() == 0)
-        sandbox.giveTo(nobody);
-    chmod(sandbox.file("locked/x").parent().path().constData(), 0555);
-    sandbox.environment.insert("XDG_DATA_HOME", QString::fromUtf8(sandbox.home() + "/locked/data"));
+    sandbox.file("locked/x");
+    const auto user = sandbox.giveToOrdinaryUser();
+    chmod(sandbox.url("locked").path().constData(), 0555);
+    qputenv("XDG_DATA_HOME", sandbox.home() + "/locked/data");
     EXPECT_THAT(sandbox.recycle({item}), ElementsAre(EndsWith("because you don't have permission to do that.")));
-    sandbox.environment.remove("XDG_DATA_HOME");
     EXPECT_TRUE(fs::exists(item.path().toStdString()));
+    qputenv("XDG_DATA_HOME", "relative");
+    EXPECT_TRUE(homeTrash().endsWith("/.local/share/Trash")) << "it counts as unset";
 
     const Url inMemory("/dev/shm/tarnvale-" + QByteArray::number(getpid()));
     const auto file = fopen(inMemory.path().constData(), "w");
@@ -83,7 +122,7 @@ TEST_F(LinuxWorkspaceTest, trashThatCannotBeMadeLosesNothing)
 TEST_F(LinuxWorkspaceTest, nothingIsMovedWhoseRecordIsNotSureToBeOnTheDisk)
 {
     const auto item = sandbox.file("items/x");
-    sandbox.environment.insert("WRITING_THROUGH_FAILS", "1");
+    sandbox.setFault(TrashSandbox::Fault::writingThroughFails);
     EXPECT_THAT(sandbox.recycle({item}), ElementsAre(EndsWith("because the Trash didn't accept it.")));
     EXPECT_TRUE(fs::exists(item.path().toStdString()));
     EXPECT_TRUE(fs::is_empty((sandbox.trash() + "/info").toStdString()));
@@ -106,7 +145,7 @@ TEST_F(LinuxWorkspaceTest, diskInAFolderIsNotLeftThroughALink)
     fs::create_symlink((sandbox.home() + "/outside").toStdString(), (disk + "/straight").toStdString());
     fs::create_symlink("/items", (disk + "/there").toStdString());
     sandbox.file("disk/items/y");
-    sandbox.environment.insert("XDG_DATA_HOME", QString::fromUtf8(disk + "/data"));
+    qputenv("XDG_DATA_HOME", disk + "/data");
 
     EXPECT_THAT(
         sandbox.recycle({Url("/link/precious"), Url("/../outside/precious"), Url("/"), Url("/items/../items/x"),
@@ -133,9 +172,8 @@ TEST_F(LinuxWorkspaceTest, everyItemOfARequestHasOneOutcomeThatIsTrueOfTheDisk)
     fs::create_symlink("target", host(caches("link")));
     fs::create_symlink("loop", host(caches("loop")));
     fs::create_symlink("closed/x", host(caches("into")));
-    sandbox.environment.insert("XDG_DATA_HOME", QString::fromUtf8(disk + "/data"));
-    if (getuid() == 0)
-        sandbox.giveTo(nobody);
+    qputenv("XDG_DATA_HOME", disk + "/data");
+    const auto user = sandbox.giveToOrdinaryUser();
     chmod(host(caches("locked")).c_str(), 0555);
     chmod(host(caches("closed")).c_str(), 0444);
 
@@ -144,9 +182,21 @@ TEST_F(LinuxWorkspaceTest, everyItemOfARequestHasOneOutcomeThatIsTrueOfTheDisk)
         caches("a/child"), caches("a"),        caches("a"),        caches("./a/child"),      caches("b"),
         caches("b/child"), caches("locked/x"), caches("locked/x"), caches("locked/x/child"), caches("closed/x"),
         caches("loop/x"),  caches("target"),   caches("link"),     caches("gone"),           caches("into")};
+    QList<ScanItem> scanned;
+    for (const auto &item : items)
+        scanned.append({item, ScanItemKind::cache, ScanConfidence::exact, 1, true});
+    const LinuxFileSystem fileSystem(DiskRoot(disk), Url("/Users/me"), {});
+    const DiskBundleReader bundles(fileSystem, {}, {});
+    LinuxWorkspace workspace{DiskRoot(disk)};
+    NoHelper helper;
+    TrashService service(fileSystem, bundles, workspace, helper);
+    std::vector<std::string> outcomes;
+    for (const auto &outcome : QCoro::waitFor(service.moveToTrash(scanned, std::nullopt)))
+        outcomes.push_back(outcome.errorDescription.value_or("moved").toStdString());
+
     const auto noPermission = EndsWith("because you don't have permission to do that.");
     const auto outOfSight = EndsWith("because it can't be looked at. It may still be there.");
-    EXPECT_THAT(sandbox.remove(items, disk),
+    EXPECT_THAT(outcomes,
                 ElementsAre("moved", "moved", "moved", "moved", "moved", "moved", noPermission, noPermission,
                             "moved", outOfSight, outOfSight, "moved", "moved", "moved", "moved"));
     chmod(host(caches("closed")).c_str(), 0755);
@@ -191,15 +241,7 @@ TEST_F(LinuxWorkspaceTest, killedAtAnyMomentEveryItemIsWholeInOnePlace)
         }
         const auto before = std::pair(memory.snapshot("items"), sandbox.snapshot("volume/items"));
 
-        QProcess process;
-        memory.start(process, memory.session(), {""});
-        process.write(TrashSandbox::lines(items));
-        // Somewhere within the move of the next item, a different one in every round.
-        for (int answers = round % itemsARound; answers > 0 && process.waitForReadyRead();)
-            answers -= static_cast<int>(process.readAll().count('\n'));
-        process.kill();
-        process.waitForFinished();
-
+        moveUntilKilled(items, round % itemsARound); // a different moment in every round
         int moved = 0;
         auto trashed = TrashSandbox::trashed(memory.trash());
         movedAtHome += static_cast<int>(trashed.size());

@@ -7,7 +7,9 @@
 class OrdinaryUser
 {
 public:
-    OrdinaryUser() { becomes(65534); }
+    static constexpr uid_t number = 65534;
+
+    OrdinaryUser() { becomes(number); }
     ~OrdinaryUser() { becomes(getuid()); }
 
 private:

@@ -129,7 +129,7 @@ TEST_F(TrashRestoreTest, longestNamesComeBackWhole)
 // As a network file system may say.
 TEST_F(TrashRestoreTest, whatWasMovedAndSaidToHaveFailedHasItsRecord)
 {
-    sandbox.environment.insert("ANSWER_IS_LOST", "1");
+    sandbox.setFault(TrashSandbox::Fault::answerIsLost);
     const auto items = files({"x", "folder/y"});
     const auto before = sandbox.snapshot("items");
     moveAll(items);
@@ -168,9 +168,9 @@ TEST_F(TrashRestoreTest, manyItemsAndHardLinksOfOneNameComeBackEachToItsPlace)
 TEST_F(TrashRestoreTest, nothingInTheTrashIsOverwrittenWhetherItHasARecordOrNot)
 {
     const QByteArray files = ".local/share/Trash/files/";
-    for (const auto *restriction : {"", "PLAIN_RENAME_ONLY"}) {
-        sandbox.environment.insert(restriction, "1");
-        const QByteArray name = QByteArray("x") + restriction;
+    for (const auto &[name, fault] : {std::pair(QByteArray("x"), TrashSandbox::Fault::none),
+                                      {QByteArray("y"), TrashSandbox::Fault::plainRenameOnly}}) {
+        sandbox.setFault(fault);
         const auto item = sandbox.file("items/" + name + ".app", "new");
         const auto linked = sandbox.file("items/.linked" + name, "linked");
         sandbox.file(files + name + ".app", "orphan");

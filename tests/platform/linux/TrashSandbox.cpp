@@ -1,50 +1,76 @@
 #include "TrashSandbox.h"
 
+#include "LinuxWorkspace.h"
 #include "RemoveTree.h"
 
-#include <QCoreApplication>
-#include <QFile>
+#include <QProcess>
 
 #include <algorithm>
+#include <atomic>
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
-#include <sstream>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
 
+static std::atomic currentFault = TrashSandbox::Fault::none;
+
+// The linker puts these in the place of the C library's functions.
+extern "C" int __real_renameat2(int, const char *, int, const char *, unsigned);
+extern "C" int __wrap_renameat2(int fromFolder, const char *from, int toFolder, const char *to, unsigned flags)
+{
+    if (currentFault == TrashSandbox::Fault::plainRenameOnly) {
+        errno = EINVAL;
+        return -1;
+    }
+    const auto answer = __real_renameat2(fromFolder, from, toFolder, to, flags);
+    if (currentFault != TrashSandbox::Fault::answerIsLost || answer != 0)
+        return answer;
+    errno = EIO;
+    return -1;
+}
+
+extern "C" int __real_fdatasync(int);
+extern "C" int __wrap_fdatasync(int file)
+{
+    if (currentFault != TrashSandbox::Fault::writingThroughFails)
+        return __real_fdatasync(file);
+    errno = EIO;
+    return -1;
+}
+
 TrashSandbox::TrashSandbox(const QString &folder)
-    : environment(QProcessEnvironment::systemEnvironment()), m_folder(folder + "/tarnvale-trash-XXXXXX"),
-      m_home(m_folder.path().toUtf8()), m_session(QCoreApplication::applicationDirPath() + "/workspace_session"),
-      m_user(getuid())
+    : m_folder(folder + "/tarnvale-trash-XXXXXX"), m_home(m_folder.path().toUtf8())
 {
     EXPECT_TRUE(m_folder.isValid());
-    environment.insert("HOME", m_folder.path());
-    for (const auto *name : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "LANGUAGE"})
-        environment.remove(name);
-    environment.insert("LC_ALL", "C.UTF-8");
-    environment.insert("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
+    qputenv("HOME", m_home);
+    qputenv("XDG_DATA_HOME", m_home + "/.local/share");
 }
 
 TrashSandbox::~TrashSandbox()
 {
+    setFault(Fault::none);
     // Qt cannot remove a name that is not UTF-8.
     removeTree(m_home.toStdString());
 }
 
-void TrashSandbox::giveTo(uid_t user)
+void TrashSandbox::setFault(Fault fault)
 {
-    // The test program may lie where this user does not get.
-    const auto copy = m_folder.filePath("workspace_session");
-    ASSERT_TRUE(QFile::copy(m_session, copy));
-    m_session = copy;
-    m_user = user;
-    ASSERT_EQ(lchown(m_home.constData(), user, user), 0);
-    for (const auto &entry : fs::recursive_directory_iterator(m_home.toStdString()))
-        ASSERT_EQ(lchown(entry.path().c_str(), user, user), 0);
+    currentFault = fault;
+}
+
+OrdinaryUser TrashSandbox::giveToOrdinaryUser() const
+{
+    const auto give = [](const fs::path &path) {
+        EXPECT_TRUE(getuid() != 0 || lchown(path.c_str(), OrdinaryUser::number, OrdinaryUser::number) == 0);
+    };
+    give(m_home.toStdString());
+    std::ranges::for_each(fs::recursive_directory_iterator(m_home.toStdString()), give);
+    return {};
 }
 
 Url TrashSandbox::file(const QByteArray &path, const QByteArray &content) const
@@ -97,54 +123,25 @@ std::map<QByteArray, QByteArray> TrashSandbox::trashed(const QByteArray &trash, 
     return items;
 }
 
-void TrashSandbox::start(QProcess &process, const QString &program, const QStringList &arguments) const
+std::vector<std::string> TrashSandbox::recycle(const QList<Url> &items, const QByteArray &disk)
 {
-    process.setProcessEnvironment(environment);
-    if (m_user != getuid()) {
-        process.setChildProcessModifier([user = m_user] {
-            if (setuid(user) != 0)
-                _exit(1);
-        });
+    LinuxWorkspace workspace{DiskRoot(disk)};
+    std::vector<std::string> outcomes;
+    for (const auto &item : items) {
+        const auto answer = workspace.recycle(item).result();
+        EXPECT_NE(answer.error.has_value(), answer.movedItems.contains(item)) << item.path().data();
+        outcomes.push_back(answer.error ? answer.error->toStdString()
+                                        : "moved " + answer.movedItems.value(item).toUri().toStdString());
     }
-    process.start(program, arguments);
-    EXPECT_TRUE(process.waitForStarted()) << qPrintable(program);
+    return outcomes;
 }
 
-QByteArray TrashSandbox::run(const QString &program, const QStringList &arguments, const QByteArray &input) const
+void TrashSandbox::run(const QString &program, const QStringList &arguments, const QByteArray &input)
 {
     QProcess process;
-    start(process, program, arguments);
+    process.start(program, arguments);
     process.write(input);
     process.closeWriteChannel();
     EXPECT_TRUE(process.waitForFinished(60'000) && process.exitCode() == 0)
         << qPrintable(program) << ": " << process.readAllStandardError().toStdString();
-    return process.readAllStandardOutput();
-}
-
-std::vector<std::string> TrashSandbox::recycle(const QList<Url> &items, const QByteArray &disk) const
-{
-    return answers(items, {QString::fromUtf8(disk)});
-}
-
-std::vector<std::string> TrashSandbox::remove(const QList<Url> &items, const QByteArray &disk) const
-{
-    return answers(items, {QString::fromUtf8(disk), "remove"});
-}
-
-std::vector<std::string> TrashSandbox::answers(const QList<Url> &items, const QStringList &arguments) const
-{
-    std::istringstream output(run(session(), arguments, lines(items)).toStdString());
-    std::vector<std::string> all;
-    for (std::string answer; std::getline(output, answer);)
-        all.push_back(answer);
-    EXPECT_EQ(all.size(), static_cast<size_t>(items.size()));
-    return all;
-}
-
-QByteArray TrashSandbox::lines(const QList<Url> &items)
-{
-    QByteArray lines;
-    for (const auto &item : items)
-        lines += item.toUri() + '\n';
-    return lines;
 }

@@ -1,17 +1,17 @@
 #pragma once
 
+#include "OrdinaryUser.h"
 #include "Url.h"
 
+#include <QByteArray>
 #include <QList>
-#include <QProcess>
 #include <QTemporaryDir>
 
 #include <map>
 #include <string>
-#include <sys/types.h>
 #include <vector>
 
-/// A home folder with a Trash of its own, and processes that use it.
+/// A home folder with a Trash of its own: the one of this program, and of what it starts, as long as it lives.
 class TrashSandbox
 {
 public:
@@ -37,28 +37,28 @@ public:
     /// have a record; a record of nothing is left out. Its paths may be relative to `topDirectory`.
     static std::map<QByteArray, QByteArray> trashed(const QByteArray &trash, const QByteArray &topDirectory = {});
 
-    /// The home folder and everything in it is this user's from now on, and programs run as that user. Root only.
-    void giveTo(uid_t user);
+    /// The home folder and everything in it is an ordinary user's from now on, and this program as long as the answer lives.
+    [[nodiscard]] OrdinaryUser giveToOrdinaryUser() const;
 
-    /// What programs started by `start` and `run` see.
-    QProcessEnvironment environment;
+    /// What the disks do wrong, until this object goes.
+    enum class Fault {
+        none,
+        /// They cannot promise to replace nothing, as most across a network.
+        plainRenameOnly,
+        /// What they answer to a move gets lost there.
+        answerIsLost,
+        /// They lose what they were given.
+        writingThroughFails,
+    };
+    static void setFault(Fault fault);
 
-    void start(QProcess &process, const QString &program, const QStringList &arguments = {}) const;
-    /// Everything that the program writes when it is given `input`; it has to succeed.
-    QByteArray run(const QString &program, const QStringList &arguments, const QByteArray &input = {}) const;
+    /// Has the items moved to the Trash one after another: of each "moved" and the URI in the Trash, or the reason.
+    static std::vector<std::string> recycle(const QList<Url> &items, const QByteArray &disk = {});
 
-    /// Has the items moved to the Trash one after another; one answer an item, as `WorkspaceSession` words it.
-    std::vector<std::string> recycle(const QList<Url> &items, const QByteArray &disk = {}) const;
-    /// The same in one request to the trash service, whose home folder is "/Users/me" on `disk`.
-    std::vector<std::string> remove(const QList<Url> &items, const QByteArray &disk) const;
-    QString session() const { return m_session; }
-    static QByteArray lines(const QList<Url> &items);
+    /// Runs a program of the computer's, which has to succeed.
+    static void run(const QString &program, const QStringList &arguments, const QByteArray &input = {});
 
 private:
-    std::vector<std::string> answers(const QList<Url> &items, const QStringList &arguments) const;
-
     QTemporaryDir m_folder;
     QByteArray m_home;
-    QString m_session;
-    uid_t m_user;
 };

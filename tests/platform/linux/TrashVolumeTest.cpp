@@ -2,6 +2,7 @@
 #include "TrashSandbox.h"
 
 #include <filesystem>
+#include <fstream>
 #include <gmock/gmock.h>
 #include <iterator>
 #include <sys/stat.h>
@@ -52,9 +53,8 @@ TEST_F(TrashVolumeTest, itemsStayOnTheirVolumeAndComeBack)
     EXPECT_THAT(sandbox.recycle({sandbox.url("link/b/x y.app"), atTop}),
                 ElementsAre("moved " + Url(top + "/.Trash-" + user + "/files/x y.app").toUri().toStdString(),
                             "moved " + Url(top + "/.Trash-" + user + "/files/100%").toUri().toStdString()));
-    EXPECT_THAT(
-        sandbox.run("cat", {QString::fromUtf8(top + "/.Trash-" + user + "/info/x y.app.trashinfo")}).toStdString(),
-        testing::HasSubstr("\nPath=a/b/x%20y.app\n"))
+    std::ifstream record((top + "/.Trash-" + user + "/info/x y.app.trashinfo").toStdString());
+    EXPECT_THAT(std::string(std::istreambuf_iterator(record), {}), testing::HasSubstr("\nPath=a/b/x%20y.app\n"))
         << "wherever the volume will be mounted next time";
     for (int i = 0; i < 2; ++i)
         sandbox.run("trash-restore", {QString::fromUtf8(top)}, "0\n");
