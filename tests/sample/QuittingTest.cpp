@@ -3,6 +3,7 @@
 
 #include "AppViewModel.h"
 #include "FolderDialogChooser.h"
+#include "HangingMount.h"
 #include "HelperService.h"
 #include "LinuxAppearance.h"
 #include "LinuxFolderChooser.h"
@@ -17,10 +18,7 @@
 #include <QGuiApplication>
 #include <QTimer>
 
-#include <fcntl.h>
 #include <iostream>
-#include <sys/mount.h>
-#include <unistd.h>
 
 namespace {
 
@@ -104,32 +102,6 @@ private:
     QTemporaryDir m_folder{QDir::current().filePath("quitting-XXXXXX")};
 };
 
-/// A file system at `place` that answers nothing at all, like one of a server that cannot be reached.
-class HangingMount
-{
-public:
-    explicit HangingMount(const QString &place)
-        : m_place(QFile::encodeName(place)), m_device(open("/dev/fuse", O_RDWR | O_CLOEXEC))
-    {
-        const auto options = "fd=" + std::to_string(m_device) + ",rootmode=40000,user_id=0,group_id=0";
-        isMounted = m_device >= 0
-                    && mount("hanging", m_place.constData(), "fuse", MS_NOSUID | MS_NODEV, options.c_str()) == 0;
-    }
-    ~HangingMount()
-    {
-        if (isMounted)
-            umount2(m_place.constData(), MNT_FORCE | MNT_DETACH);
-        close(m_device);
-    }
-    Q_DISABLE_COPY_MOVE(HangingMount)
-
-    bool isMounted = false;
-
-private:
-    QByteArray m_place;
-    int m_device;
-};
-
 } // namespace
 
 TEST_F(Quitting, isNotHeldUpByABusThatHangsAtAnyStep)
@@ -155,7 +127,7 @@ TEST_F(Quitting, isNotHeldUpByABusThatHangsAtAnyStep)
 TEST_F(Quitting, abandonsAScanThatHangsInTheSystemAndFinishesTheMoves)
 {
     environment.insert("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
-    const HangingMount mount(onDisk("/home/Library/Caches/remote"));
+    const HangingMount mount(onDisk("/home/Library/Caches/remote").toStdString());
     if (!mount.isMounted)
         GTEST_SKIP() << "NOT TRIED: only root may mount a file system that hangs, where the kernel has FUSE.";
 

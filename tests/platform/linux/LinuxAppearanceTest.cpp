@@ -3,10 +3,9 @@
 #include "TestBus.h"
 #include "TestPortal.h"
 
-#include <QCoreApplication>
 #include <QDBusMessage>
 #include <QDBusVariant>
-#include <QElapsedTimer>
+#include <QTest>
 
 namespace {
 
@@ -34,21 +33,12 @@ public:
     }
 
     QVariant scheme = 0U;
-
-private:
 };
 
 class LinuxAppearanceTest : public testing::Test
 {
 protected:
-    template <typename Condition> static bool comesTrue(Condition condition)
-    {
-        QElapsedTimer clock;
-        clock.start();
-        while (!condition() && clock.elapsed() < 10'000)
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-        return condition();
-    }
+    static bool comesTrue(const auto &condition) { return QTest::qWaitFor(condition, 10'000); }
 
     TestBus bus;
 };

@@ -1,5 +1,6 @@
 #include "AllocatedSize.h"
 #include "DeepTree.h"
+#include "HangingMount.h"
 #include "LinuxFileSystem.h"
 #include "OrderedResults.h"
 #include "RandomTree.h"
@@ -9,7 +10,6 @@
 
 #include <atomic>
 #include <dirent.h>
-#include <fcntl.h>
 #include <functional>
 #include <future>
 #include <gmock/gmock.h>
@@ -17,7 +17,6 @@
 #include <mutex>
 #include <ranges>
 #include <sched.h>
-#include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
@@ -45,33 +44,6 @@ using Paths = std::vector<QByteArray>;
 
 /// As long as it is set, listings do not say what an entry is, as those of some file systems never do.
 std::atomic<bool> typesAreHidden = false;
-
-/// A file system at `folder` whose server never answers, until the object goes. `isMounted` is false for whoever may
-/// not mount.
-class HangingMount
-{
-public:
-    explicit HangingMount(std::filesystem::path folder)
-        : m_folder(std::move(folder)), m_server(open("/dev/fuse", O_RDWR | O_CLOEXEC))
-    {
-        const auto options = "fd=" + std::to_string(m_server) + ",rootmode=40000,user_id=0,group_id=0";
-        isMounted = mount("hanging", m_folder.c_str(), "fuse", 0, options.c_str()) == 0;
-    }
-    ~HangingMount()
-    {
-        // Whoever waits for the server hears that there is none any more.
-        close(m_server);
-        if (isMounted)
-            umount2(m_folder.c_str(), MNT_DETACH);
-    }
-    Q_DISABLE_COPY_MOVE(HangingMount)
-
-    bool isMounted = false;
-
-private:
-    const std::filesystem::path m_folder;
-    const int m_server;
-};
 
 ptrdiff_t openFiles()
 {

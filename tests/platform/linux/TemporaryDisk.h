@@ -1,26 +1,45 @@
 #pragma once
 
 #include "DiskRoot.h"
-#include "RemoveTree.h"
 
 #include <QtGlobal>
 
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <system_error>
+#include <unistd.h>
 
 /// A disk in a folder of its own that goes with the object. Paths are those of the disk; the folders above an item
 /// are made with it.
 class TemporaryDisk
 {
 public:
-    TemporaryDisk()
+    /// Made inside of `place`; unless told in memory where that can be had, as thousands of folders take half a minute on
+    /// a disk.
+    explicit TemporaryDisk(const std::filesystem::path &place = access("/dev/shm", W_OK) == 0
+                                                                    ? "/dev/shm"
+                                                                    : std::filesystem::temp_directory_path())
+        : m_root(newFolder(place))
     {
         // Another user can look around on it.
         std::filesystem::permissions(host("/"), std::filesystem::perms(0755));
     }
-    // Not by QTemporaryDir, which leaves names that are not UTF-8 behind.
-    ~TemporaryDisk() { removeTree(host("/")); }
+    /// Not by QTemporaryDir, which leaves names that are not UTF-8 behind.
+    ~TemporaryDisk()
+    {
+        namespace fs = std::filesystem;
+        std::error_code failure;
+        fs::remove_all(host("/"), failure);
+        if (!failure)
+            return;
+        // To an ordinary user a locked folder keeps what is in it. It is unlocked before it is entered.
+        for (const auto &entry : fs::recursive_directory_iterator(host("/"))) {
+            if (!entry.is_symlink() && entry.is_directory())
+                fs::permissions(entry.path(), fs::perms::owner_all, fs::perm_options::add);
+        }
+        fs::remove_all(host("/"));
+    }
     Q_DISABLE_COPY_MOVE(TemporaryDisk)
 
     const DiskRoot &root() const { return m_root; }
@@ -45,16 +64,14 @@ public:
     }
 
 private:
-    /// In memory where that can be had: thousands of folders take half a minute on a disk.
-    static QByteArray newFolder()
+    static QByteArray newFolder(const std::filesystem::path &place)
     {
-        for (const auto &place : {std::filesystem::path("/dev/shm"), std::filesystem::temp_directory_path()}) {
-            auto path = (place / "disk-XXXXXX").string();
-            if (mkdtemp(path.data()))
-                return QByteArray::fromStdString(path);
-        }
-        return {};
+        auto path = (place / "tarnvale-disk-XXXXXX").string();
+        // Without a folder, it would be the computer's own disk that goes with the object.
+        if (!mkdtemp(path.data()))
+            qFatal("no disk can be made in %s", place.c_str());
+        return QByteArray::fromStdString(path);
     }
 
-    DiskRoot m_root{newFolder()};
+    const DiskRoot m_root;
 };

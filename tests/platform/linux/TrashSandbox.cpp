@@ -1,7 +1,6 @@
 #include "TrashSandbox.h"
 
 #include "LinuxWorkspace.h"
-#include "RemoveTree.h"
 
 #include <QProcess>
 
@@ -43,19 +42,10 @@ extern "C" int __wrap_fdatasync(int file)
     return -1;
 }
 
-TrashSandbox::TrashSandbox(const QString &folder)
-    : m_folder(folder + "/tarnvale-trash-XXXXXX"), m_home(m_folder.path().toUtf8())
+TrashSandbox::TrashSandbox(const char *folder) : m_disk(folder)
 {
-    EXPECT_TRUE(m_folder.isValid());
-    qputenv("HOME", m_home);
-    qputenv("XDG_DATA_HOME", m_home + "/.local/share");
-}
-
-TrashSandbox::~TrashSandbox()
-{
-    setFault(Fault::none);
-    // Qt cannot remove a name that is not UTF-8.
-    removeTree(m_home.toStdString());
+    qputenv("HOME", home());
+    qputenv("XDG_DATA_HOME", home() + "/.local/share");
 }
 
 void TrashSandbox::setFault(Fault fault)
@@ -68,17 +58,9 @@ OrdinaryUser TrashSandbox::giveToOrdinaryUser() const
     const auto give = [](const fs::path &path) {
         EXPECT_TRUE(getuid() != 0 || lchown(path.c_str(), OrdinaryUser::number, OrdinaryUser::number) == 0);
     };
-    give(m_home.toStdString());
-    std::ranges::for_each(fs::recursive_directory_iterator(m_home.toStdString()), give);
+    give(home().toStdString());
+    std::ranges::for_each(fs::recursive_directory_iterator(home().toStdString()), give);
     return {};
-}
-
-Url TrashSandbox::file(const QByteArray &path, const QByteArray &content) const
-{
-    const fs::path whole(url(path).path().toStdString());
-    fs::create_directories(whole.parent_path());
-    std::ofstream(whole, std::ios::binary) << content.toStdString();
-    return url(path);
 }
 
 std::map<std::string, std::string> TrashSandbox::snapshot(const QByteArray &path) const

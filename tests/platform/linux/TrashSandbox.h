@@ -1,11 +1,9 @@
 #pragma once
 
 #include "OrdinaryUser.h"
-#include "Url.h"
+#include "TemporaryDisk.h"
 
-#include <QByteArray>
 #include <QList>
-#include <QTemporaryDir>
 
 #include <map>
 #include <string>
@@ -16,18 +14,22 @@ class TrashSandbox
 {
 public:
     /// Made inside of `folder`; unless told where every user gets and which is no disk in memory.
-    explicit TrashSandbox(const QString &folder = QStringLiteral("/var/tmp"));
-    ~TrashSandbox();
+    explicit TrashSandbox(const char *folder = "/var/tmp");
+    ~TrashSandbox() { setFault(Fault::none); }
     Q_DISABLE_COPY_MOVE(TrashSandbox)
 
     /// Folder and Trash on this computer.
-    QByteArray home() const { return m_home; }
-    QByteArray trash() const { return m_home + "/.local/share/Trash"; }
+    const QByteArray &home() const { return m_disk.root().prefix(); }
+    QByteArray trash() const { return home() + "/.local/share/Trash"; }
     /// A path in the home folder as a location on a disk without a prefix.
-    Url url(const QByteArray &path) const { return Url(m_home + '/' + path); }
+    Url url(const QByteArray &path) const { return Url(home() + '/' + path); }
 
     /// Makes a file of these bytes, with the folders above it.
-    Url file(const QByteArray &path, const QByteArray &content = "content") const;
+    Url file(const QByteArray &path, const QByteArray &content = "content") const
+    {
+        m_disk.file('/' + path, content);
+        return url(path);
+    }
 
     /// Everything below `path`: from its path to its type, mode, and a file's time of change and content or a
     /// link's target. Names and contents are bytes.
@@ -59,6 +61,5 @@ public:
     static void run(const QString &program, const QStringList &arguments, const QByteArray &input = {});
 
 private:
-    QTemporaryDir m_folder;
-    QByteArray m_home;
+    const TemporaryDisk m_disk;
 };
