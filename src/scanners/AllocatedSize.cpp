@@ -41,8 +41,7 @@ qint64 sizeOfFilesAmong(FolderPart &part)
     for (const auto &entry : part) {
         if (!hasSizeOfItsOwn(entry.type()))
             continue;
-        const auto values = entry.resourceValues();
-        if (values && hasSizeOfItsOwn(values->type))
+        if (const auto values = entry.resourceValues())
             size = Sum::saturated(size, allocatedSize(*values));
     }
     return size;

@@ -24,7 +24,7 @@ quint64 extensionKeyOf(QByteArrayView fileName)
     for (auto next = fileName.size(); next > 0; shift += 8) {
         const auto c = static_cast<unsigned char>(fileName[--next]);
         if (c == '.')
-            return next > 0 && fileName.front() != '.' ? key : keyOfText(extensionOf(fileName));
+            return key;
         // Beyond ASCII lie letters that are plain ones in lower case, such as the sign of the kelvin.
         if (c >= 0x80)
             return keyOfText(extensionOf(fileName));

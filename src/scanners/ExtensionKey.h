@@ -16,5 +16,5 @@ constexpr quint64 extensionKey(std::string_view extension)
     return key;
 }
 
-/// The key of a file name's extension, lowercased.
+/// The key of a file name's extension, lowercased. The name is not a hidden file's, whose first dot begins no extension.
 quint64 extensionKeyOf(QByteArrayView fileName);

@@ -47,8 +47,7 @@ QList<File> scanByExtension(const FileSystem &fileSystem, const Url &folder, con
                 continue;
             if (found.isBehindTheLast([&entry] { return entry.place(); }))
                 return;
-            const auto values = entry.resourceValues();
-            if (values && values->type == FileType::regular)
+            if (const auto values = entry.resourceValues())
                 found.add(entry.place(), {entry.url(), *category, allocatedSize(*values)});
         }
     });

@@ -202,6 +202,6 @@ QList<ScanItem> LeftoverScanner::searchItems(const QString &text) const
     });
     auto items = found.take();
     measure(m_fileSystem, items);
-    std::ranges::stable_sort(items, {}, [](const ScanItem &item) { return item.url.path(); });
+    std::ranges::sort(items, {}, [](const ScanItem &item) { return item.url.path(); });
     return items;
 }

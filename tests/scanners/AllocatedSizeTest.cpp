@@ -28,25 +28,20 @@ private:
 
 } // namespace
 
-TEST(AllocatedSizeTest, itemsAreMeasuredSideBySide)
+TEST(AllocatedSizeTest, itemsAreMeasuredSideBySideByWhatTheFileSystemTells)
 {
     WalkedDisk disk;
     disk.file("/folder/file", 10);
-    disk.link("/link", "/folder");
-    disk.link("/dangling", "/nowhere");
-    EXPECT_EQ(allocatedSizes(
-                  disk, {Url("/link"), Url("/folder"), Url("/missing"), Url("/folder/file"), Url("/dangling")}),
-              QList<qint64>({1, 10, 0, 10, 1}));
-}
-
-TEST(AllocatedSizeTest, oneItemCountsWhatTheFileSystemTellsOfIt)
-{
-    InMemoryFileSystem disk;
-    EXPECT_EQ(allocatedSize(disk, disk.file("/a", 700, 500)), 700);
-    EXPECT_EQ(allocatedSize(disk, disk.file("/b", std::nullopt, 500)), 500);
-    EXPECT_EQ(allocatedSize(disk, disk.file("/c", std::nullopt, std::nullopt)), 0);
-    EXPECT_EQ(allocatedSize(disk, disk.device("/d")), 0);
-    EXPECT_EQ(allocatedSize(disk, Url("/missing")), 0);
+    const QList<Url> items{disk.link("/link", "/folder"),
+                           Url("/folder"),
+                           Url("/missing"),
+                           Url("/folder/file"),
+                           disk.link("/dangling", "/nowhere"),
+                           disk.device("/device"),
+                           disk.file("/whole", 700, 500),
+                           disk.file("/data", std::nullopt, 500),
+                           disk.file("/unknown", std::nullopt, std::nullopt)};
+    EXPECT_EQ(allocatedSizes(disk, items), QList<qint64>({1, 10, 0, 10, 1, 0, 700, 500, 0}));
 }
 
 TEST(AllocatedSizeTest, folderCountsTheFilesAndLinksThatItShows)

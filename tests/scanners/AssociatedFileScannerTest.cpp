@@ -82,23 +82,27 @@ TEST_F(AssociatedFileScannerTest, everyPlaceGivesItsKindAndItsSelectionAndNoOthe
                 testing::ElementsAreArray(ofSystem));
 }
 
-TEST_F(AssociatedFileScannerTest, largestComesFirst)
+TEST_F(AssociatedFileScannerTest, largestComesFirstAndWhatTwoProbesFindComesOnceAndExactly)
 {
-    const auto application = disk.application("/Applications/Notes.app", {.identifier = "org.notes", .size = 5});
-    disk.file("~/Library/Preferences/org.notes.plist", 4);
-    disk.file("~/Library/Caches/Notes/file", 6);
-    disk.file("~/Library/Logs/Notes", 7);
+    const auto application =
+        disk.application("/Applications/org.notes.app", {.identifier = "org.notes", .size = 5});
+    disk.file("~/Library/Application Support/org.notes", 4);
+    disk.file("~/Library/Caches/org.notes/file", 6);
+    disk.file("~/Library/Logs/org.notes", 7);
 
-    EXPECT_THAT(pathsOf(scan(application)),
-                ElementsAre("~/Library/Logs/Notes", "~/Library/Caches/Notes", "/Applications/Notes.app",
-                            "~/Library/Preferences/org.notes.plist"));
+    const auto items = scan(application);
+    EXPECT_THAT(pathsOf(items),
+                ElementsAre("~/Library/Logs/org.notes", "~/Library/Caches/org.notes",
+                            "/Applications/org.notes.app", "~/Library/Application Support/org.notes"));
+    EXPECT_THAT(items, testing::Each(testing::Field(&ScanItem::confidence, ScanConfidence::exact)));
 }
 
 TEST_F(AssociatedFileScannerTest, longerIdentifierWithTheSamePrefixIsNotOffered)
 {
     const auto application = disk.application("/Applications/Notes.app", {.identifier = "org.notes"});
+    const auto tool = disk.application("/System/Applications/Tool.app", {.identifier = "tool"});
     for (const auto *name : {"org.notes.plist", "org.notes.agent.plist", "org.noteser.plist", "ORG.notes.plist",
-                             "org.notes", "org.notes-x.plist", ".org.notes.plist"}) {
+                             "org.notes", "org.notes-x.plist", ".org.notes.plist", "tool", "tool.plist"}) {
         disk.file(QByteArray("~/Library/LaunchAgents/") + name);
         disk.file(QByteArray("~/Library/Preferences/ByHost/") + name);
     }
@@ -108,17 +112,9 @@ TEST_F(AssociatedFileScannerTest, longerIdentifierWithTheSamePrefixIsNotOffered)
                             "~/Library/LaunchAgents/org.notes.agent.plist",
                             "~/Library/Preferences/ByHost/org.notes.plist",
                             "~/Library/Preferences/ByHost/org.notes.agent.plist"));
-}
-
-TEST_F(AssociatedFileScannerTest, nameThatIsTheIdentifierIsFoundOnceAndExactly)
-{
-    const auto application = disk.application("/Applications/org.notes.app", {.identifier = "org.notes"});
-    for (const auto *folder : {"Application Support", "Caches", "Logs"})
-        disk.folder(QByteArray("~/Library/") + folder + "/org.notes");
-
-    const auto items = scan(application);
-    EXPECT_EQ(items.size(), 4);
-    EXPECT_THAT(items, testing::Each(testing::Field(&ScanItem::confidence, ScanConfidence::exact)));
+    EXPECT_THAT(pathsOf(scan(tool)),
+                ElementsAre("~/Library/LaunchAgents/tool", "~/Library/LaunchAgents/tool.plist",
+                            "~/Library/Preferences/ByHost/tool.plist"));
 }
 
 TEST_F(AssociatedFileScannerTest, hostileBundleCannotHaveAWholeAreaOffered)
@@ -154,15 +150,17 @@ TEST_F(AssociatedFileScannerTest, groupsCountOnceAndOnlyAsAListOfTexts)
     }
 }
 
-TEST_F(AssociatedFileScannerTest, linksCountAsThemselvesAndOnlyWhenTheyLeadSomewhere)
+TEST_F(AssociatedFileScannerTest, linksCountAsThemselvesAndNamesAsTheirBytes)
 {
-    const auto application = disk.application("/System/Applications/Notes.app", {.identifier = "org.notes"});
+    const auto application = disk.application("/System/Applications/\xff.app", {.identifier = "org.notes"});
     disk.file("/elsewhere/file", 1'000'000);
     disk.link("~/Library/Caches/org.notes", "/elsewhere");
     disk.link("~/Library/Logs/org.notes", "/nowhere");
+    disk.folder("~/Library/Logs/\xff");
+    disk.folder("~/Library/Logs/\xfe");
 
     const auto items = scan(application);
-    ASSERT_THAT(pathsOf(items), ElementsAre("~/Library/Caches/org.notes"));
+    ASSERT_THAT(pathsOf(items), ElementsAre("~/Library/Caches/org.notes", "~/Library/Logs/\xff"));
     EXPECT_EQ(items.first().sizeBytes, 1);
 }
 
@@ -188,15 +186,6 @@ TEST_F(AssociatedFileScannerTest, namesAreFoundInEveryCanonicalSpelling)
                             "~/Library/LaunchAgents/org.z\u0307o\u0301\u0142w.plist",
                             "~/Library/LaunchAgents/org.z\u0307o\u0301\u0142w.agent.plist",
                             "~/Library/Preferences/ByHost/org.z\u0307o\u0301\u0142w.1F2E.plist"));
-}
-
-TEST_F(AssociatedFileScannerTest, fileNamesThatAreNotTextAreProbedByTheirBytes)
-{
-    const auto application = disk.application("/System/Applications/\xff.app", {.identifier = "org.odd"});
-    disk.folder("~/Library/Logs/\xff");
-    disk.folder("~/Library/Logs/\xfe");
-
-    EXPECT_THAT(pathsOf(scan(application)), ElementsAre("~/Library/Logs/\xff"));
 }
 
 namespace {

@@ -11,102 +11,91 @@ using testing::UnorderedElementsAreArray;
 
 namespace {
 
-/// Something installed: where its information lies, and its identifier.
+/// Something installed: its bundle, or its information where that lies elsewhere than in "Contents", and its identifier.
 struct Installed
 {
-    QByteArray information;
+    QByteArray place;
     QByteArray identifier;
 };
+
+// clang-format off
+const QByteArray framework("/Applications/Browser.app/Contents/Frameworks/Browser Framework.framework/Versions/119.0.1");
 
 // The shapes that programs have and the places where they are kept, as they are met on people's disks.
 const Installed everythingInstalled[] = {
     // A browser, whose helpers lie in its framework under the number of its version.
-    {"/Applications/Browser.app/Contents/Info.plist", "com.vendor.Browser"},
-    {"/Applications/Browser.app/Contents/Frameworks/Browser Framework.framework/Versions/119.0.1/Resources/Info.plist",
-     "com.vendor.Browser.framework"},
-    {"/Applications/Browser.app/Contents/Frameworks/Browser Framework.framework/Versions/119.0.1/Helpers/"
-     "Browser Helper.app/Contents/Info.plist",
-     "com.vendor.Browser.helper"},
-    {"/Applications/Browser.app/Contents/Frameworks/Browser Framework.framework/Versions/119.0.1/Helpers/"
-     "Browser Helper (Renderer).app/Contents/Info.plist",
-     "com.vendor.Browser.helper.renderer"},
-    {"/Applications/Browser.app/Contents/Frameworks/Browser Framework.framework/Versions/119.0.1/Helpers/"
-     "Browser Helper (Alerts).app/Contents/Info.plist",
-     "com.vendor.Browser.framework.AlertNotificationService"},
-    {"/Applications/Browser.app/Contents/Frameworks/Browser Framework.framework/Versions/119.0.1/Helpers/"
-     "Updater.app/Contents/Helpers/UpdaterAgent.bundle/Contents/Resources/Agent.app/Contents/Info.plist",
-     "com.vendor.Browser.UpdaterAgent"},
+    {"/Applications/Browser.app", "com.vendor.Browser"},
+    {framework + "/Resources/Info.plist", "com.vendor.Browser.framework"},
+    {framework + "/Helpers/Browser Helper.app", "com.vendor.Browser.helper"},
+    {framework + "/Helpers/Browser Helper (Renderer).app", "com.vendor.Browser.helper.renderer"},
+    {framework + "/Helpers/Browser Helper (Alerts).app", "com.vendor.Browser.framework.AlertNotificationService"},
+    {framework + "/Helpers/Updater.app/Contents/Helpers/UpdaterAgent.bundle/Contents/Resources/Agent.app", "com.vendor.Browser.UpdaterAgent"},
     // A program made of a browser, and what updates it.
-    {"~/Applications/Chat.app/Contents/Info.plist", "org.chat.Client"},
-    {"~/Applications/Chat.app/Contents/Frameworks/Chat Helper (GPU).app/Contents/Info.plist",
-     "org.chat.Client.gpu"},
-    {"~/Applications/Chat.app/Contents/Frameworks/Updates.framework/Versions/A/Resources/Autoupdate.app/Contents/"
-     "Info.plist",
-     "org.updates.Autoupdate"},
-    {"~/Applications/Chat.app/Contents/Frameworks/Updates.framework/Versions/B/XPCServices/Downloader.xpc/Contents/"
-     "Info.plist",
-     "org.updates.Downloader"},
-    {"~/Applications/Chat.app/Contents/MacOS/updater.app/Contents/Info.plist", "org.chat.updater"},
+    {"~/Applications/Chat.app", "org.chat.Client"},
+    {"~/Applications/Chat.app/Contents/Frameworks/Chat Helper (GPU).app", "org.chat.Client.gpu"},
+    {"~/Applications/Chat.app/Contents/Frameworks/Updates.framework/Versions/A/Resources/Autoupdate.app", "org.updates.Autoupdate"},
+    {"~/Applications/Chat.app/Contents/Frameworks/Updates.framework/Versions/B/XPCServices/Downloader.xpc", "org.updates.Downloader"},
+    {"~/Applications/Chat.app/Contents/MacOS/updater.app", "org.chat.updater"},
     // What extends the system, out of one program.
-    {"/Applications/Guard.app/Contents/Info.plist", "net.guard.mac"},
-    {"/Applications/Guard.app/Contents/Library/LoginItems/Starter.app/Contents/Info.plist",
-     "net.guard.mac.starter"},
-    {"/Applications/Guard.app/Contents/Library/SystemExtensions/net.guard.mac.filter.systemextension/Contents/"
-     "Info.plist",
-     "net.guard.mac.filter"},
-    {"/Applications/Guard.app/Contents/Library/QuickLook/Look.qlgenerator/Contents/Info.plist",
-     "net.guard.mac.look"},
-    {"/Applications/Guard.app/Contents/Library/Spotlight/Index.mdimporter/Contents/Info.plist",
-     "net.guard.mac.index"},
-    {"/Applications/Guard.app/Contents/Library/Automator/Act.action/Contents/Info.plist", "net.guard.mac.action"},
-    {"/Applications/Guard.app/Contents/PlugIns/Share.appex/Contents/Info.plist", "net.guard.mac.share"},
-    {"/Applications/Guard.app/Contents/PlugIns/Share.appex/Contents/XPCServices/Deep.xpc/Contents/Info.plist",
-     "net.guard.mac.share.deep"},
-    {"/Applications/Guard.app/Contents/Extensions/New.appex/Contents/Info.plist", "net.guard.mac.new"},
-    {"/Applications/Guard.app/Contents/SharedSupport/Tools/Rescue.app/Contents/Info.plist", "net.guard.rescue"},
-    {"/Applications/Guard.app/Contents/Resources/Uninstall.app/Contents/Info.plist", "net.guard.uninstall"},
+    {"/Applications/Guard.app", "net.guard.mac"},
+    {"/Applications/Guard.app/Contents/Library/LoginItems/Starter.app", "net.guard.mac.starter"},
+    {"/Applications/Guard.app/Contents/Library/SystemExtensions/net.guard.mac.filter.systemextension", "net.guard.mac.filter"},
+    {"/Applications/Guard.app/Contents/Library/QuickLook/Look.qlgenerator", "net.guard.mac.look"},
+    {"/Applications/Guard.app/Contents/Library/Spotlight/Index.mdimporter", "net.guard.mac.index"},
+    {"/Applications/Guard.app/Contents/Library/Automator/Act.action", "net.guard.mac.action"},
+    {"/Applications/Guard.app/Contents/PlugIns/Share.appex", "net.guard.mac.share"},
+    {"/Applications/Guard.app/Contents/PlugIns/Share.appex/Contents/XPCServices/Deep.xpc", "net.guard.mac.share.deep"},
+    {"/Applications/Guard.app/Contents/Extensions/New.appex", "net.guard.mac.new"},
+    {"/Applications/Guard.app/Contents/SharedSupport/Tools/Rescue.app", "net.guard.rescue"},
+    {"/Applications/Guard.app/Contents/Resources/Uninstall.app", "net.guard.uninstall"},
     // A program of the Mac's smaller relatives, in its wrapper.
     {"/Applications/Phone.app/Wrapper/Phone.app/Info.plist", "com.phone.App"},
     {"/Applications/Phone.app/Wrapper/Phone.app/PlugIns/Widget.appex/Info.plist", "com.phone.App.widget"},
     {"/Applications/Phone.app/Wrapper/Phone.app/Watch/Watch.app/Info.plist", "com.phone.App.watch"},
     {"/Applications/Phone.app/Wrapper/Phone.app/Frameworks/Kit.framework/Info.plist", "com.phone.Kit"},
     // Suites and folders that people sort into.
-    {"/Applications/Utilities/Console.app/Contents/Info.plist", "com.vendor.Console"},
-    {"/Applications/Suite 2024/Writer/Writer.app/Contents/Info.plist", "com.suite.Writer"},
-    {"/Applications/Suite 2024/Shared/Tools/Setup/Activator.app/Contents/Info.plist", "com.suite.Activator"},
-    {"~/Applications/Web Apps.localized/Mail.app/Contents/Info.plist", "com.vendor.Browser.app.mail"},
-    {"/System/Applications/Utilities/Disk.app/Contents/Info.plist", "com.system.disk"},
-    {"/System/Library/CoreServices/Menu.bundle/Contents/Info.plist", "com.system.menu"},
+    {"/Applications/Utilities/Console.app", "com.vendor.Console"},
+    {"/Applications/Suite 2024/Writer/Writer.app", "com.suite.Writer"},
+    {"/Applications/Suite 2024/Shared/Tools/Setup/Activator.app", "com.suite.Activator"},
+    {"~/Applications/Web Apps.localized/Mail.app", "com.vendor.Browser.app.mail"},
+    {"/System/Applications/Utilities/Disk.app", "com.system.disk"},
+    {"/System/Library/CoreServices/Menu.bundle", "com.system.menu"},
     // Never installed, and elsewhere.
-    {"~/Downloads/Tool.app/Contents/Info.plist", "io.tool.mac"},
-    {"~/Downloads/Other 1.2/Other.app/Contents/Info.plist", "io.other.mac"},
-    {"~/Desktop/Trial.app/Contents/Info.plist", "io.trial.mac"},
-    {"~/Documents/Project/build/Debug/Mine.app/Contents/Info.plist", "me.mine.app"},
-    {"~/Games/Chess/Chess.app/Contents/Info.plist", "io.chess.mac"},
-    {"/Users/Shared/Games/Agent/Agent.app/Contents/Info.plist", "io.games.agent"},
-    {"/opt/packages/Cellar/editor/Editor.app/Contents/Info.plist", "org.editor.mac"},
-    {"/usr/local/Caskroom/sheet/1.0/Sheet.app/Contents/Info.plist", "org.sheet.mac"},
-    {"/Volumes/Big/Applications/Games/Race/Race.app/Contents/Info.plist", "io.race.mac"},
-    {"/Volumes/Disk Image/Install.app/Contents/Info.plist", "io.install.mac"},
-    {"/elsewhere/Programs/Linked.app/Contents/Info.plist", "io.linked.folder"},
-    {"/elsewhere/Moved.app/Contents/Info.plist", "io.linked.app"},
+    {"~/Downloads/Tool.app", "io.tool.mac"},
+    {"~/Downloads/Other 1.2/Other.app", "io.other.mac"},
+    {"~/Desktop/Trial.app", "io.trial.mac"},
+    {"~/Documents/Project/build/Debug/Mine.app", "me.mine.app"},
+    {"~/Games/Chess/Chess.app", "io.chess.mac"},
+    {"/Users/Shared/Games/Agent/Agent.app", "io.games.agent"},
+    {"/opt/packages/Cellar/editor/Editor.app", "org.editor.mac"},
+    {"/usr/local/Caskroom/sheet/1.0/Sheet.app", "org.sheet.mac"},
+    {"/Volumes/Big/Applications/Games/Race/Race.app", "io.race.mac"},
+    {"/Volumes/Disk Image/Install.app", "io.install.mac"},
+    {"/elsewhere/Programs/Linked.app", "io.linked.folder"},
+    {"/elsewhere/Moved.app", "io.linked.app"},
     // What is no application, in the places of its kind.
-    {"~/Library/PreferencePanes/Pane.prefPane/Contents/Info.plist", "org.extras.pane"},
-    {"~/Library/Services/Convert.service/Contents/Info.plist", "org.extras.service"},
-    {"~/Library/Services/Resize.workflow/Contents/Info.plist", "org.extras.workflow"},
-    {"~/Library/Input Methods/Kana.app/Contents/Info.plist", "org.extras.inputmethod.Kana"},
-    {"/Library/Screen Savers/Stars.saver/Contents/Info.plist", "org.extras.saver"},
-    {"/Library/Internet Plug-Ins/Player.plugin/Contents/Info.plist", "org.extras.plugin"},
-    {"/Library/Audio/Plug-Ins/HAL/Loop.driver/Contents/Info.plist", "org.extras.driver"},
-    {"/Library/Audio/Plug-Ins/VST3/Vendor/Synth.vst3/Contents/Info.plist", "org.extras.synth"},
-    {"/Library/Extensions/Disk.kext/Contents/Info.plist", "org.extras.kext"},
+    {"~/Library/PreferencePanes/Pane.prefPane", "org.extras.pane"},
+    {"~/Library/Services/Convert.service", "org.extras.service"},
+    {"~/Library/Services/Resize.workflow", "org.extras.workflow"},
+    {"~/Library/Input Methods/Kana.app", "org.extras.inputmethod.Kana"},
+    {"/Library/Screen Savers/Stars.saver", "org.extras.saver"},
+    {"/Library/Internet Plug-Ins/Player.plugin", "org.extras.plugin"},
+    {"/Library/Audio/Plug-Ins/HAL/Loop.driver", "org.extras.driver"},
+    {"/Library/Audio/Plug-Ins/VST3/Vendor/Synth.vst3", "org.extras.synth"},
+    {"/Library/Extensions/Disk.kext", "org.extras.kext"},
     {"/Library/Frameworks/Stats.framework/Versions/4.2/Resources/Info.plist", "org.extras.framework"},
-    {"/Library/Java/JavaVirtualMachines/21.jdk/Contents/Info.plist", "org.extras.jdk"},
-    {"/Library/Vendor/Update/Update.bundle/Contents/Info.plist", "com.vendor.Update"},
-    {"/Library/Vendor/Update/Update.bundle/Contents/Resources/Agent.app/Contents/Info.plist", "com.vendor.Keeper"},
-    {"~/Library/Application Support/Store/apps/common/Game/Game.app/Contents/Info.plist", "io.store.game"},
-    {"/Library/Application Support/Vendor/Updater/Updater.app/Contents/Info.plist", "com.vendor.Updater"},
+    {"/Library/Java/JavaVirtualMachines/21.jdk", "org.extras.jdk"},
+    {"/Library/Vendor/Update/Update.bundle", "com.vendor.Update"},
+    {"/Library/Vendor/Update/Update.bundle/Contents/Resources/Agent.app", "com.vendor.Keeper"},
+    {"~/Library/Application Support/Store/apps/common/Game/Game.app", "io.store.game"},
+    {"/Library/Application Support/Vendor/Updater/Updater.app", "com.vendor.Updater"},
 };
+// clang-format on
+
+QByteArray informationOf(const QByteArray &place)
+{
+    return place.endsWith("/Info.plist") ? place : place + "/Contents/Info.plist";
+}
 
 } // namespace
 
@@ -118,8 +107,10 @@ protected:
 
     FalseLeftoverTest()
     {
-        for (const auto &[information, identifier] : everythingInstalled)
-            disk.information(information, identifier);
+        for (const auto &[place, identifier] : everythingInstalled) {
+            disk.information(informationOf(place), identifier);
+            keepDataOf(identifier);
+        }
         disk.link("/Applications/Phone.app/WrappedBundle", "Wrapper/Phone.app");
         disk.link("/Library/Frameworks/Stats.framework/Versions/Current", "4.2");
         disk.link("/Library/Frameworks/Stats.framework/Resources", "Versions/Current/Resources");
@@ -129,8 +120,6 @@ protected:
         disk.link("/Volumes/Startup", "/");
         disk.file("/usr/share/applications/org.desktop.Viewer.desktop");
         keepDataOf("org.desktop.Viewer");
-        for (const auto &installed : everythingInstalled)
-            keepDataOf(installed.identifier);
     }
 
     QByteArrayList leftovers() const
@@ -170,8 +159,8 @@ TEST_F(FalseLeftoverTest, nothingThatIsInstalledIsOffered)
 TEST_F(FalseLeftoverTest, whatIsRemovedIsOffered)
 {
     QByteArrayList orphaned;
-    for (const auto &[information, identifier] : everythingInstalled) {
-        disk.remove(information);
+    for (const auto &[place, identifier] : everythingInstalled) {
+        disk.remove(informationOf(place));
         orphaned += dataOf(identifier);
     }
     // What an update left among the data keeps nothing from being offered.

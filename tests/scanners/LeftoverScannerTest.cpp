@@ -42,24 +42,7 @@ TEST_F(LeftoverScannerTest, onlyWhatIsNamedLikeAnIdentifierIsOffered)
         EXPECT_FALSE(isLeftover(name)) << name;
 }
 
-TEST_F(LeftoverScannerTest, fiveFoldersAreSearchedOneLevelDeep)
-{
-    for (const auto *folder : {"Caches", "Containers", "HTTPStorages", "WebKit", "Application Support",
-                               "Preferences", "Logs", "Group Containers", "Caches/Vendor"})
-        disk.file(QByteArray("~/Library/") + folder + "/com.vendor.tool", 5);
-    disk.file("~/Library/Saved Application State/com.vendor.tool.savedState/data", 6);
-    disk.file("~/Library/Saved Application State/vendor.tool.savedState/data", 6);
-
-    const auto items = scanner.scanLeftovers({});
-    EXPECT_THAT(pathsOf(items),
-                ElementsAre("~/Library/Saved Application State/com.vendor.tool.savedState",
-                            "~/Library/Caches/com.vendor.tool", "~/Library/Containers/com.vendor.tool",
-                            "~/Library/HTTPStorages/com.vendor.tool", "~/Library/WebKit/com.vendor.tool"));
-    EXPECT_EQ(items.first(),
-              (ScanItem{items.first().url, ScanItemKind::leftover, ScanConfidence::probable, 6, false}));
-}
-
-TEST_F(LeftoverScannerTest, equalSizesKeepTheOrderOfTheDisk)
+TEST_F(LeftoverScannerTest, fiveFoldersAreSearchedOneLevelDeepAndTheLargestComesFirst)
 {
     QByteArrayList expected;
     for (const auto *folder : {"Caches", "Containers", "Saved Application State", "HTTPStorages", "WebKit"}) {
@@ -67,8 +50,18 @@ TEST_F(LeftoverScannerTest, equalSizesKeepTheOrderOfTheDisk)
             expected.append(QByteArray("~/Library/") + folder + "/com.vendor.tool" + QByteArray::number(i));
     }
     for (const auto &path : expected)
-        disk.file(path);
-    EXPECT_THAT(pathsOf(scanner.scanLeftovers({})), testing::ElementsAreArray(expected));
+        disk.file(path, 5);
+    expected.prepend("~/Library/Saved Application State/com.vendor.tool.savedState");
+    disk.file(expected.first() + "/data", 6);
+    disk.file("~/Library/Saved Application State/vendor.tool.savedState/data", 6);
+    for (const auto *folder : {"Application Support", "Preferences", "Logs", "Group Containers", "Caches/Vendor"})
+        disk.file(QByteArray("~/Library/") + folder + "/com.vendor.tool", 7);
+
+    // Equal sizes keep the order of the disk.
+    const auto items = scanner.scanLeftovers({});
+    EXPECT_THAT(pathsOf(items), testing::ElementsAreArray(expected));
+    EXPECT_EQ(items.first(),
+              (ScanItem{items.first().url, ScanItemKind::leftover, ScanConfidence::probable, 6, false}));
 }
 
 TEST_F(LeftoverScannerTest, knownApplicationsAreLeftAloneAndTheSystemIsAskedOnce)
@@ -128,34 +121,22 @@ TEST_F(LeftoverScannerTest, searchComparesWholeNamesWithoutCaseAndInBothSpelling
     EXPECT_EQ(scanner.searchItems("\u017b\u00f3\u0142w").size(), 2);
 }
 
-TEST_F(LeftoverScannerTest, searchLooksIntoTwelveFolders)
+TEST_F(LeftoverScannerTest, searchLooksSixLevelsDownInTwelveFoldersAndNotIntoWhatItFinds)
 {
     QByteArrayList expected;
-    for (const auto *folder :
-         {"Application Scripts", "Application Support", "Caches", "Containers", "Cookies", "Group Containers",
-          "HTTPStorages", "LaunchAgents", "Logs", "Preferences", "Saved Application State", "WebKit"})
+    for (const auto *folder : {"Application Scripts", "Application Support", "Caches", "Containers", "Cookies/folder",
+                               "Cookies", "Group Containers", "HTTPStorages", "LaunchAgents",
+                               "Logs/1/2/3/4/5", "Logs", "Preferences", "Saved Application State", "WebKit"})
         expected.append(QByteArray("~/Library/") + folder + "/tool");
     for (const auto &path : expected)
         disk.file(path);
-    for (const auto *folder : {"Mail", "Documents", "Keychains", "Internet Plug-Ins", "Caches/Some.app"})
+    disk.remove("~/Library/Caches/tool");
+    for (const auto *folder : {"Mail", "Documents", "Keychains", "Internet Plug-Ins", "Caches/Some.app",
+                               "Caches/.hidden", "Caches/tool", "Logs/1/2/3/4/5/6"})
         disk.file(QByteArray("~/Library/") + folder + "/tool");
+
     const auto items = scanner.searchItems("tool");
     EXPECT_THAT(pathsOf(items), testing::ElementsAreArray(expected));
     EXPECT_EQ(items.first(),
               (ScanItem{items.first().url, ScanItemKind::leftover, ScanConfidence::probable, 4096, false}));
-}
-
-TEST_F(LeftoverScannerTest, searchGoesSixLevelsDownAndNotIntoWhatItFinds)
-{
-    disk.file("~/Library/Logs/1/2/3/4/5/tool", 10);
-    disk.file("~/Library/Logs/1/2/3/4/5/6/tool", 10);
-    disk.file("~/Library/Caches/tool/tool/file", 10);
-    disk.file("~/Library/Caches/Some.app/tool", 10);
-    disk.file("~/Library/Caches/.hidden/tool", 10);
-    disk.file("~/Library/Cookies/tool", 10);
-    disk.folder("~/Library/Cookies/folder/TOOL");
-
-    EXPECT_THAT(pathsOf(scanner.searchItems("tool")),
-                ElementsAre("~/Library/Caches/tool", "~/Library/Cookies/folder/TOOL", "~/Library/Cookies/tool",
-                            "~/Library/Logs/1/2/3/4/5/tool"));
 }
