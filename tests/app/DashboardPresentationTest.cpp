@@ -4,103 +4,108 @@
 
 #include <gmock/gmock.h>
 
+using testing::Each;
 using testing::ElementsAre;
+using testing::HasSubstr;
 
 namespace {
 
-DashboardSnapshot desktop()
+constexpr auto GiB = quint64(1) << 30;
+
+DashboardSnapshot laptop()
 {
-    return {{"Studio", "Model9,1", "13.1", "CPU", "16 GB", std::nullopt},
-            std::nullopt,
-            {"Macintosh HD", 1000, 250},
-            {16'000, 4'000, std::nullopt, std::nullopt, std::nullopt, std::nullopt}};
+    return {{"Book", "Model9,1", "13.1", "CPU", "16 GB", QDateTime({2026, 11, 3}, {15, 4, 59})},
+            BatteryInfo{80, true, "Battery", "2 h 3 min", 91, "Good", 12, 4000, 4500, 5000},
+            {"Macintosh HD", 4'000'000'000, 1'000'000'000},
+            {4 * GiB, GiB, 2 * GiB, GiB / 2, GiB / 4, GiB / 8}};
 }
 
-QStringList valuesOf(const QList<LabelledValue> &rows)
+/// "label: value", and behind these the symbol of a row that has one.
+QStringList textsOf(const QList<LabelledValue> &rows)
 {
-    QStringList values;
+    QStringList texts;
     for (const auto &row : rows)
-        values.append(row.value);
-    return values;
-}
-
-BatteryInfo battery(const QString &power, const std::optional<QString> &condition)
-{
-    BatteryInfo info{};
-    info.powerSource = info.timeRemaining = power;
-    info.condition = condition;
-    return info;
-}
-
-QStringList batteryValues(const BatteryInfo &battery, AppLanguage language = AppLanguage::english)
-{
-    auto snapshot = desktop();
-    snapshot.battery = battery;
-    return valuesOf(DashboardPresentation(snapshot, language).batteryValues);
+        texts.append((row.label + ": " + row.value + ' ' + row.symbol).trimmed());
+    return texts;
 }
 
 } // namespace
 
-TEST(DashboardPresentation, desktopWithoutABatteryShowsEverythingElse)
+TEST(DashboardPresentation, everyReadingIsShownInItsPlaceAndUnit)
 {
-    const DashboardPresentation shown(desktop(), AppLanguage::english);
-    EXPECT_FALSE(shown.hasBattery);
-    EXPECT_TRUE(shown.batteryValues.isEmpty());
-    EXPECT_THAT(valuesOf(shown.computerValues), ElementsAre("CPU", "16 GB", "Not available"));
-    EXPECT_EQ(shown.storageGauge.text, "75%");
-    EXPECT_EQ(shown.memoryGauge.percentage, 25);
-    EXPECT_EQ(valuesOf(shown.memoryValues).sliced(2), QStringList(4, "Not available"));
+    const DashboardPresentation shown(laptop(), AppLanguage::english);
+    EXPECT_EQ(shown.computerName + '|' + shown.modelIdentifier + '|' + shown.operatingSystem + '|'
+                  + shown.volumeName,
+              "Book|Model9,1|13.1|Macintosh HD");
+    EXPECT_TRUE(shown.hasBattery && shown.isCharging);
+    // The tests run without a country.
+    EXPECT_THAT(textsOf(shown.computerValues), ElementsAre("Processor: CPU cpu", "Memory: 16 GB memorychip",
+                                                           "Boot date: 3 Nov 2026, 15:04 clock.arrow.circlepath"));
+    EXPECT_THAT(textsOf(shown.batteryValues),
+                ElementsAre("Power source: Battery", "Estimated battery life: 2 h 3 min", "Charging: Yes",
+                            "Health: 91%", "Condition: Good", "Cycle count: 12", "Capacity: 4000 / 4500 mAh",
+                            "Design capacity: 5000 mAh"));
+    EXPECT_THAT(textsOf(shown.storageValues), ElementsAre("Used: 3 GB", "Free: 1 GB", "Total: 4 GB"));
+    EXPECT_THAT(textsOf(shown.memoryValues),
+                ElementsAre("Total: 4 GB", "Used: 1 GB", "Free: 2 GB", "Wired memory: 512 MB",
+                            "Active memory: 256 MB", "Compressed memory: 128 MB"));
+    EXPECT_EQ(shown.chargeGauge, (Gauge{0.8, 80, "80%"}));
+    EXPECT_EQ(shown.storageGauge, (Gauge{0.75, 75, "75%"}));
+    EXPECT_EQ(shown.memoryGauge, (Gauge{0.25, 25, "25%"}));
+}
+
+TEST(DashboardPresentation, whatIsNotKnownIsSaidToBeSo)
+{
+    const DashboardPresentation desktop({}, AppLanguage::english);
+    EXPECT_FALSE(desktop.hasBattery || desktop.isCharging);
+    EXPECT_THAT(desktop.batteryValues, testing::IsEmpty());
+    EXPECT_EQ(desktop.computerValues.at(2).value, "Not available");
+    EXPECT_EQ(desktop.storageGauge, (Gauge{0, 0, "0%"}));
+    EXPECT_EQ(desktop.memoryGauge, (Gauge{0, 0, "Not available"}));
+    EXPECT_EQ(textsOf(desktop.memoryValues).filter("Not available").size(), 5);
+
+    DashboardSnapshot unknown{};
+    auto &battery = unknown.battery.emplace();
+    battery.powerSource = battery.timeRemaining = "Unknown";
+    const auto values = [&] {
+        return textsOf(DashboardPresentation(unknown, AppLanguage::english).batteryValues);
+    };
+    EXPECT_EQ(values().at(2), "Charging: No");
+    EXPECT_EQ(values().filter("Not available").size(), 7);
+    battery.currentCapacity = 4000;
+    EXPECT_EQ(values().at(6), "Capacity: Not available");
+    battery.currentCapacity.swap(battery.maxCapacity);
+    EXPECT_EQ(values().at(6), "Capacity: Not available");
+
+    // Some file systems promise more than they hold.
+    unknown.storage = {"Thin", 1000, 2500};
+    const DashboardPresentation thin(unknown, AppLanguage::english);
+    EXPECT_THAT(textsOf(thin.storageValues), ElementsAre("Used: 0 B", "Free: 3 KB", "Total: 1 KB"));
+    EXPECT_EQ(thin.storageGauge, (Gauge{0, 0, "0%"}));
 }
 
 TEST(DashboardPresentation, wordsOfTheServiceAreTranslatedAndTheComputersOwnAreNot)
 {
     const auto shown = [](const QString &power, const QString &condition) {
-        const auto values = batteryValues(battery(power, condition), AppLanguage::polish);
-        return values.at(0) + u'|' + values.at(4);
+        auto snapshot = laptop();
+        snapshot.battery->powerSource = snapshot.battery->timeRemaining = power;
+        snapshot.battery->condition = condition;
+        const auto values = DashboardPresentation(snapshot, AppLanguage::polish).batteryValues;
+        EXPECT_EQ(values.at(0).value, values.at(1).value);
+        return values.at(0).value + u'|' + values.at(4).value;
     };
     EXPECT_EQ(shown("Power adapter", "FAIR"), "Zasilacz podłączony|Średni");
     EXPECT_EQ(shown("power adapter", "Check Soon"), "power adapter|Check Soon");
     EXPECT_EQ(shown("Unlimited", "good"), "Bez limitu przy zasilaczu|Dobry");
-    EXPECT_EQ(shown("Unknown", ""), "Niedostępne|Niedostępne");
-}
-
-TEST(DashboardPresentation, capacityNeedsBothOfItsValues)
-{
-    BatteryInfo half{80, true, "Battery", "2 h 3 min", 91, "Good", 12, 4000, std::nullopt, 5000};
-    EXPECT_THAT(batteryValues(half),
-                ElementsAre("Battery", "2 h 3 min", "Yes", "91%", "Good", "12", "Not available", "5000 mAh"));
-    half.maxCapacity = 4500;
-    EXPECT_EQ(batteryValues(half).at(6), "4000 / 4500 mAh");
-    EXPECT_EQ(batteryValues(battery("Unknown", {})).count("Not available"), 7);
-}
-
-TEST(DashboardPresentation, sharesOfNothingAndOfUnknownAreEmpty)
-{
-    auto snapshot = desktop();
-    snapshot.storage = {};
-    snapshot.memory.usedBytes.reset();
-    const DashboardPresentation shown(snapshot, AppLanguage::english);
-    EXPECT_EQ(shown.storageGauge, (Gauge{0, 0, "0%"}));
-    EXPECT_EQ(shown.memoryGauge, (Gauge{0, 0, "Not available"}));
-}
-
-TEST(DashboardPresentation, moreFreeThanThereIsLeavesNothingUsed)
-{
-    auto snapshot = desktop();
-    snapshot.storage = {"Thin", 1000, 2500};
-    const DashboardPresentation shown(snapshot, AppLanguage::english);
-    EXPECT_THAT(valuesOf(shown.storageValues), ElementsAre("0 B", "3 KB", "1 KB"));
-    EXPECT_EQ(shown.storageGauge.text, "0%");
+    EXPECT_EQ(shown("Unknown", "Poor"), "Niedostępne|Słaby");
+    EXPECT_EQ(shown("", ""), "|Niedostępne");
 }
 
 TEST(DashboardPresentation, theStartIsToldAsTheSystemsLocaleTellsDates)
 {
-    auto snapshot = desktop();
-    const QDateTime start(QDate(2026, 11, 3), QTime(15, 4, 59));
-    snapshot.computer.bootDate = start;
-    // The tests run without a country.
-    for (const auto language : {AppLanguage::english, AppLanguage::polish})
-        EXPECT_EQ(DashboardPresentation(snapshot, language).computerValues.at(2).value, "3 Nov 2026, 15:04");
+    const auto start = *laptop().computer.bootDate;
+    EXPECT_EQ(DashboardPresentation(laptop(), AppLanguage::polish).computerValues.at(2).value,
+              "3 Nov 2026, 15:04");
 
     const std::pair<const char *, const char *> moments[] = {
         {"pl_PL", "3 lis 2026, 15:04"},    {"en_GB", "3 Nov 2026, 15:04"},

@@ -83,35 +83,37 @@ TEST_F(SystemInfoServiceTest, chargeIsCutOffInDoublePrecisionAndClamped)
 TEST_F(SystemInfoServiceTest, healthIsAbsentWhereItCannotBeComputed)
 {
     EXPECT_EQ(battery(80, 100).healthPercentage, std::nullopt) << "no registry entry";
-    facts.power.registryEntry.emplace();
-    EXPECT_EQ(battery(80, 100).healthPercentage, std::nullopt);
-    facts.power.registryEntry->designCapacity = 0;
-    EXPECT_EQ(battery(80, 100).healthPercentage, std::nullopt);
-    facts.power.registryEntry->designCapacity = 120;
-    EXPECT_THAT(battery(80, 100).healthPercentage, Optional(83));
-    EXPECT_EQ(battery(80, std::nullopt).healthPercentage, std::nullopt);
-    battery(80, 100);
-    facts.power.source->isPercentage = true;
+    const std::tuple<std::optional<qint64>, std::optional<qint64>, std::optional<int>> rows[] = {
+        {100, std::nullopt, std::nullopt},
+        {100, 0, std::nullopt},
+        {100, 1, 100},
+        {100, 120, 83},
+        {std::nullopt, 120, std::nullopt}};
+    for (const auto &[max, design, health] : rows) {
+        facts.power.registryEntry.emplace().designCapacity = design;
+        EXPECT_EQ(battery(80, max).healthPercentage, health) << max.value_or(-1) << '/' << design.value_or(-1);
+    }
+    facts.power.source = PowerSourceDescription{80, 100, {}, {}, /*isPercentage*/ true};
     EXPECT_EQ(service.batteryInfo()->healthPercentage, std::nullopt) << "a full battery is no old one";
     EXPECT_EQ(service.batteryInfo()->percentage, 80);
 }
 
-TEST_F(SystemInfoServiceTest, conditionIsTheHealthAndOnlyWithoutItTheFailure)
+TEST_F(SystemInfoServiceTest, everythingThatABatteryTellsIsTakenOver)
 {
-    facts.power.registryEntry.emplace().permanentFailureStatus = "Cell failure";
-    EXPECT_THAT(battery(1, 2).condition, Optional(Eq("Cell failure")));
+    facts.power.source = PowerSourceDescription{4000, 4500, "AC Power", true};
+    facts.power.registryEntry = BatteryRegistryEntry{12, 5000, std::nullopt, "Cell failure"};
+    facts.power.timeRemainingEstimate = 7385;
+    EXPECT_THAT(*service.batteryInfo(), FieldsAre(88, true, "Power adapter", "2 h 3 min", Optional(90),
+                                                  Optional(Eq("Cell failure")), 12, 4000, 4500, 5000));
     facts.power.registryEntry->batteryHealth = "Good";
-    EXPECT_THAT(battery(1, 2).condition, Optional(Eq("Good")));
-}
+    EXPECT_THAT(service.batteryInfo()->condition, Optional(Eq("Good")))
+        << "a failure only where no health is told";
 
-TEST_F(SystemInfoServiceTest, powerSourceIsTranslatedOnlyWhereItIsKnown)
-{
-    const std::pair<std::optional<QString>, const char *> rows[] = {{"AC Power", "Power adapter"},
-                                                                    {"Battery Power", "Battery"},
-                                                                    {"ac power", "ac power"},
-                                                                    {"UPS Power", "UPS Power"},
-                                                                    {std::nullopt, "Unknown"}};
-    for (const auto &[state, shown] : rows) {
+    const std::pair<std::optional<QString>, const char *> sources[] = {{"Battery Power", "Battery"},
+                                                                       {"ac power", "ac power"},
+                                                                       {"UPS Power", "UPS Power"},
+                                                                       {std::nullopt, "Unknown"}};
+    for (const auto &[state, shown] : sources) {
         facts.power.source.emplace().powerSourceState = state;
         EXPECT_EQ(service.batteryInfo()->powerSource, shown);
     }
@@ -128,7 +130,6 @@ TEST_F(SystemInfoServiceTest, timeTexts)
     EXPECT_EQ(timeRemaining(0), "0 min");
     EXPECT_EQ(timeRemaining(3599.9), "59 min");
     EXPECT_EQ(timeRemaining(3600), "1 h 0 min");
-    EXPECT_EQ(timeRemaining(7385, true), "2 h 3 min");
 }
 
 TEST_F(SystemInfoServiceTest, freeSpacePrefersWhatCouldBeMadeFree)
