@@ -2,23 +2,6 @@
 
 using AppViewModelTest = AppFixture;
 
-TEST_F(AppViewModelTest, commonSequenceGoesBusyBeforeTheTextAndIdleAfterTheResult)
-{
-    QStringList log;
-    QObject::connect(&app, &AppViewModel::isProcessingChanged,
-                     [&] { log << (app.isProcessing() ? "busy" : "idle"); });
-    QObject::connect(&app, &AppViewModel::statusMessageChanged, [&] { log << app.statusMessage(); });
-    QObject::connect(&app, &AppViewModel::cleanerItemsChanged, [&] { log << "items"; });
-    largeCache("org.big");
-
-    app.setLanguage(AppLanguage::english);
-    app.scanCleaner();
-    settle();
-
-    EXPECT_EQ(log, (QStringList{"busy", "Scanning…", "items", "", "idle"}));
-    EXPECT_FALSE(app.progress());
-}
-
 TEST_F(AppViewModelTest, buttonsAreEnabledByWhatTheirOperationsNeed)
 {
     app.setApplicationQuery(" \t\u00a0");
@@ -26,32 +9,30 @@ TEST_F(AppViewModelTest, buttonsAreEnabledByWhatTheirOperationsNeed)
     // The two screens trim differently: a line break counts as a name here and as nothing there.
     app.setApplicationQuery(" \n");
     app.setLeftoverQuery(" \n");
-    EXPECT_TRUE(app.canScanByName());
-    EXPECT_FALSE(app.canSearchLeftovers());
+    EXPECT_TRUE(app.canScanByName() && !app.canSearchLeftovers());
     app.setLeftoverQuery("x");
-    EXPECT_TRUE(app.canSearchLeftovers());
-
-    EXPECT_FALSE(app.canScanMedia());
+    EXPECT_TRUE(app.canSearchLeftovers() && !app.canScanMedia() && !app.canScanTextFiles());
     chooseMedia(disk.folder("/Volumes/Disk"));
-    EXPECT_TRUE(app.canScanMedia());
-    EXPECT_FALSE(app.canScanTextFiles());
-    for (const auto category : allCases<MediaCategory>())
-        app.toggleMediaCategory(category);
-    EXPECT_FALSE(app.canScanMedia());
+    EXPECT_TRUE(app.canScanMedia() && !app.canScanTextFiles());
+    app.chooseTextFolder();
+    EXPECT_TRUE(app.canScanTextFiles());
 
     largeCache("org.big");
     QSignalSpy enabling(&app, &AppViewModel::enablingChanged);
     disk.hold();
     app.scanCleaner();
-    EXPECT_FALSE(app.canScan() || app.canScanByName() || app.canSearchLeftovers());
+    EXPECT_FALSE(app.canScan() || app.canScanByName() || app.canSearchLeftovers() || app.canScanMedia()
+                 || app.canScanTextFiles());
     settle();
-    EXPECT_FALSE(app.canDelete(ScanScope::cleaner));
+    EXPECT_THAT(app.deletableScopes(), IsEmpty());
     app.cleanerItemModel()->setSelected(0, true);
-    EXPECT_TRUE(app.canDelete(ScanScope::cleaner));
-    EXPECT_FALSE(app.canDelete(ScanScope::leftovers));
+    EXPECT_THAT(app.deletableScopes(), ElementsAre(static_cast<int>(ScanScope::cleaner)));
     EXPECT_GE(enabling.count(), 3);
-    app.scanMedia();
-    EXPECT_TRUE(app.canDelete(ScanScope::cleaner));
+    for (const auto category : allCases<MediaCategory>())
+        app.toggleMediaCategory(category);
+    for (const auto category : allCases<TextFileCategory>())
+        app.toggleTextFileCategory(category);
+    EXPECT_FALSE(app.canScanMedia() || app.canScanTextFiles());
 }
 
 TEST_F(AppViewModelTest, selectingTheSameApplicationAgainKeepsWhatWasFound)

@@ -12,11 +12,9 @@ protected:
     RemovalWorkflowTest() { app.setLanguage(AppLanguage::english); }
 
     /// The Trash refuses the item; without a text, it just does not confirm.
-    void refuse(const Url &url, const QString &error = {})
+    void refuse(const Url &url, const std::optional<QString> &error = {})
     {
-        workspace.reactTo(
-            url,
-            {.moves = false, .confirms = false, .error = error.isEmpty() ? std::nullopt : std::optional(error)});
+        workspace.reactTo(url, {.moves = false, .confirms = false, .error = error});
     }
 
     /// Puts `count` leftovers on the disk and searches for them; all are selected.
@@ -25,7 +23,7 @@ protected:
         for (int i = 0; i < count; ++i)
             disk.file("~/Library/Caches/org.gone.app" + QByteArray::number(i), 1000);
         waitFor(scans.scanLeftovers());
-        selectAll(*app.leftoverItemModel());
+        app.leftoverItemModel()->toggleAll();
     }
 
     void findCaches(int count)
@@ -33,13 +31,7 @@ protected:
         for (int i = 0; i < count; ++i)
             largeCache("cache" + QByteArray::number(i));
         waitFor(scans.scanCleaner());
-        selectAll(*app.cleanerItemModel());
-    }
-
-    static void selectAll(ListModelBase &items)
-    {
-        for (int row = 0; row < items.count(); ++row)
-            items.setSelected(row, true);
+        app.cleanerItemModel()->toggleAll();
     }
 
     void remove(ScanScope scope)

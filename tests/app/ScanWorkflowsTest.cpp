@@ -5,7 +5,14 @@ namespace {
 class ScanWorkflowsTest : public AppFixture
 {
 protected:
-    ScanWorkflowsTest() { app.setLanguage(AppLanguage::english); }
+    ScanWorkflowsTest()
+    {
+        app.setLanguage(AppLanguage::english);
+        QObject::connect(&app, &AppViewModel::statusMessageChanged, [this] { said << app.statusMessage(); });
+    }
+
+    /// Every text of the status line, in order; a text that ends a scan without one is empty.
+    QStringList said;
 
     void searchApplication(const QString &query)
     {
@@ -27,7 +34,7 @@ TEST_F(ScanWorkflowsTest, catalogIsScannedOnceUnlessForced)
     waitFor(scans.loadApplications(true));
     EXPECT_THAT(namesOf(app.applications()), ElementsAre("A.app", "B.app"));
     EXPECT_FALSE(app.selectedApplication());
-    EXPECT_EQ(app.statusMessage(), QString());
+    EXPECT_THAT(said, ElementsAre("Loading applications…", "", "Loading applications…", ""));
 }
 
 TEST_F(ScanWorkflowsTest, nameLeadsToTheFilesOfItsApplication)
@@ -37,21 +44,16 @@ TEST_F(ScanWorkflowsTest, nameLeadsToTheFilesOfItsApplication)
     EXPECT_EQ(app.selectedApplication(), application);
     EXPECT_THAT(namesOf(app.associatedItems()), ElementsAre("org.notes", "Notes.app"));
     EXPECT_EQ(app.applicationQuery(), "  notes\n");
-    EXPECT_EQ(app.statusMessage(), QString());
+    EXPECT_THAT(said, ElementsAre("Loading applications…", "", "Scanning…", ""));
 
     // An unknown name empties the list and keeps the selection; a blank one changes nothing at all.
     searchApplication("Note");
     EXPECT_THAT(app.associatedItems(), IsEmpty());
     EXPECT_EQ(app.selectedApplication(), application);
-    EXPECT_EQ(app.statusMessage(), "No application with that name was found.");
     searchApplication(" \u2028 ");
     EXPECT_EQ(app.statusMessage(), "No application with that name was found.");
-}
 
-TEST_F(ScanWorkflowsTest, applicationWithoutFilesSaysSo)
-{
-    const auto application = disk.application("/System/Applications/Chess.app", {.identifier = "c.h.s"});
-    waitFor(scans.scan(application));
+    waitFor(scans.scan(disk.application("/System/Applications/Chess.app", {.identifier = "c.h.s"})));
     EXPECT_THAT(app.associatedItems(), IsEmpty());
     EXPECT_EQ(app.statusMessage(), "No safely associated items were found.");
 }
@@ -85,40 +87,33 @@ TEST_F(ScanWorkflowsTest, whatWasFoundForAnotherChoiceIsDropped)
 {
     const auto first = notes();
     const auto second = disk.application("/Applications/Draw.app", {.identifier = "org.draw"});
-    disk.hold();
-    app.scan(first);
-    app.selectApplication(second);
-    settle();
+    const auto during = [this](auto &&scan, auto &&meanwhile) {
+        disk.hold();
+        scan();
+        meanwhile();
+        settle();
+    };
+    const auto scanFirst = [&] { app.scan(first); };
+    during(scanFirst, [&] { app.selectApplication(second); });
     EXPECT_EQ(app.selectedApplication(), second);
     EXPECT_THAT(app.associatedItems(), IsEmpty());
     EXPECT_EQ(app.statusMessage(), QString());
 
     // Nobody asks any more; asked for again, it is wanted.
-    disk.hold();
-    app.scan(first);
-    app.selectApplication({});
-    settle();
+    during(scanFirst, [&] { app.selectApplication({}); });
     EXPECT_THAT(app.associatedItems(), IsEmpty());
-    disk.hold();
-    app.scan(first);
-    app.selectApplication({});
-    app.selectApplication(first);
-    settle();
+    during(scanFirst, [&] {
+        app.selectApplication({});
+        app.selectApplication(first);
+    });
     EXPECT_THAT(namesOf(app.associatedItems()), ElementsAre("org.notes", "Notes.app"));
 
-    disk.file("/Volumes/Disk/film.mov", 10);
+    chooseMedia(disk.file("/Volumes/Disk/film.mov", 10).parent());
     disk.file("/Volumes/Disk/page.pdf", 10);
-    chooseMedia(Url("/Volumes/Disk"));
     app.chooseTextFolder();
     chooser.folder = disk.folder("/Volumes/Other");
-    disk.hold();
-    app.scanMedia();
-    app.chooseMediaFolder();
-    settle();
-    disk.hold();
-    app.scanTextFiles();
-    app.chooseTextFolder();
-    settle();
+    during([&] { app.scanMedia(); }, [&] { app.chooseMediaFolder(); });
+    during([&] { app.scanTextFiles(); }, [&] { app.chooseTextFolder(); });
     EXPECT_THAT(app.mediaFiles(), IsEmpty());
     EXPECT_THAT(app.textFiles(), IsEmpty());
     EXPECT_EQ(app.statusMessage(), QString());
@@ -173,7 +168,7 @@ TEST_F(ScanWorkflowsTest, whatIsNotABundleWithAnIdentifierIsRefused)
     EXPECT_EQ(workspace.openGrants, 0);
 }
 
-TEST_F(ScanWorkflowsTest, leftoversLeaveOutWhatTheCatalogKnows)
+TEST_F(ScanWorkflowsTest, leftoversLeaveOutWhatTheCatalogKnowsAndGiveWayToOtherPrograms)
 {
     notes();
     disk.file("~/Library/Caches/org.gone.app", 10);
@@ -181,59 +176,65 @@ TEST_F(ScanWorkflowsTest, leftoversLeaveOutWhatTheCatalogKnows)
     EXPECT_THAT(namesOf(app.leftoverItems()), ElementsAre("org.gone.app"));
     EXPECT_EQ(app.leftoverItemModel()->selectedCount(), 0);
     EXPECT_THAT(namesOf(app.applications()), ElementsAre("Notes.app"));
-    EXPECT_EQ(app.statusMessage(), QString());
+    EXPECT_EQ(priority.timesUserInitiated, 1) << "the catalog, which the user waits for elsewhere";
+    EXPECT_EQ(priority.timesUtility, 1);
 
     disk.remove("~/Library/Caches/org.gone.app");
     waitFor(scans.scanLeftovers());
-    EXPECT_EQ(app.statusMessage(), "No items matching the safety criteria were found.");
+    EXPECT_THAT(said, ElementsAre("Loading applications…", "", "Scanning…", "", "Scanning…",
+                                  "No items matching the safety criteria were found."));
 }
 
 TEST_F(ScanWorkflowsTest, searchAnswersWithItsCountOrWhyThereIsNothing)
 {
     disk.file("~/Library/Logs/some.name");
-    const auto search = [this](const QString &query) {
+    for (const auto *query : {"some", "some.name", " Some.Name ", "a/b"}) {
         app.setLeftoverQuery(query);
         waitFor(scans.searchLeftovers());
-        return app.statusMessage();
-    };
-    EXPECT_TRUE(search(" Some.Name ").startsWith(u"Found: 1. "));
-    EXPECT_THAT(namesOf(app.leftoverItems()), ElementsAre("some.name"));
-    EXPECT_EQ(search("some"), "No item with that name was found in the supported user library folders.");
-
-    search("some.name");
-    EXPECT_EQ(search("a/b"), "Enter a valid file or folder name without path separators.");
-    EXPECT_THAT(app.leftoverItems(), IsEmpty());
+        EXPECT_EQ(app.leftoverItems().size(), QString(query).contains("ame") ? 1 : 0) << query;
+    }
+    const auto searching = QStringLiteral("Searching the user library…");
+    const auto found =
+        QStringLiteral("Found: 1. Search results are not necessarily leftovers and are unselected by default.");
+    EXPECT_THAT(said,
+                ElementsAre(searching, "No item with that name was found in the supported user library folders.",
+                            searching, found, searching, found,
+                            "Enter a valid file or folder name without path separators."));
 }
 
 TEST_F(ScanWorkflowsTest, cacheScanTakesItemsOfOneMebibyteAtLowPriority)
 {
+    // What every workflow does: it is busy before the text, and idle after the result.
+    QObject::connect(&app, &AppViewModel::isProcessingChanged,
+                     [this] { said << (app.isProcessing() ? "busy" : "idle"); });
+    QObject::connect(&app, &AppViewModel::cleanerItemsChanged, [this] { said << "items"; });
     disk.file("~/Library/Caches/exact", 1'048'576);
     disk.file("~/Library/Caches/short", 1'048'575);
     waitFor(scans.scanCleaner());
     EXPECT_THAT(namesOf(app.cleanerItems()), ElementsAre("exact"));
+    EXPECT_THAT(said, ElementsAre("busy", "Scanning…", "items", "", "idle"));
+    EXPECT_FALSE(app.progress());
     // No thread that scans at low priority does what the user waits for.
     waitFor(scans.loadApplications(true));
     EXPECT_EQ(priority.timesUtility, 1);
     EXPECT_EQ(priority.timesUserInitiated, 1);
 }
 
-TEST_F(ScanWorkflowsTest, leftoverScanGivesWayToOtherPrograms)
-{
-    waitFor(scans.scanLeftovers());
-    EXPECT_EQ(priority.timesUserInitiated, 1) << "the catalog, which the user waits for elsewhere";
-    EXPECT_EQ(priority.timesUtility, 1);
-}
-
 TEST_F(ScanWorkflowsTest, folderIsAskedForBeforeTheCategories)
 {
     for (const auto category : allCases<MediaCategory>())
         app.toggleMediaCategory(category);
+    for (const auto category : allCases<TextFileCategory>())
+        app.toggleTextFileCategory(category);
+    chooser.folder = disk.folder("/Volumes/Disk");
     app.scanMedia();
-    EXPECT_EQ(app.statusMessage(), "Choose a folder or disk first.");
-    chooseMedia(disk.folder("/Volumes/Disk"));
-    EXPECT_EQ(app.statusMessage(), QString());
+    app.chooseMediaFolder();
     app.scanMedia();
-    EXPECT_EQ(app.statusMessage(), "Select at least one file category.");
+    app.scanTextFiles();
+    app.chooseTextFolder();
+    app.scanTextFiles();
+    EXPECT_THAT(said, ElementsAre("Choose a folder or disk first.", "", "Select at least one file category.",
+                                  "Choose a folder or disk first.", "", "Select at least one file type."));
     EXPECT_FALSE(app.isProcessing());
 }
 
@@ -242,27 +243,32 @@ TEST_F(ScanWorkflowsTest, finderFindsTheChosenCategoriesAndKeepsThemUntilTheNext
     disk.file("/Volumes/Disk/film.mov", 10);
     disk.file("/Volumes/Disk/song.mp3", 20);
     disk.file("/Volumes/Disk/page.pdf", 30);
+    disk.file("/Volumes/Disk/note.txt", 40);
     app.toggleMediaCategory(MediaCategory::audio);
+    app.toggleTextFileCategory(TextFileCategory::plainText);
     chooseMedia(Url("/Volumes/Disk"));
+    app.chooseTextFolder();
     waitFor(scans.scanMedia());
-    EXPECT_THAT(namesOf(app.mediaFiles()), ElementsAre("film.mov"));
-    EXPECT_EQ(app.statusMessage(), "Files found: 1.");
-
+    waitFor(scans.scanTextFiles());
     app.toggleMediaCategory(MediaCategory::video);
     chooseMedia(std::nullopt);
-    EXPECT_EQ(app.mediaFiles().size(), 1);
-    EXPECT_EQ(app.selectedMediaFolder(), Url("/Volumes/Disk"));
-
-    chooser.folder = Url("/Volumes/Disk");
     app.chooseTextFolder();
-    waitFor(scans.scanTextFiles());
+    EXPECT_THAT(namesOf(app.mediaFiles()), ElementsAre("film.mov"));
     EXPECT_THAT(namesOf(app.textFiles()), ElementsAre("page.pdf"));
+    EXPECT_EQ(app.selectedMediaFolder(), Url("/Volumes/Disk"));
+    EXPECT_EQ(app.selectedTextFolder(), Url("/Volumes/Disk"));
 
     chooseMedia(disk.folder("/Volumes/Other"));
     EXPECT_THAT(app.mediaFiles(), IsEmpty());
     EXPECT_EQ(app.textFiles().size(), 1);
+    app.chooseTextFolder();
+    EXPECT_THAT(app.textFiles(), IsEmpty());
     waitFor(scans.scanMedia());
-    EXPECT_EQ(app.statusMessage(), "No files of the selected types were found.");
+    waitFor(scans.scanTextFiles());
+    EXPECT_THAT(said,
+                ElementsAre("Scanning media files…", "Files found: 1.", "Scanning text files…", "Files found: 1.",
+                            "", "Scanning media files…", "No files of the selected types were found.",
+                            "Scanning text files…", "No files of the selected types were found."));
 }
 
 TEST_F(ScanWorkflowsTest, whileOneRunsAnotherStillDoesWhatComesBeforeItsBusyCheck)
