@@ -4,6 +4,7 @@
 #include "TestDisk.h"
 
 #include <gmock/gmock.h>
+#include <tuple>
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -86,13 +87,6 @@ TEST_F(PrivilegedHelperClientTest, installationIsCheckedInItsOrder)
 
 TEST_F(PrivilegedHelperClientTest, statusDecidesBeforeAndAfterRegistration)
 {
-    struct Row
-    {
-        QList<int> statuses;
-        std::optional<QString> registrationError;
-        QString failure;
-        int registrations;
-    };
     const auto unregistered = [](const QString &status) {
         return connectionText
                + "Helper został znaleziony w paczce aplikacji, ale macOS nie zarejestrował usługi. Status: "
@@ -101,7 +95,8 @@ TEST_F(PrivilegedHelperClientTest, statusDecidesBeforeAndAfterRegistration)
     const auto rejected = [](const QString &status) {
         return connectionText + "Rejestracja helpera nie powiodła się. Status: " + status + ". Błąd: denied";
     };
-    const Row rows[] = {
+    // Statuses, the error of the registration, what comes of it, registrations.
+    const std::tuple<QList<int>, std::optional<QString>, QString, int> rows[] = {
         {{1}, {}, "none", 0},
         {{2}, {}, approvalText, 0},
         {{7}, {}, connectionText + "Nieznany status SMAppService dla helpera administratora.", 0},
@@ -116,14 +111,14 @@ TEST_F(PrivilegedHelperClientTest, statusDecidesBeforeAndAfterRegistration)
         {{0, 0}, "denied", rejected("0"), 1},
         {{3, 7}, "denied", rejected("7"), 1},
     };
-    for (const auto &row : rows) {
+    for (const auto &[statuses, registrationError, outcome, registrations] : rows) {
         service = {};
-        service.statuses = row.statuses;
-        service.registrationError = row.registrationError;
-        EXPECT_EQ(failure(), row.failure);
-        EXPECT_EQ(service.registrations, row.registrations) << qPrintable(row.failure);
-        EXPECT_EQ(service.timesSettingsOpened, row.failure == approvalText ? 1 : 0) << qPrintable(row.failure);
-        EXPECT_EQ(service.requests.size(), row.failure == "none" ? 1 : 0) << qPrintable(row.failure);
+        service.statuses = statuses;
+        service.registrationError = registrationError;
+        EXPECT_EQ(failure(), outcome);
+        EXPECT_EQ(service.registrations, registrations) << qPrintable(outcome);
+        EXPECT_EQ(service.timesSettingsOpened, outcome == approvalText ? 1 : 0) << qPrintable(outcome);
+        EXPECT_EQ(service.requests.size(), outcome == "none" ? 1 : 0) << qPrintable(outcome);
     }
 }
 

@@ -128,12 +128,7 @@ TEST_F(TrashServiceTest, itemsAreMovedOneAfterAnotherUnderTheUrlsAsTheyWereGiven
 
 TEST_F(TrashServiceTest, whatTheTrashSaysCountsOnlyWhileTheItemIsThere)
 {
-    struct Row
-    {
-        FakeWorkspace::Reaction reaction;
-        QString description;
-    };
-    const Row rows[] = {
+    const std::pair<FakeWorkspace::Reaction, QString> rows[] = {
         {{.moves = true, .confirms = true}, "moved"},
         {{.moves = true, .confirms = false}, "moved"},
         {{.moves = true, .confirms = false, .error = refused}, "moved"},
