@@ -31,13 +31,11 @@ public:
             ::_exit(1);
         if (m_manner == QLatin1String("refuses"))
             return connection.send(request.createErrorReply(QDBusError::AccessDenied, "Not for you"));
-        if (m_manner == QLatin1String("slow"))
+        if (m_manner == QLatin1String("slow")) {
             QTimer::singleShot(30'000, Qt::PreciseTimer, this,
-                               [=, this] { connection.send(request.createReply(answer(paths))); });
-        if (m_manner == QLatin1String("silent") || m_manner == QLatin1String("slow"))
+                               [=] { connection.send(request.createReply(answer(paths))); });
             return true;
-        if (m_manner == QLatin1String("nothing"))
-            return connection.send(request.createReply());
+        }
         if (m_manner == QLatin1String("moves"))
             return connection.send(
                 request.createReply(QVariant::fromValue(move(paths, request.arguments().value(1)))));
@@ -62,18 +60,9 @@ private:
         return messages;
     }
 
-    QVariant answer(const QStringList &paths) const
+    static QVariant answer(const QStringList &paths)
     {
-        if (m_manner == QLatin1String("numbers"))
-            return QVariantMap{{paths.value(0), 1}};
-        Messages messages;
-        if (m_manner == QLatin1String("foreign"))
-            messages.insert("/etc/passwd", QString());
-        if (m_manner != QLatin1String("empty"))
-            messages.insert(paths.value(0), QString());
-        if (m_manner == QLatin1String("full") || m_manner == QLatin1String("slow"))
-            messages.insert(paths.value(1), "It is in use.");
-        return QVariant::fromValue(messages);
+        return QVariant::fromValue(Messages{{paths.value(0), {}}, {paths.value(1), "It is in use."}});
     }
 
     QString m_manner;
