@@ -20,7 +20,7 @@ AlertPanel {
 
     PushButton {
         text: Texts.of("move_to_trash")
-        ink: Theme.tints.red
+        ink: Theme.destructiveInk
         onClicked: confirmation.accept()
     }
 

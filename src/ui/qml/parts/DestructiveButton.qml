@@ -4,4 +4,6 @@ PushButton {
     fill: Theme.destructiveFill
     edge: "transparent"
     ink: Theme.inkOnFill
+    hoverWash: Theme.fillHoverWash
+    pressWash: Theme.fillPressWash
 }

@@ -4,4 +4,6 @@ PushButton {
     fill: Theme.prominentFill
     edge: "transparent"
     ink: Theme.inkOnFill
+    hoverWash: Theme.fillHoverWash
+    pressWash: Theme.fillPressWash
 }

@@ -9,6 +9,8 @@ BaseButton {
     property color fill: Theme.controlFill
     property color edge: Theme.controlEdge
     property color ink: Theme.primary
+    property color hoverWash: Theme.hoverWash
+    property color pressWash: Theme.pressWash
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: Theme.controlHeight
@@ -53,7 +55,7 @@ BaseButton {
         ContinuousRectangle {
             anchors.fill: parent
             radius: parent.radius
-            color: button.down ? Theme.pressWash : button.hovered ? Theme.hoverWash : "transparent"
+            color: button.down ? button.pressWash : button.hovered ? button.hoverWash : "transparent"
         }
 
         FocusRing {

@@ -11,8 +11,8 @@ QtObject {
 
     // Text and symbols
     readonly property color primary: dark ? "#f2f2f5" : "#1d1d20"
-    readonly property color secondary: dark ? "#a3a3ab" : "#66666e"
-    readonly property color placeholder: dark ? "#85858d" : "#76767e"
+    readonly property color secondary: dark ? "#a3a3ab" : "#606068"
+    readonly property color placeholder: dark ? "#87878f" : "#75757d"
     readonly property color inkOnFill: "#ffffff"
     readonly property color accent: dark ? "#4d9dff" : "#0a66e4"
 
@@ -33,16 +33,20 @@ QtObject {
     readonly property color controlFill: dark ? "#3a3a40" : "#ffffff"
     readonly property color plainButtonFill: dark ? "#44444b" : "#e8e8ee"
     readonly property color controlEdge: withOpacity(primary, dark ? 0.14 : 0.16)
-    readonly property color checkEdge: withOpacity(primary, 0.34)
+    readonly property color checkEdge: withOpacity(primary, dark ? 0.4 : 0.5)
     readonly property color fieldFill: dark ? "#202024" : "#ffffff"
     readonly property color trackFill: dark ? "#1a1a1d" : "#e9e9ee"
     readonly property color segmentFill: dark ? "#4a4a52" : "#ffffff"
-    readonly property color prominentFill: dark ? "#1f74e8" : "#0a66e4"
+    readonly property color prominentFill: dark ? "#1d70e2" : "#0a66e4"
     readonly property color destructiveFill: dark ? "#d63a40" : "#d12a2f"
     readonly property color hoverWash: withOpacity(primary, 0.05)
     readonly property color pressWash: withOpacity(primary, 0.12)
-    readonly property color focusRing: withOpacity(accent, dark ? 0.75 : 0.6)
-    readonly property color scrollThumb: withOpacity(primary, 0.28)
+    readonly property color fillHoverWash: "#14000000"
+    readonly property color fillPressWash: "#33000000"
+    readonly property color destructiveInk: dark ? "#ff958f" : tints.red
+    readonly property color focusRing: withOpacity(accent, dark ? 0.75 : 0.85)
+    readonly property color scrollThumb: withOpacity(primary, dark ? 0.4 : 0.5)
+    readonly property color scrollThumbInHand: withOpacity(primary, 0.65)
     readonly property real disabledOpacity: 0.42
     readonly property real tileOpacity: 0.13
     readonly property real cardShadowOpacity: dark ? 0.22 : 0.04
@@ -54,18 +58,18 @@ QtObject {
 
     // Gauges
     readonly property GaugeShades chargeShades: GaugeShades {
-        top: "#6fe08a"
-        bottom: "#1fae4b"
+        top: theme.dark ? "#6fe08a" : "#2a9d4d"
+        bottom: theme.dark ? "#1fae4b" : "#177f38"
         symbol: theme.tints.green
     }
     readonly property GaugeShades storageShades: GaugeShades {
-        top: "#5cb8ff"
-        bottom: "#1a6ff0"
+        top: theme.dark ? "#5cb8ff" : "#358be0"
+        bottom: theme.dark ? "#3a86ff" : "#1a6ff0"
         symbol: theme.tints.blue
     }
     readonly property GaugeShades memoryShades: GaugeShades {
-        top: "#c79bff"
-        bottom: "#8140e6"
+        top: theme.dark ? "#c79bff" : "#a06be8"
+        bottom: theme.dark ? "#a06cf5" : "#8140e6"
         symbol: theme.tints.purple
     }
     readonly property color gaugeTrack: withOpacity(primary, dark ? 0.1 : 0.07)
@@ -129,6 +133,8 @@ QtObject {
     readonly property int lineWidth: 1
     readonly property int gaugeCardWidth: 390
     readonly property int checkSide: 16
+    /// What a list leaves free at its end.
+    readonly property int scrollBarWidth: 12
     readonly property int pillWidth: 176
     readonly property int segmentWidth: 71
     readonly property int focusWidth: 3
@@ -144,7 +150,7 @@ QtObject {
         readonly property color indigo: theme.dark ? "#8583f5" : "#5350d4"
         readonly property color purple: theme.dark ? "#c586f2" : "#9440c4"
         readonly property color gray: theme.dark ? "#a3a3ab" : "#6b6b73"
-        readonly property color orange: theme.dark ? "#ff9f2e" : "#c65d00"
+        readonly property color orange: theme.dark ? "#ff9f2e" : "#bf5900"
         readonly property color cyan: theme.dark ? "#5ac3f5" : "#0676ad"
         readonly property color red: theme.dark ? "#ff6961" : "#cf2a22"
     }

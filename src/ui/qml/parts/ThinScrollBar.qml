@@ -5,18 +5,20 @@ import QtQuick.Templates as T
 T.ScrollBar {
     id: bar
 
-    implicitWidth: 11
-    implicitHeight: 11
-    padding: 2
+    readonly property bool isInHand: hovered || pressed
+
+    implicitWidth: Theme.scrollBarWidth
+    implicitHeight: Theme.scrollBarWidth
+    // Thin until it is reached for.
+    padding: isInHand ? Theme.tight : Theme.small
     minimumSize: 0.08
     Accessible.ignored: true
     visible: policy === T.ScrollBar.AlwaysOn || size < 1
 
     contentItem: Rectangle {
-        implicitWidth: 7
-        implicitHeight: 7
-        radius: 3.5
-        color: Theme.scrollThumb
-        opacity: bar.pressed ? 1 : bar.active || bar.hovered ? 0.8 : 0.45
+        implicitWidth: 4
+        implicitHeight: 4
+        radius: width / 2
+        color: bar.isInHand ? Theme.scrollThumbInHand : Theme.scrollThumb
     }
 }
