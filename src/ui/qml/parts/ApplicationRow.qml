@@ -31,7 +31,7 @@ Item {
     ContinuousRectangle {
         anchors {
             fill: parent
-            rightMargin: Theme.medium
+            rightMargin: Theme.scrollBarWidth
         }
         radius: Theme.rowRadius
         color: row.selected ? Theme.accentWash : hover.hovered ? Theme.hoverWash : "transparent"
@@ -43,7 +43,7 @@ Item {
         anchors {
             fill: parent
             leftMargin: Theme.regular
-            rightMargin: Theme.medium + Theme.rowSpacing
+            rightMargin: Theme.scrollBarWidth + Theme.rowSpacing
         }
         spacing: Theme.rowSpacing
 
@@ -55,20 +55,18 @@ Item {
             Layout.fillWidth: true
             spacing: Theme.tight
 
-            PlainText {
+            ElidedText {
                 Layout.fillWidth: true
                 text: row.name
                 font: Theme.rowTitle
                 elide: Text.ElideRight
-                maximumLineCount: 1
                 Accessible.ignored: true
             }
 
-            PlainText {
+            Figures {
                 text: row.sizeText
                 font: Theme.caption
                 color: Theme.secondary
-                Accessible.ignored: true
             }
         }
 

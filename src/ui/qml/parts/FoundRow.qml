@@ -36,20 +36,20 @@ Item {
     ContinuousRectangle {
         anchors {
             fill: parent
-            leftMargin: Theme.regular
-            rightMargin: Theme.regular
+            leftMargin: Theme.scrollBarWidth
+            rightMargin: Theme.scrollBarWidth
         }
         radius: Theme.rowRadius
         color: row.isCurrent ? Theme.accentWash : hover.hovered ? Theme.hoverWash : "transparent"
-        borderColor: row.isCurrent ? Theme.accentEdge : "transparent"
-        borderWidth: Theme.lineWidth
+        borderColor: row.isCurrent ? Theme.focusRing : "transparent"
+        borderWidth: 2 * Theme.lineWidth
     }
 
     RowLayout {
         anchors {
             fill: parent
-            leftMargin: Theme.large
-            rightMargin: Theme.large + Theme.tight
+            leftMargin: Theme.cardPadding
+            rightMargin: Theme.cardPadding
             topMargin: Theme.tight
             bottomMargin: Theme.tight
         }
@@ -91,13 +91,11 @@ Item {
             }
         }
 
-        PlainText {
+        Figures {
             Layout.leftMargin: Theme.regular
-            horizontalAlignment: Text.AlignRight
             text: row.sizeText
             font: Theme.caption
             color: Theme.secondary
-            Accessible.ignored: true
         }
 
         Row {

@@ -50,12 +50,10 @@ ContinuousRectangle {
                 Accessible.ignored: true
             }
 
-            PlainText {
+            Figures {
                 Layout.fillWidth: true
-                elide: Text.ElideRight
                 text: pill.value
                 font: Theme.headline
-                Accessible.ignored: true
             }
         }
     }

@@ -91,13 +91,16 @@ UtilityCard {
         RowLayout {
             Layout.fillWidth: true
             Layout.margins: Theme.medium
-            Layout.leftMargin: Theme.large
+            Layout.leftMargin: Theme.cardPadding
 
-            PlainText {
+            Figures {
                 Layout.fillWidth: true
                 text: Texts.filled("selected_size", [view.items.selectedSizeText])
                 font: Theme.calloutSemibold
-                wrapMode: Text.Wrap
+                wrapMode: TextEdit.Wrap
+                Accessible.ignored: false
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
             }
 
             DestructiveButton {
