@@ -141,7 +141,8 @@ TEST(Drawing, aDividerThatMovesIsAsThickEverywhereAndLeavesNothingBehind)
         const auto picture = scene.picture();
         const auto line = drawnAt(23, y, 301, 1);
         for (int row = 0; row < picture.height(); ++row)
-            ASSERT_EQ(picture.pixelColor(100, row), QColor(row >= line.top() && row <= line.bottom() ? Qt::red : Qt::white))
+            ASSERT_EQ(picture.pixelColor(100, row),
+                      QColor(row >= line.top() && row <= line.bottom() ? Qt::red : Qt::white))
                 << "row " << row << ", y " << y;
     }
 }

@@ -27,7 +27,8 @@ QList<QQuickItem *> visibleItems(QQuickItem *item)
 QList<QQuickItem *> textItems(QQuickItem *item)
 {
     auto items = visibleItems(item);
-    items.removeIf([](QQuickItem *any) { return !any->inherits("QQuickText"); });
+    items.removeIf(
+        [](QQuickItem *any) { return !any->inherits("QQuickText") && !any->inherits("QQuickTextEdit"); });
     return items;
 }
 
@@ -195,6 +196,27 @@ QStringList ScreenBench::clippedTexts(QQuickItem *item)
             texts.append(text->property("text").toString());
     }
     return texts;
+}
+
+QStringList ScreenBench::textsUnder(QQuickItem *item)
+{
+    const auto place = item->mapRectToScene(item->boundingRect());
+    QStringList texts;
+    for (auto *text : textItems(item->window()->contentItem())) {
+        const QSizeF size(text->property("contentWidth").toReal(), text->property("contentHeight").toReal());
+        if (text->mapRectToScene(QRectF({}, size)).intersects(place))
+            texts.append(text->property("text").toString());
+    }
+    return texts;
+}
+
+QQuickItem *ScreenBench::scrollBar(QQuickItem *item)
+{
+    for (auto *any : visibleItems(item)) {
+        if (any->inherits("QQuickScrollBar"))
+            return any;
+    }
+    return nullptr;
 }
 
 double ScreenBench::rightEdge(QQuickItem *item)

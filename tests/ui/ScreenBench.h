@@ -67,6 +67,10 @@ public:
     Q_INVOKABLE static QStringList texts(QQuickItem *item);
     /// Those of them that do not fit into their place, or would be taken for markup.
     Q_INVOKABLE static QStringList clippedTexts(QQuickItem *item);
+    /// The texts in its window that `item` lies over, or would.
+    Q_INVOKABLE static QStringList textsUnder(QQuickItem *item);
+    /// The first scroll bar that shows below `item`; null when there is none.
+    Q_INVOKABLE static QQuickItem *scrollBar(QQuickItem *item);
     /// Where the text that reaches farthest ends.
     Q_INVOKABLE static double rightEdge(QQuickItem *item);
 

@@ -26,6 +26,21 @@ Item {
         }
     }
 
+    Component {
+        id: noticeAlert
+
+        NoticeAlert {
+        }
+    }
+
+    Component {
+        id: figures
+
+        Figures {
+            font.family: "Inter"
+        }
+    }
+
     TestCase {
         id: test
 
@@ -125,6 +140,72 @@ Item {
                     }
                 }
             }
+        }
+
+        function test_theBusyPlateLeavesTheTitlesFree() {
+            bench.holdDisk();
+            app.scanCleaner();
+            const plate = bench.control(root, app.statusMessage).parent;
+            for (const language of [Tarnvale.AppLanguage.polish, Tarnvale.AppLanguage.english]) {
+                app.language = language;
+                for (let section = 0; section < Presentation.sections.length; ++section) {
+                    go(section);
+                    compare(bench.textsUnder(plate), []);
+                }
+            }
+            bench.releaseDisk();
+            settle();
+        }
+
+        function test_aNoticeScrollsWhereItIsLongAndOnlyThere() {
+            const notice = createTemporaryObject(noticeAlert, root);
+            const tell = lines => notice.tell({
+                    "title": "Title",
+                    "message": Array(lines).fill("Words of a line").join("\n")
+                });
+            for (let lines = 1; lines < 10; ++lines) {
+                tell(lines);
+                waitForRendering(root);
+                verify(!bench.scrollBar(notice.contentItem), lines + " lines");
+            }
+            tell(100);
+            tryVerify(() => bench.scrollBar(notice.contentItem));
+            const bar = bench.scrollBar(notice.contentItem);
+            for (const [key, isAtEnd] of [[Qt.Key_End, true], [Qt.Key_Home, false], [Qt.Key_PageDown, false]]) {
+                keyClick(key);
+                tryVerify(() => (bar.position + bar.size > 0.99) === isAtEnd);
+            }
+            verify(bar.position > 0);
+            notice.close();
+        }
+
+        function test_numbersStayAsWideWhileTheirDigitsChange() {
+            const widths = ["4111.1 MB", "4888.8 MB"].map(text => createTemporaryObject(figures, root, {
+                        "text": text
+                    }).implicitWidth);
+            fuzzyCompare(widths[0], widths[1], 0.25);
+        }
+
+        function test_theListOfApplicationsEndsOnWholeRows() {
+            for (let number = 0; number < 40; ++number)
+                bench.installApplication("/Applications/Application " + number + ".app", "org.number" + number);
+            app.loadApplications(true);
+            settle();
+            keyClick(Qt.Key_3, Qt.ControlModifier);
+            tryVerify(() => keyboard().ListView.view);
+            const list = keyboard().ListView.view;
+            for (const height of [700, 640]) {
+                root.height = height;
+                waitForRendering(root);
+                compare(list.height % list.rowHeight, 0);
+                verify(list.parent.height - list.height < list.rowHeight);
+            }
+            mouseWheel(list, 50, 50, 0, -150);
+            tryVerify(() => !list.moving && list.contentY > 0 && list.contentY % list.rowHeight === 0);
+            const width = list.width;
+            root.width = 1600;
+            waitForRendering(root);
+            verify(list.width > width);
         }
 
         function test_theDashboardIsReadWheneverItIsShownAndNotForALanguage() {

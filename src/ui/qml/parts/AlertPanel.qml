@@ -29,6 +29,7 @@ T.Dialog {
         Accessible.role: Accessible.AlertMessage
         Accessible.name: panel.title
         Accessible.description: panel.message
+        Keys.onPressed: event => area.scrollByKey(event)
 
         IconTile {
             Layout.alignment: Qt.AlignTop
@@ -52,20 +53,18 @@ T.Dialog {
                 Accessible.role: Accessible.Heading
             }
 
-            Flickable {
+            ScrollArea {
+                id: area
+
                 Layout.fillWidth: true
-                Layout.preferredHeight: body.implicitHeight
+                Layout.preferredHeight: Math.ceil(body.implicitHeight)
                 Layout.maximumHeight: 340
                 contentHeight: body.implicitHeight
-                boundsBehavior: Flickable.StopAtBounds
-                clip: true
-                T.ScrollBar.vertical: ThinScrollBar {
-                }
 
                 PlainText {
                     id: body
 
-                    width: parent.width - Theme.medium
+                    width: parent.width - Theme.scrollBarWidth
                     text: panel.message
                     color: Theme.secondary
                     lineHeight: Theme.paragraphLineHeight

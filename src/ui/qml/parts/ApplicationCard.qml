@@ -27,21 +27,17 @@ UtilityCard {
             Layout.fillWidth: true
             spacing: 3
 
-            PlainText {
+            ElidedText {
                 Layout.fillWidth: true
                 text: card.application?.name ?? ""
                 font: Theme.title3
-                elide: Text.ElideMiddle
-                maximumLineCount: 1
             }
 
-            PlainText {
+            ElidedText {
                 Layout.fillWidth: true
                 text: card.application?.bundleIdentifier ?? ""
                 font: Theme.captionMonospaced
                 color: Theme.secondary
-                elide: Text.ElideMiddle
-                maximumLineCount: 1
             }
         }
 

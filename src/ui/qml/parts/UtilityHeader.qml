@@ -9,11 +9,13 @@ RowLayout {
     required property sidebarSection section
     property string subtitle
     default property alias actions: actionRow.data
+    /// Where the title ends, from the heading's left edge.
+    readonly property real titleEnd: texts.x + Math.min(titleText.implicitWidth, titleText.width)
 
     spacing: Theme.blockSpacing
 
     ContinuousRectangle {
-        Layout.alignment: Qt.AlignTop
+        Layout.alignment: Qt.AlignVCenter
         implicitWidth: Theme.largeTileSide
         implicitHeight: Theme.largeTileSide
         radius: Theme.largeTileRadius
@@ -29,11 +31,15 @@ RowLayout {
     }
 
     ColumnLayout {
+        id: texts
+
         Layout.fillWidth: true
         Layout.alignment: Qt.AlignVCenter
         spacing: Theme.small
 
         PlainText {
+            id: titleText
+
             Layout.fillWidth: true
             text: Texts.of(header.section.headingKey)
             font: Theme.screenTitle
@@ -54,8 +60,7 @@ RowLayout {
     RowLayout {
         id: actionRow
 
-        Layout.alignment: Qt.AlignTop
-        Layout.preferredHeight: Theme.largeTileSide
+        Layout.alignment: Qt.AlignVCenter
         spacing: Theme.regular
     }
 }

@@ -26,7 +26,6 @@ Item {
             spacing: Theme.blockSpacing
 
             BundleIcon {
-                Layout.alignment: Qt.AlignTop
                 size: 56
                 uri: detail.application?.url.uri ?? ""
             }
@@ -35,7 +34,7 @@ Item {
                 Layout.fillWidth: true
                 spacing: 3
 
-                PlainText {
+                ElidedText {
                     Layout.fillWidth: true
                     text: detail.application?.name ?? ""
                     font: Theme.detailTitle
@@ -45,27 +44,35 @@ Item {
                     Accessible.role: Accessible.Heading
                 }
 
-                PlainText {
+                ElidedText {
                     Layout.fillWidth: true
                     text: detail.application?.bundleIdentifier ?? ""
                     font: Theme.captionMonospaced
                     color: Theme.secondary
-                    elide: Text.ElideMiddle
-                    maximumLineCount: 1
                 }
             }
         }
 
         ColumnLayout {
+            id: facts
+
+            readonly property real column: Math.max(sizeLine.labelWidth, pathLine.labelWidth)
+
             spacing: Theme.small
 
             LabelledText {
+                id: sizeLine
+
+                column: facts.column
                 label: Texts.of("size")
                 value: Presentation.sizeText(detail.application?.sizeBytes ?? 0)
             }
 
             LabelledText {
+                id: pathLine
+
                 Layout.fillWidth: true
+                column: facts.column
                 label: Texts.of("path")
                 value: detail.application ? detail.application.fileName + " — " + detail.application.folder : ""
             }

@@ -9,6 +9,9 @@ RowList {
 
     model: viewModel.applications
     rowHeight: Theme.applicationRowHeight
+    topMargin: 0
+    bottomMargin: 0
+    snapMode: ListView.SnapToItem
     Accessible.name: Texts.of("applications")
     onGoTo: row => {
         makeCurrent(row);
@@ -20,6 +23,11 @@ RowList {
     Keys.onPressed: event => {
         if (typed(event.text))
             event.accepted = true;
+    }
+
+    /// The most of this height that no row is cut by.
+    function wholeRows(height: real): real {
+        return Math.floor(height / rowHeight) * rowHeight;
     }
 
     function showSelected() {

@@ -54,8 +54,9 @@ SectionView {
             ApplicationList {
                 id: list
 
-                Layout.preferredWidth: 236
-                Layout.fillHeight: true
+                Layout.alignment: Qt.AlignTop
+                Layout.preferredWidth: Math.min(Math.max(236, parent.width / 4), 340)
+                Layout.preferredHeight: wholeRows(parent.height)
                 viewModel: view.viewModel
             }
 

@@ -87,11 +87,9 @@ FocusKeeper {
             }
 
             BusyPlate {
-                anchors {
-                    horizontalCenter: parent.horizontalCenter
-                    top: parent.top
-                    topMargin: Theme.regular
-                }
+                // In the middle, or behind a title that reaches there.
+                x: Math.max((parent.width - width) / 2, ((screen.item as SectionView)?.titleEnd ?? 0) + Theme.regular)
+                y: Theme.regular
                 visible: content.viewModel.isProcessing
                 name: content.viewModel.statusMessage
             }

@@ -23,6 +23,7 @@ SectionView {
     signal revealAskedFor(int row)
 
     main: list
+    titleEnd: Theme.screenPadding + header.titleEnd
     canRefresh: canScan
     onRefresh: scanAskedFor()
 
@@ -34,6 +35,8 @@ SectionView {
         spacing: Theme.blockSpacing
 
         UtilityHeader {
+            id: header
+
             Layout.fillWidth: true
             Layout.bottomMargin: Theme.small
             section: view.section

@@ -11,6 +11,8 @@ FocusScope {
     required property Item main
     /// Whether `refresh` may come: a key asks to scan or to read again.
     property bool canRefresh: viewModel.canScan
+    /// Where a long title ends that the busy plate has to leave free.
+    property real titleEnd: 0
 
     signal refresh
 
