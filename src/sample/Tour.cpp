@@ -75,6 +75,7 @@ void Tour::visitEverything(AppLanguage language, QSize size)
     visitCleaner();
     visitMedia();
     visitDocuments();
+    visitComputerWithoutBattery();
 }
 
 void Tour::visitDashboard()
@@ -84,6 +85,8 @@ void Tour::visitDashboard()
            QStringLiteral("the computer is read when the screen is shown"));
     keepPicture(QStringLiteral("dashboard"));
     press(QStringLiteral("refresh"));
+    m_robot.press(Qt::Key_End);
+    keepPicture(QStringLiteral("dashboard-end"));
 }
 
 void Tour::visitEmptyUninstaller()
@@ -100,17 +103,14 @@ void Tour::visitApplications()
     say(QStringLiteral("Applications"));
     show(SidebarSelection::applications);
     keepPicture(QStringLiteral("applications-not-scanned"));
-    press(QStringLiteral("scan"));
-    keepInstant(QStringLiteral("applications-loading"));
-    waitUntilIdle();
+    workOn(QStringLiteral("applications-loading"), [&] { press(QStringLiteral("scan")); });
     say(QStringLiteral("  %1 applications").arg(m_viewModel.applications().size()));
     expect(m_viewModel.applications().size() == 16, QStringLiteral("every application of the folders is listed"));
     keepPicture(QStringLiteral("applications"));
 
     click(QAccessible::ListItem, QStringLiteral("Fjord Browser"));
     keepPicture(QStringLiteral("applications-selected"));
-    press(QStringLiteral("scan_related"));
-    waitUntilIdle();
+    workOn(QStringLiteral("applications-scanning"), [&] { press(QStringLiteral("scan_related")); });
     say(QStringLiteral("  Fjord Browser: ") + summary(m_viewModel.associatedItems()));
     bool onlyItsOwn = !m_viewModel.associatedItems().isEmpty();
     for (const auto &item : m_viewModel.associatedItems())
@@ -129,9 +129,7 @@ void Tour::uninstallByName()
            QStringLiteral("a name that nothing has is answered in words"));
     keepPicture(QStringLiteral("uninstaller-nothing-found"));
 
-    searchApplication(QStringLiteral("lumen.APP"));
-    keepInstant(QStringLiteral("uninstaller-searching"));
-    waitUntilIdle();
+    workOn(QStringLiteral("uninstaller-searching"), [&] { searchApplication(QStringLiteral("lumen.APP")); });
     say(QStringLiteral("  Lumen: ") + summary(m_viewModel.associatedItems()));
     expect(m_viewModel.associatedItems().size() == 17, QStringLiteral("one item of every kind is found"));
     keepPicture(QStringLiteral("uninstaller-results"));
@@ -155,7 +153,8 @@ void Tour::uninstallByName()
 
     say(QStringLiteral("  before: %1 items in the Trash").arg(trashCount()));
     keepPicture(QStringLiteral("uninstaller-cancelled"));
-    removeSelected();
+    press(QStringLiteral("delete_selected"));
+    workOn(QStringLiteral("uninstaller-removing"), [&] { press(QStringLiteral("move_to_trash")); });
     say(QStringLiteral("  after: %1 items in the Trash; “%2”").arg(trashCount()).arg(m_viewModel.statusMessage()));
     expect(trashCount() == tickedBefore && m_viewModel.lastReport()
                && m_viewModel.lastReport()->deletedCount == tickedBefore,
@@ -218,8 +217,7 @@ void Tour::visitLeftovers()
     say(QStringLiteral("Leftovers"));
     show(SidebarSelection::leftovers);
     keepPicture(QStringLiteral("leftovers-empty"));
-    press(QStringLiteral("scan"));
-    waitUntilIdle();
+    workOn(QStringLiteral("leftovers-scanning"), [&] { press(QStringLiteral("scan")); });
     say(QStringLiteral("  ") + summary(m_viewModel.leftoverItems()));
     expect(m_viewModel.leftoverItems().size() == 6 && m_viewModel.leftoverItemModel()->selectedCount() == 0,
            QStringLiteral("what applications left is found and not ticked"));
@@ -249,8 +247,7 @@ void Tour::visitCleaner()
     say(QStringLiteral("Cache & Logs"));
     show(SidebarSelection::cleaner);
     keepPicture(QStringLiteral("cleaner-empty"));
-    press(QStringLiteral("scan"));
-    waitUntilIdle();
+    workOn(QStringLiteral("cleaner-scanning"), [&] { press(QStringLiteral("scan")); });
     say(QStringLiteral("  ") + summary(m_viewModel.cleanerItems()));
     bool noneOfTheSystem = !m_viewModel.cleanerItems().isEmpty();
     for (const auto &item : m_viewModel.cleanerItems())
@@ -274,8 +271,7 @@ void Tour::visitMedia()
     press(QStringLiteral("media_choose_folder"));
     waitUntilIdle();
     keepPicture(QStringLiteral("media-folder-chosen"));
-    press(QStringLiteral("scan"));
-    waitUntilIdle();
+    workOn(QStringLiteral("media-scanning"), [&] { press(QStringLiteral("scan")); });
     say(QStringLiteral("  %1 files; “%2”").arg(m_viewModel.mediaFiles().size()).arg(m_viewModel.statusMessage()));
     expect(m_viewModel.mediaFiles().size() == 9,
            QStringLiteral("media outside of packages, links and hidden files are found"));
@@ -291,11 +287,22 @@ void Tour::visitDocuments()
     press(QStringLiteral("text_choose_folder"));
     waitUntilIdle();
     click(QAccessible::CheckBox, text(QStringLiteral("text_pdf")));
-    press(QStringLiteral("scan"));
-    waitUntilIdle();
+    workOn(QStringLiteral("documents-scanning"), [&] { press(QStringLiteral("scan")); });
     say(QStringLiteral("  %1 files; “%2”").arg(m_viewModel.textFiles().size()).arg(m_viewModel.statusMessage()));
     expect(m_viewModel.textFiles().size() == 6, QStringLiteral("documents of the ticked kinds are found"));
     keepPicture(QStringLiteral("documents-results"));
+}
+
+void Tour::visitComputerWithoutBattery()
+{
+    say(QStringLiteral("Dashboard of a computer without a battery"));
+    QDir(m_disk.computerPath() + QStringLiteral("/sys/class/power_supply/BAT0")).removeRecursively();
+    show(SidebarSelection::dashboard);
+    const auto isKnown = [&] { return !m_viewModel.dashboardSnapshot()->battery; };
+    for (int refreshes = 0; refreshes < 5 && !Robot::waitUntil(isKnown, 1000); ++refreshes)
+        press(QStringLiteral("refresh"));
+    expect(isKnown(), QStringLiteral("a battery that is gone is not shown"));
+    keepPicture(QStringLiteral("dashboard-without-battery"));
 }
 
 void Tour::show(SidebarSelection section)
@@ -324,6 +331,23 @@ Url Tour::onHost(const QByteArray &path) const
     return Url(m_disk.folder().toUtf8() + path);
 }
 
+void Tour::workOn(const QString &name, const std::function<void()> &begin)
+{
+    QImage picture;
+    const auto look = [&] {
+        if (picture.isNull() && m_viewModel.isProcessing())
+            picture = m_robot.picture();
+    };
+    // Queued as the work begins, it comes before anything that the background sends: what is worked on cannot end first.
+    const auto watch =
+        QObject::connect(&m_viewModel, &AppViewModel::isProcessingChanged, &m_window, look, Qt::QueuedConnection);
+    begin();
+    expect(Robot::waitUntil([&] { return !picture.isNull(); }, 5'000), QStringLiteral("the work begins"));
+    QObject::disconnect(watch);
+    keep(picture, name);
+    waitUntilIdle();
+}
+
 void Tour::waitUntilIdle()
 {
     expect(Robot::waitUntil([&] { return !m_viewModel.isProcessing(); }),
@@ -348,13 +372,13 @@ void Tour::click(QAccessible::Role role, const QString &name)
 void Tour::keepPicture(const QString &name)
 {
     QTest::qWait(250);
-    keepInstant(name);
+    keep(m_robot.picture(), name);
 }
 
-void Tour::keepInstant(const QString &name)
+void Tour::keep(const QImage &picture, const QString &name)
 {
     const auto file = nextPicture(name);
-    expect(m_robot.picture().save(file), QStringLiteral("%1 is written").arg(file));
+    expect(picture.save(file), QStringLiteral("%1 is written").arg(file));
 }
 
 QString Tour::nextPicture(const QString &name)

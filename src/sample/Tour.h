@@ -6,6 +6,8 @@
 
 #include <QSize>
 
+#include <functional>
+
 class AppViewModel;
 class ChosenFolder;
 class SampleDisk;
@@ -41,11 +43,14 @@ private:
     void visitCleaner();
     void visitMedia();
     void visitDocuments();
+    void visitComputerWithoutBattery();
 
     void show(SidebarSelection section);
     void searchApplication(const QString &name);
     /// Asks for the removal of what is ticked, confirms it and waits for its end.
     void removeSelected();
+    /// Begins what goes on in the background, keeps a picture of the window that is busy with it, and waits for its end.
+    void workOn(const QString &name, const std::function<void()> &begin);
     void waitUntilIdle();
     /// What a program of this computer calls a path of the disk.
     Url onHost(const QByteArray &path) const;
@@ -57,8 +62,7 @@ private:
 
     /// Lets animations come to rest and keeps a picture.
     void keepPicture(const QString &name);
-    /// A picture of this very moment.
-    void keepInstant(const QString &name);
+    void keep(const QImage &picture, const QString &name);
     /// The file of the next picture.
     QString nextPicture(const QString &name);
 
