@@ -48,6 +48,8 @@ void FocusKeeper::goHome()
     if (!m_home)
         return;
     m_last = m_home;
+    if (isWithDialog())
+        return;
     if (canHaveKeyboard(m_home))
         return give(m_home);
     auto *scope = m_home->parentItem();
@@ -122,6 +124,13 @@ void FocusKeeper::give(QQuickItem *item)
 bool FocusKeeper::canHaveKeyboard(const QQuickItem *item) const
 {
     return item && isAncestorOf(item) && item->isVisible() && item->isEnabled();
+}
+
+/// Whether something above the window's content has the keyboard, and will give it back.
+bool FocusKeeper::isWithDialog() const
+{
+    const auto *item = window() ? window()->activeFocusItem() : nullptr;
+    return item && item != this && !isAncestorOf(item) && !item->isAncestorOf(this);
 }
 
 /// Whether it only passes the keyboard on to one of the items in it.

@@ -42,6 +42,7 @@ private:
     void lookLater();
     void give(QQuickItem *item);
     bool canHaveKeyboard(const QQuickItem *item) const;
+    bool isWithDialog() const;
     bool isMereContainer(const QQuickItem *item) const;
     QQuickItem *placeNextTo(QQuickItem *lost) const;
 

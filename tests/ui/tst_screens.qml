@@ -511,6 +511,21 @@ Item {
             tryVerify(() => !bench.control(root, "OK"));
         }
 
+        function test_aNoticeFromBeforeTheWindowHasTheKeyboard() {
+            findCaches();
+            bench.refuse("~/Library/Caches/big", "It is busy.");
+            app.cleanerItems.setSelected(2, true);
+            app.requestDeletion(Tarnvale.ScanScope.cleaner);
+            window.active = false;
+            app.confirmDeletion(app.pendingDeletion);
+            settle();
+            verify(app.userNotice !== undefined);
+            window.active = true;
+            tryVerify(() => bench.control(root, "OK")?.activeFocus);
+            keyClick(Qt.Key_Return);
+            tryCompare(app, "userNotice", undefined);
+        }
+
         function test_theStatusBarHidesWhileBusyAndWhenThereIsNothingToSay() {
             const bar = name => bench.control(root, name);
             go(Tarnvale.SidebarSelection.cleaner);
