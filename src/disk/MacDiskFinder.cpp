@@ -69,7 +69,7 @@ QString whatLiesIn(const FileSystem &disk, const Url &folder)
     }
     names.sort();
     if (names.size() > mostNames)
-        names = names.first(mostNames) + QStringList{QStringLiteral("…")};
+        names = names.first(mostNames - 1) + QStringList{QStringLiteral("…"), names.last()};
     return listed(names);
 }
 
