@@ -54,17 +54,25 @@ std::variant<Item, TrashFailure> itemAt(const DiskRoot &disk, const Url &url)
     return Item{std::move(folder), *folderPath, name};
 }
 
-/// Why the user may not move the item, when that is so.
-TrashFailure lackOfPermission(const Item &item)
+/// Whether the item, or the folder that it would have to be taken out of, is not the user's.
+bool isOfAnotherUser(const Item &item)
 {
     const auto isForeign = [](const struct stat &status) { return geteuid() != 0 && status.st_uid != geteuid(); };
     struct stat folder;
     struct stat status;
-    const bool isKnown =
-        fstat(item.folder.number(), &folder) == 0
-        && fstatat(item.folder.number(), item.name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0;
-    return isKnown && (isForeign(folder) || isForeign(status)) ? TrashFailure::itemIsOfAnotherUser
-                                                               : TrashFailure::noPermission;
+    return fstat(item.folder.number(), &folder) == 0
+           && fstatat(item.folder.number(), item.name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0
+           && (isForeign(folder) || isForeign(status));
+}
+
+/// Why the item was not moved, as the system's error number has it.
+TrashFailure failureOf(int error, const Item &item)
+{
+    if (const auto failure = lookAt(item.folder.number(), item.name))
+        return *failure;
+    const auto failure = trashFailureOf(error);
+    return failure == TrashFailure::noPermission && isOfAnotherUser(item) ? TrashFailure::itemIsOfAnotherUser
+                                                                          : failure;
 }
 
 /// Why nothing can be taken out of the item's folder; absent when something can. Asked first: of a disk that cannot be
@@ -73,7 +81,7 @@ std::optional<TrashFailure> whyFolderIsFixed(const Item &item)
 {
     if (faccessat(item.folder.number(), ".", W_OK | X_OK, AT_EACCESS) == 0)
         return std::nullopt;
-    return errno == EACCES || errno == EPERM ? lackOfPermission(item) : trashFailureOf(errno);
+    return failureOf(errno, item);
 }
 
 /// Which file is `name` in `folder`; absent where none can be seen.
@@ -121,13 +129,15 @@ int writeNewFile(const QByteArray &path, const QByteArray &content)
     const FileDescriptor file(open(path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR));
     if (!file.isOpen())
         return errno;
-    const auto written = uninterrupted(
-        [&] { return write(file.number(), content.constData(), static_cast<size_t>(content.size())); });
-    // What is written only in part has met the end of the disk.
-    auto error = written < 0 ? errno : written < content.size() ? ENOSPC : 0;
-    if (error == 0 && fdatasync(file.number()) != 0)
-        error = errno;
-    if (error != 0)
+    // What is written only in part has met the end of the disk, and is no error to the system.
+    errno = ENOSPC;
+    const bool isOnDisk =
+        uninterrupted([&] {
+            return write(file.number(), content.constData(), static_cast<size_t>(content.size()));
+        }) == content.size()
+        && fdatasync(file.number()) == 0;
+    const int error = isOnDisk ? 0 : errno;
+    if (!isOnDisk)
         unlink(path.constData());
     return error;
 }
@@ -145,14 +155,6 @@ int renameWithoutReplacing(const Item &item, const QByteArray &to)
     if (lookAt(AT_FDCWD, to) != TrashFailure::itemIsMissing)
         return EEXIST;
     return renameat(folder, name, AT_FDCWD, to.constData()) == 0 ? 0 : errno;
-}
-
-/// Why the item was not moved, as the system's error number has it.
-TrashFailure failureOf(int error, const Item &item)
-{
-    if (const auto failure = lookAt(item.folder.number(), item.name))
-        return *failure;
-    return error == EACCES || error == EPERM ? lackOfPermission(item) : trashFailureOf(error);
 }
 
 TrashMove moveInto(const TrashDirectory &trash, const Item &item, const QByteArray &origin)

@@ -3,8 +3,8 @@
 
 #include "TrashDirectory.h"
 
-#include <algorithm>
 #include <cerrno>
+#include <filesystem>
 #include <gio/gunixmounts.h>
 #include <memory>
 #include <sys/stat.h>
@@ -14,7 +14,7 @@ namespace {
 
 QByteArray parentOf(const QByteArray &path)
 {
-    return path.first(std::max<qsizetype>(path.lastIndexOf('/'), 1));
+    return QByteArray::fromStdString(std::filesystem::path(path.toStdString()).parent_path());
 }
 
 /// The device that `path` is on, or would be if it were made.

@@ -13,6 +13,7 @@
 #include <iostream>
 #include <iterator>
 #include <signal.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -96,6 +97,22 @@ TEST(LinuxWorkspace, reasonsAreInTheSystemsLanguage)
                 "Nie można przenieść „x” do Kosza, ponieważ już nie istnieje");
 }
 
+TEST_F(LinuxWorkspaceTest, whatIsAnothersStaysAndSaysSo)
+{
+    if (getuid() != 0)
+        GTEST_SKIP() << "NOT TESTED: what belongs to another user; only root can give anything away";
+    const auto own = sandbox.file("own/x").parent().path();
+    const QList<Url> items{sandbox.file("theirs/mine"), sandbox.file("everybodys/theirs")};
+    for (const auto &path : {own, items[0].path()})
+        ASSERT_EQ(chown(path.constData(), OrdinaryUser::number, OrdinaryUser::number), 0);
+    // Where everybody may make something, nobody takes what is another's.
+    chmod(items[1].parent().path().constData(), 01777);
+    qputenv("XDG_DATA_HOME", own);
+    const OrdinaryUser user;
+    const auto reason = EndsWith("because it belongs to another user and you don't have permission to do that.");
+    EXPECT_THAT(sandbox.recycle(items), ElementsAre(reason, reason));
+}
+
 TEST_F(LinuxWorkspaceTest, trashThatCannotBeMadeLosesNothing)
 {
     const auto item = sandbox.file("items/x");
@@ -124,6 +141,17 @@ TEST_F(LinuxWorkspaceTest, nothingIsMovedWhoseRecordIsNotSureToBeOnTheDisk)
     const auto item = sandbox.file("items/x");
     sandbox.setFault(TrashSandbox::Fault::writingThroughFails);
     EXPECT_THAT(sandbox.recycle({item}), ElementsAre(EndsWith("because the Trash didn't accept it.")));
+    sandbox.setFault(TrashSandbox::Fault::none);
+
+    // A disk that takes the beginning of a record.
+    signal(SIGXFSZ, SIG_IGN);
+    rlimit before;
+    getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit tenBytes{10, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &tenBytes);
+    const auto answers = sandbox.recycle({item});
+    setrlimit(RLIMIT_FSIZE, &before);
+    EXPECT_THAT(answers, ElementsAre(EndsWith("because the disk is full. Free some space and try again.")));
     EXPECT_TRUE(fs::exists(item.path().toStdString()));
     EXPECT_TRUE(fs::is_empty((sandbox.trash() + "/info").toStdString()));
 }
