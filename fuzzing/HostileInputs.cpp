@@ -6,9 +6,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <initializer_list>
-
-namespace {
 
 QByteArray bigEndian(std::initializer_list<quint32> numbers)
 {
@@ -20,6 +17,21 @@ QByteArray bigEndian(std::initializer_list<quint32> numbers)
     }
     return bytes;
 }
+
+QByteArray binaryList(const QByteArrayList &objects)
+{
+    QByteArray data = "bplist00";
+    QByteArray offsets;
+    for (const auto &object : objects) {
+        offsets += bigEndian({static_cast<quint32>(data.size())});
+        data += object;
+    }
+    const auto table = static_cast<quint32>(data.size());
+    return data + offsets + QByteArray(6, '\0') + "\x04\x01"
+           + bigEndian({0, static_cast<quint32>(objects.size()), 0, 0, 0, table});
+}
+
+namespace {
 
 /// What `part` makes of 0, 1 and so on, until that is `size` bytes.
 QByteArray repeated(qsizetype size, const std::function<QByteArray(int)> &part)
@@ -33,20 +45,6 @@ QByteArray repeated(qsizetype size, const std::function<QByteArray(int)> &part)
 QByteArray attributes(qsizetype size, const char *between)
 {
     return repeated(size, [&](int i) { return " a" + QByteArray::number(i) + between; });
-}
-
-/// `objects` as a binary property list with references of one byte.
-QByteArray binaryList(const QByteArrayList &objects)
-{
-    QByteArray data = "bplist00";
-    QByteArray offsets;
-    for (const auto &object : objects) {
-        offsets += bigEndian({static_cast<quint32>(data.size())});
-        data += object;
-    }
-    const auto table = static_cast<quint32>(data.size());
-    return data + offsets + QByteArray(6, '\0') + "\x04\x01"
-           + bigEndian({0, static_cast<quint32>(objects.size()), 0, 0, 0, table});
 }
 
 /// A dictionary that names two long keys, which differ in the last character, again and again.

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QByteArray>
+#include <QByteArrayList>
 
+#include <initializer_list>
 #include <vector>
 
 /// An input that once cost a reader of its kind seconds to hours, or that could.
@@ -15,3 +16,9 @@ struct HostileInput
 
 /// All of them, some of 8 MB. With a `scale` below 1 they are so much smaller: the same shapes to invent others from.
 std::vector<HostileInput> hostileInputs(double scale = 1);
+
+/// Each number in four bytes, the most significant first.
+QByteArray bigEndian(std::initializer_list<quint32> numbers);
+
+/// `objects`, the first being the root, as a binary property list with references of one byte.
+QByteArray binaryList(const QByteArrayList &objects);

@@ -1,11 +1,11 @@
 #include "BundlePicture.h"
 
 #include "BundleBudget.h"
+#include "HostileInputs.h"
 #include "IconFamily.h"
 #include "InMemoryFileSystem.h"
 
 #include <QList>
-#include <QtEndian>
 
 #include <gtest/gtest.h>
 
@@ -14,24 +14,17 @@ namespace {
 const QByteArray app = "/Applications/Notes.app";
 const QByteArray resources = app + "/Contents/Resources/";
 
-QByteArray integer(qsizetype number)
+QByteArray png(quint32 width, const QByteArray &firstChunk = "IHDR")
 {
-    QByteArray bytes(4, '\0');
-    qToBigEndian(static_cast<quint32>(number), bytes.data());
-    return bytes;
-}
-
-QByteArray png(int width, const QByteArray &firstChunk = "IHDR")
-{
-    return QByteArray("\x89PNG\r\n\x1a\n") + integer(13) + firstChunk + integer(width) + integer(width);
+    return QByteArray("\x89PNG\r\n\x1a\n") + bigEndian({13}) + firstChunk + bigEndian({width, width});
 }
 
 QByteArray family(const QList<QByteArray> &pictures)
 {
     QByteArray elements;
     for (const auto &picture : pictures)
-        elements += "ic07" + integer(8 + picture.size()) + picture;
-    return "icns" + integer(8 + elements.size()) + elements;
+        elements += "ic07" + bigEndian({8 + static_cast<quint32>(picture.size())}) + picture;
+    return "icns" + bigEndian({8 + static_cast<quint32>(elements.size())}) + elements;
 }
 
 class BundlePictureTest : public testing::Test

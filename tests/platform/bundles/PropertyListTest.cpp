@@ -1,6 +1,7 @@
 #include "PropertyList.h"
 
 #include "BundleBudget.h"
+#include "HostileInputs.h"
 
 #include <QDateTime>
 #include <QFile>
@@ -68,22 +69,6 @@ QByteArray converted(const QByteArray &data, const QString &form)
     EXPECT_EQ(QProcess::execute("plistutil", {"-i", input.fileName(), "-o", output.fileName(), "-f", form}), 0);
     EXPECT_TRUE(output.open(QFile::ReadOnly));
     return output.readAll();
-}
-
-/// A binary property list of these objects, the first being the root.
-QByteArray binary(const QList<QByteArray> &objects)
-{
-    QByteArray list("bplist00");
-    QByteArray offsets;
-    for (const auto &object : objects) {
-        offsets.append(static_cast<char>(list.size() >> 8)).append(static_cast<char>(list.size()));
-        list.append(object);
-    }
-    const auto offsetTable = list.size();
-    list.append(offsets).append(6, '\0').append("\x02\x01", 2);
-    for (const auto number : {objects.size(), qsizetype(0), offsetTable})
-        list.append(6, '\0').append(static_cast<char>(number >> 8)).append(static_cast<char>(number));
-    return list;
 }
 
 QByteArray repeated(const char *text, int count)
@@ -202,18 +187,18 @@ TEST(PropertyListTest, hostileBinaryListsAreAbsent)
 {
     const QByteArray text("\x51"
                           "a");
-    const QList<QList<QByteArray>> hostile{
+    const QList<QByteArrayList> hostile{
         {"\xa1\x05"}, // no such object
         {"\xd1\x01\x01", "\x10\x01"}, // a key that is no text
         {QByteArray("\x4f\x13\xff\xff\xff\xff\xff\xff\xff\xff", 10)},
         {QByteArray("\xaf\x13\x40\x00\x00\x00\x00\x00\x00\x00", 10)}, // too many to count their bytes
     };
     for (const auto &objects : hostile)
-        EXPECT_FALSE(readPropertyList(binary(objects))) << objects.first().toHex().constData();
+        EXPECT_FALSE(readPropertyList(binaryList(objects))) << objects.first().toHex().constData();
     for (const auto *alone : {"\x15", "\x24", "\x33\x7f\xf8\0\0\0\0\0\0", "\x98", "\xe0", "\x5f\x51", "\x0f"})
-        EXPECT_FALSE(readPropertyList(binary({alone}))) << QByteArray(alone).toHex().constData();
+        EXPECT_FALSE(readPropertyList(binaryList({alone}))) << QByteArray(alone).toHex().constData();
 
-    auto list = binary({text});
+    auto list = binaryList({text});
     for (qsizetype i = list.size() - 32 + 6; i < list.size(); ++i) {
         auto damaged = list;
         damaged[i] = '\xff';

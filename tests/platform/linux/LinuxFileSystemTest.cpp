@@ -22,21 +22,6 @@ protected:
 
 } // namespace
 
-TEST_F(LinuxFileSystemTest, sizesAreBlocksOnDiskNotLengths)
-{
-    disk.file("/full", QByteArray(100'000, 'x'));
-    disk.file("/hole");
-    std::filesystem::resize_file(disk.host("/hole"), 1'000'000'000);
-    const auto full = fileSystem.resourceValues(Url("/full"));
-    struct stat status;
-    ASSERT_EQ(stat(disk.host("/full").c_str(), &status), 0);
-    EXPECT_EQ(full->totalAllocatedSize, status.st_blocks * 512);
-    EXPECT_GE(full->totalAllocatedSize, 100'000);
-    EXPECT_EQ(full->allocatedSize, full->totalAllocatedSize);
-    EXPECT_LT(fileSystem.resourceValues(Url("/hole"))->totalAllocatedSize, 100'000);
-    EXPECT_THAT(fileSystem.resourceValues(Url("/missing")), Eq(std::nullopt));
-}
-
 // A file of /proc says that it is empty, and a bundle may link to anything.
 TEST_F(LinuxFileSystemTest, readingNeitherTrustsASizeNorWaitsForAPipeOrADevice)
 {

@@ -97,17 +97,12 @@ TEST(LinuxHelperService, failuresOfTheHelperAreErrorsInTheSystemsWords)
     }
 }
 
-TEST(LinuxHelperService, aHelperThatWasNeverThere)
+TEST(LinuxHelperService, withoutAHelperOrABus)
 {
     HelperOnBus helper("");
     EXPECT_EQ(helper.status(), 3);
     EXPECT_THAT(helper.registrationError(),
                 HasSubstr(helperName.toStdString() + " was not provided by any .service files"));
-}
-
-TEST(LinuxHelperService, noBus)
-{
-    HelperOnBus helper("");
     helper.bus.kill();
     EXPECT_EQ(helper.status(), 0);
     EXPECT_THAT(helper.registrationError(), HasSubstr("connect"));

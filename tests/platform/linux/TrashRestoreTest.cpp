@@ -77,31 +77,22 @@ protected:
 
 } // namespace
 
-TEST_F(TrashRestoreTest, itemsComeBackByteForByte)
+TEST_F(TrashRestoreTest, itemsOfAnyNameComeBackByteForByte)
 {
     auto items = files({"100%25", "%2F", "it's a \"quote\"", "a;b=#?"});
     items << application() << sandbox.url("items/dangling");
     fs::create_symlink("nowhere", items.last().path().toStdString());
+    const auto texts = files({"new\nline", "\x01\x7f", "Zażółć.app", "a\\b"});
+    const QList<Url> bytes{sandbox.file("items/\xff\xfe.app/x").parent(), sandbox.file("items/\xff")};
     const auto before = sandbox.snapshot("items");
-    moveAll(items);
-    restoreWithTrashCli(items.size());
+    moveAll(items + texts);
+    restoreWithTrashCli(items.size() + texts.size());
     EXPECT_EQ(sandbox.snapshot("items"), before);
     moveAll(items);
     restoreAllWithGio();
     EXPECT_EQ(sandbox.snapshot("items"), before);
-}
 
-TEST_F(TrashRestoreTest, namesOfAnyBytesComeBack)
-{
-    const auto texts = files({"new\nline", "\x01\x7f", "Zażółć.app", "a\\b"});
-    const QList<Url> bytes{sandbox.file("items/\xff\xfe.app/x").parent(), sandbox.file("items/\xff")};
-    const auto before = sandbox.snapshot("items");
-    moveAll(texts);
-    restoreWithTrashCli(texts.size());
-    EXPECT_EQ(sandbox.snapshot("items"), before);
-
-    // trash-restore spells these names anew (and gio all that are not ASCII), so here the Trash's record is read
-    // as its format says.
+    // trash-restore spells these names anew, and gio all that are not ASCII: the record is read as its format says.
     moveAll(bytes);
     for (const auto &[origin, place] : sandbox.trashed(sandbox.trash()))
         fs::rename(place.toStdString(), origin.toStdString());
@@ -138,17 +129,6 @@ TEST_F(TrashRestoreTest, longestNamesComeBackWholeAndAreCutBetweenCharactersBefo
     EXPECT_EQ(sandbox.snapshot("items"), before);
 }
 
-// As a network file system may say.
-TEST_F(TrashRestoreTest, whatWasMovedAndSaidToHaveFailedHasItsRecord)
-{
-    sandbox.setFault(TrashSandbox::Fault::answerIsLost);
-    const auto items = files({"x", "folder/y"});
-    const auto before = sandbox.snapshot("items");
-    moveAll(items);
-    restoreWithTrashCli(items.size());
-    EXPECT_EQ(sandbox.snapshot("items"), before);
-}
-
 TEST_F(TrashRestoreTest, manyItemsAndHardLinksOfOneNameComeBackEachToItsPlace)
 {
     QList<Url> items;
@@ -177,11 +157,13 @@ TEST_F(TrashRestoreTest, manyItemsAndHardLinksOfOneNameComeBackEachToItsPlace)
     EXPECT_EQ(sandbox.snapshot("items"), before);
 }
 
+// Where a network file system says that a move has failed that was made, as well.
 TEST_F(TrashRestoreTest, nothingInTheTrashIsOverwrittenWhetherItHasARecordOrNot)
 {
     const QByteArray files = ".local/share/Trash/files/";
     for (const auto &[name, fault] : {std::pair(QByteArray("x"), TrashSandbox::Fault::none),
-                                      {QByteArray("y"), TrashSandbox::Fault::plainRenameOnly}}) {
+                                      {QByteArray("y"), TrashSandbox::Fault::plainRenameOnly},
+                                      {QByteArray("z"), TrashSandbox::Fault::answerIsLost}}) {
         sandbox.setFault(fault);
         const auto item = sandbox.file("items/" + name + ".app", "new");
         const auto linked = sandbox.file("items/.linked" + name, "linked");
