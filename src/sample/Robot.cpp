@@ -3,20 +3,11 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QMimeData>
-#include <QQuickItem>
 #include <QTest>
 
 #include <utility>
 
 namespace {
-
-/// Whether it is told to be what is looked for. Qt 6.4 tells of everything that is made of a button as one, whatever role
-/// it declares; Qt 6.8 tells the declared role.
-bool hasRole(const QAccessibleInterface &element, QAccessible::Role role)
-{
-    const bool isMadeOfAButton = role == QAccessible::PageTab || role == QAccessible::RadioButton;
-    return element.role() == role || (isMadeOfAButton && element.role() == QAccessible::Button);
-}
 
 QAccessibleInterface *findBelow(QAccessibleInterface *element, QAccessible::Role role, const QString &name)
 {
@@ -26,7 +17,7 @@ QAccessibleInterface *findBelow(QAccessibleInterface *element, QAccessible::Role
         auto *child = element->child(i);
         if (!child || child->state().invisible)
             continue;
-        if (hasRole(*child, role) && child->text(QAccessible::Name) == name && !child->rect().isEmpty())
+        if (child->role() == role && child->text(QAccessible::Name) == name && !child->rect().isEmpty())
             return child;
         if (auto *found = findBelow(child, role, name))
             return found;
@@ -53,10 +44,8 @@ bool Robot::sees(QAccessible::Role role, const QString &name) const
 
 bool Robot::canUse(QAccessible::Role role, const QString &name) const
 {
-    // Not the element's own state: Qt Quick does not tell it whether the item is disabled.
     const auto *element = find(role, name);
-    const auto *item = element ? qobject_cast<QQuickItem *>(element->object()) : nullptr;
-    return item && item->isEnabled();
+    return element && !element->state().disabled;
 }
 
 QPoint Robot::placeAtRest(QAccessible::Role role, const QString &name) const

@@ -2,14 +2,18 @@
 
 #include <QAccessible>
 
-void Announcer::say(QQuickItem *item, const QString &text)
+Announcer::Announcer(QQuickItem *parent) : QQuickItem(parent)
 {
-    if (!item || text.isEmpty())
+    // Without a size it would not be told of.
+    setSize({1, 1});
+}
+
+void Announcer::say(const QString &text)
+{
+    m_text = text;
+    Q_EMIT textChanged();
+    if (text.isEmpty())
         return;
-#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
-    QAccessibleAnnouncementEvent event(item, text);
-#else
-    QAccessibleEvent event(item, QAccessible::Alert);
-#endif
+    QAccessibleEvent event(this, QAccessible::ObjectShow);
     QAccessible::updateAccessibility(&event);
 }

@@ -1,5 +1,7 @@
 #include "Engine.h"
 
+#include "AccessibleButton.h"
+
 #include <QFont>
 #include <QGuiApplication>
 #include <QIcon>
@@ -34,6 +36,7 @@ void dressApplication()
 std::unique_ptr<QQmlApplicationEngine> makeEngine()
 {
     qml_register_types_Tarnvale();
+    installAccessibleButtons();
     dressApplication();
     // Qt 6.8 keeps views and shaders that it has compiled in the user's cache folder.
     // Read once, by the first engine.

@@ -41,6 +41,59 @@ QString accessibleName(QQuickItem *item)
     return interface ? interface->text(QAccessible::Name) : QString();
 }
 
+/// What can be used, and may be disabled.
+bool isControl(const QAccessibleInterface &element)
+{
+    const auto role = element.role();
+    return role == QAccessible::Button || role == QAccessible::CheckBox || role == QAccessible::RadioButton
+           || role == QAccessible::PageTab || role == QAccessible::EditableText;
+}
+
+struct Element
+{
+    QAccessibleInterface *element;
+    QString told;
+};
+
+Element described(QAccessibleInterface *element)
+{
+    const auto state = element->state();
+    auto told = QString::fromLatin1(qAccessibleRoleString(element->role())) + u' ' + element->text(QAccessible::Name);
+    for (const auto &[is, word] : {std::pair(bool(state.disabled), ", disabled"), {state.checked, ", checked"},
+                                   {state.selected, ", selected"}, {state.focused, ", focused"}})
+        told += QLatin1String(is ? word : "");
+    return {element, told};
+}
+
+/// What assistive technology is told of in the window of `item`, but for mere frames, outermost first.
+QList<Element> elements(QQuickItem *item)
+{
+    QList<Element> all;
+    const auto collect = [&all](const auto &again, QAccessibleInterface *element) -> void {
+        for (int i = 0; element && i < element->childCount(); ++i) {
+            auto *child = element->child(i);
+            if (!child || child->state().invisible)
+                continue;
+            const auto role = child->role();
+            if (role != QAccessible::NoRole && role != QAccessible::Client && role != QAccessible::Pane)
+                all.append(described(child));
+            again(again, child);
+        }
+    };
+    collect(collect, QAccessible::queryAccessibleInterface(item->window()));
+    return all;
+}
+
+/// The first that is told so, whatever else of its states is told; null when there is none.
+QAccessibleInterface *find(QQuickItem *item, const QString &told)
+{
+    for (const auto &[element, line] : elements(item)) {
+        if (line == told || line.startsWith(told + u','))
+            return element;
+    }
+    return nullptr;
+}
+
 std::unique_ptr<QMimeData> mimeData(const QString &type, const QString &data)
 {
     auto mime = std::make_unique<QMimeData>();
@@ -74,6 +127,7 @@ QStringList ScreenBench::pathsOf(const QList<Url> &urls)
 
 void ScreenBench::renew()
 {
+    QAccessible::setActive(true);
     // The screens let go of the old state before it goes.
     const auto oldState = std::move(m_viewModel);
     const auto oldComputer = std::move(m_computer);
@@ -111,69 +165,51 @@ QQuickItem *ScreenBench::control(QQuickItem *item, const QString &name)
     return text;
 }
 
-QString ScreenBench::description(QQuickItem *item, const QString &name)
+QStringList ScreenBench::told(QQuickItem *item)
 {
-    auto *named = control(item, name);
-    auto *interface = named ? QAccessible::queryAccessibleInterface(named) : nullptr;
-    if (!interface)
-        return {};
-    const auto ticked = interface->state().checked ? QStringLiteral(", ticked") : QString();
-    return interface->text(QAccessible::Description) + ticked;
+    QStringList lines;
+    for (const auto &[element, line] : elements(item))
+        lines.append(line);
+    return lines;
 }
 
-QStringList ScreenBench::alerts(QQuickItem *item)
+QStringList ScreenBench::mistold(QQuickItem *item)
 {
-    QStringList names;
-    for (auto *named : visibleItems(item->window()->contentItem())) {
-        const auto name = accessibleName(named);
-        if (!name.isEmpty() && QAccessible::queryAccessibleInterface(named)->role() == QAccessible::AlertMessage)
-            names.append(name);
+    QStringList lines;
+    for (const auto &[element, line] : elements(item)) {
+        const auto *shown = qobject_cast<QQuickItem *>(element->object());
+        auto *parent = element->parent();
+        const auto isKnown = parent && parent->child(parent->indexOfChild(element)) == element;
+        const auto isToldAsItIs = !isControl(*element) || element->state().disabled == !shown->isEnabled();
+        if (element->text(QAccessible::Name).isEmpty() || !isKnown || !isToldAsItIs)
+            lines.append(line);
     }
+    return lines;
+}
+
+QQuickItem *ScreenBench::element(QQuickItem *item, const QString &told)
+{
+    auto *element = find(item, told);
+    return element ? qobject_cast<QQuickItem *>(element->object()) : nullptr;
+}
+
+QString ScreenBench::description(QQuickItem *item, const QString &told)
+{
+    auto *element = find(item, told);
+    return element ? element->text(QAccessible::Description) : QString();
+}
+
+QStringList ScreenBench::actions(QQuickItem *item, const QString &told)
+{
+    auto *element = find(item, told);
+    auto names = element && element->actionInterface() ? element->actionInterface()->actionNames() : QStringList();
+    names.removeAll(QAccessibleActionInterface::setFocusAction());
     return names;
 }
 
-QStringList ScreenBench::nameless(QQuickItem *item)
+void ScreenBench::assist(QQuickItem *item, const QString &told, const QString &action)
 {
-    QAccessible::setActive(true);
-    QStringList roles;
-    const auto collect = [&roles](const auto &again, QAccessibleInterface *element) -> void {
-        for (int i = 0; element && i < element->childCount(); ++i) {
-            auto *child = element->child(i);
-            if (!child || child->state().invisible)
-                continue;
-            const bool isFrame = child->role() == QAccessible::NoRole || child->role() == QAccessible::Client
-                                 || child->role() == QAccessible::Pane;
-            if (!isFrame && child->text(QAccessible::Name).isEmpty())
-                roles.append(qAccessibleRoleString(child->role()));
-            again(again, child);
-        }
-    };
-    collect(collect, QAccessible::queryAccessibleInterface(item->window()));
-    return roles;
-}
-
-bool ScreenBench::assist(QQuickItem *item, const QString &name, const QString &action)
-{
-    QAccessible::setActive(true);
-    for (auto *named : visibleItems(item->window()->contentItem())) {
-        auto *interface = QAccessible::queryAccessibleInterface(named);
-        if (accessibleName(named) != name || !interface->actionInterface()
-            || !interface->actionInterface()->actionNames().contains(action))
-            continue;
-        interface->actionInterface()->doAction(action);
-        return true;
-    }
-    return false;
-}
-
-QStringList ScreenBench::namelessControls(QQuickItem *item)
-{
-    QStringList types;
-    for (auto *control : visibleItems(item)) {
-        if (control->activeFocusOnTab() && accessibleName(control).isEmpty())
-            types.append(QString::fromLatin1(control->metaObject()->className()));
-    }
-    return types;
+    find(item, told)->actionInterface()->doAction(action);
 }
 
 QStringList ScreenBench::texts(QQuickItem *item)

@@ -51,18 +51,17 @@ public:
     /// The visible control of this accessible name in the window of `item`, or else the text; null when there is
     /// none.
     Q_INVOKABLE static QQuickItem *control(QQuickItem *item, const QString &name);
-    /// What assistive technology is told of it besides its name, and "ticked" where it is; empty for what is not there.
-    Q_INVOKABLE static QString description(QQuickItem *item, const QString &name);
-    /// The names of the alerts that assistive technology is told of.
-    Q_INVOKABLE static QStringList alerts(QQuickItem *item);
-    /// The roles of what assistive technology is told of in the window of `item` without a name, but for mere frames.
-    Q_INVOKABLE static QStringList nameless(QQuickItem *item);
-    /// Has assistive technology do `action` ("Press", "Toggle") on the first thing of this name that has it. Whether there
-    /// is one.
-    Q_INVOKABLE static bool assist(QQuickItem *item, const QString &name, const QString &action);
-    /// Accessible names are the first thing that is forgotten: the type of every control below `item` that the
-    /// keyboard reaches and that has none.
-    Q_INVOKABLE static QStringList namelessControls(QQuickItem *item);
+    /// What assistive technology is told of in the window of `item`, but for mere frames: the role and the name of each, and
+    /// behind commas the states that it has, "Button Scan, disabled".
+    Q_INVOKABLE static QStringList told(QQuickItem *item);
+    /// Those that have no name, that are not told to be disabled as they are, or whose parent does not know them.
+    Q_INVOKABLE static QStringList mistold(QQuickItem *item);
+    /// The first of them that is told so; null when there is none.
+    Q_INVOKABLE static QQuickItem *element(QQuickItem *item, const QString &told);
+    Q_INVOKABLE static QString description(QQuickItem *item, const QString &told);
+    /// What assistive technology can have it do, but for taking the keyboard; and has it do that.
+    Q_INVOKABLE static QStringList actions(QQuickItem *item, const QString &told);
+    Q_INVOKABLE static void assist(QQuickItem *item, const QString &told, const QString &action);
     /// The texts that are shown below `item`, as pieces of text are: neither buttons nor fields.
     Q_INVOKABLE static QStringList texts(QQuickItem *item);
     /// Those of them that do not fit into their place, or would be taken for markup.

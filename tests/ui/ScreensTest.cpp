@@ -1,3 +1,4 @@
+#include "AccessibleButton.h"
 #include "ScreenBench.h"
 #include "Surroundings.h"
 
@@ -18,6 +19,7 @@ public Q_SLOTS:
     void qmlEngineAvailable(QQmlEngine *engine)
     {
         qml_register_types_Tarnvale();
+        installAccessibleButtons();
         engine->addImportPath("qrc:/qt/qml");
         engine->addImageProvider("bundles", new NoPictures);
         engine->rootContext()->setContextProperty("bench", &m_bench);

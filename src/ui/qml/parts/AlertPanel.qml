@@ -22,8 +22,6 @@ T.Dialog {
     focus: true
     closePolicy: T.Popup.CloseOnEscape
 
-    onOpened: Announcer.say(contentItem, title + "\n" + message)
-
     contentItem: RowLayout {
         spacing: Theme.large
         Accessible.role: Accessible.AlertMessage

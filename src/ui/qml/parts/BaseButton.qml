@@ -6,8 +6,9 @@ import QtQuick.Templates as T
 T.AbstractButton {
     id: control
 
-    /// What assistive technology is told that it is. Qt 6.4 tells of a button or a check box all the same.
+    /// What assistive technology is told that it is, and is called; the rest of what it is told is AccessibleButton's.
     property int role: checkable ? Accessible.CheckBox : Accessible.Button
+    property string name: text
 
     /// Does what a click does.
     function activate() {
@@ -27,9 +28,7 @@ T.AbstractButton {
     }
 
     Accessible.role: role
-    Accessible.name: text
-    // Of its own Qt 6.4 has no press for a button, and its toggle changes `checked` and tells nobody.
-    Accessible.onPressAction: activate()
+    Accessible.name: name
     Keys.onReturnPressed: event => activateByKey(event)
     Keys.onEnterPressed: event => activateByKey(event)
 }

@@ -11,7 +11,6 @@ BaseButton {
     topPadding: Theme.small
     bottomPadding: Theme.small
     font: Theme.body
-    Accessible.onToggleAction: activate()
     opacity: enabled ? 1 : Theme.disabledOpacity
 
     indicator: ContinuousRectangle {

@@ -15,6 +15,7 @@ FoundRow {
 
     symbolWeight: Font.DemiBold
     match: Texts.of(matchKey)
+    tick: isSelected ? Texts.of("selected") : ""
     Accessible.checkable: true
     Accessible.checked: isSelected
     Accessible.onToggleAction: toggle()
@@ -22,7 +23,7 @@ FoundRow {
     leading: CheckMark {
         focusPolicy: Qt.NoFocus
         checked: row.isSelected
-        Accessible.name: row.name
+        name: row.name
         onToggled: row.toggled(checked)
     }
 }

@@ -16,6 +16,8 @@ Item {
     required property string kindKey
     /// How sure it is that the item belongs to its application, in words; empty where that is no question.
     property string match
+    /// That it is ticked, in words, as Qt 6.4 tells of it only when that changes; empty where it is not.
+    property string tick
 
     property int symbolWeight: Font.Normal
     property font nameFont: Theme.rowTitle
@@ -28,7 +30,7 @@ Item {
     height: Theme.listRowHeight
     Accessible.role: Accessible.ListItem
     Accessible.name: name
-    Accessible.description: path + ", " + sizeText + ", " + Presentation.kindText(kindKey, Texts.language) + (match ? ", " + match : "")
+    Accessible.description: (tick ? tick + ", " : "") + path + ", " + sizeText + ", " + Presentation.kindText(kindKey, Texts.language) + (match ? ", " + match : "")
     // Kept for another row meanwhile: not drawn, but assistive technology would still tell of it.
     ListView.onPooled: visible = false
     ListView.onReused: visible = true

@@ -13,14 +13,20 @@ FocusScope {
 
     signal chosen(int index)
 
+    function go(index: int) {
+        if (index < 0 || index >= segments.length)
+            return;
+        faces.itemAt(index).forceActiveFocus(Qt.TabFocusReason);
+        chosen(index);
+    }
+
     implicitWidth: segments.length * Theme.segmentWidth
     implicitHeight: 26
-    activeFocusOnTab: true
-    Accessible.role: Accessible.PageTabList
+    Accessible.role: Accessible.Grouping
     Accessible.name: name
     Accessible.description: segments[current]
-    Keys.onLeftPressed: chosen(Math.max(0, current - 1))
-    Keys.onRightPressed: chosen(Math.min(segments.length - 1, current + 1))
+    Keys.onLeftPressed: go(current - 1)
+    Keys.onRightPressed: go(current + 1)
 
     ContinuousRectangle {
         anchors.fill: parent
@@ -42,6 +48,8 @@ FocusScope {
         }
 
         Repeater {
+            id: faces
+
             model: control.segments
 
             BaseButton {
@@ -55,9 +63,7 @@ FocusScope {
                 height: parent.height
                 text: modelData
                 checked: index === control.current
-                focusPolicy: Qt.NoFocus
-                Accessible.checkable: true
-                Accessible.checked: checked
+                focusPolicy: checked || activeFocus ? Qt.TabFocus : Qt.NoFocus
                 onClicked: control.chosen(index)
 
                 background: ContinuousRectangle {

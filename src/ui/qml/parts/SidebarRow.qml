@@ -12,15 +12,14 @@ BaseButton {
     required property bool selected
 
     role: Accessible.PageTab
-    focusPolicy: selected ? Qt.TabFocus : Qt.NoFocus
+    // Qt leaves a row a stop that ceases to be one while it has the keyboard.
+    focusPolicy: selected || activeFocus ? Qt.TabFocus : Qt.NoFocus
     implicitHeight: Math.max(implicitContentHeight, 20) + topPadding + bottomPadding
     leftPadding: Theme.medium
     rightPadding: Theme.medium
     topPadding: 10
     bottomPadding: 10
-    Accessible.name: title
-    Accessible.selectable: true
-    Accessible.selected: selected
+    name: title
 
     contentItem: RowLayout {
         spacing: Theme.rowSpacing

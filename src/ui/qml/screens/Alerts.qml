@@ -7,6 +7,9 @@ Item {
 
     required property AppViewModel viewModel
 
+    /// One opens, and says this.
+    signal told(string text)
+
     function present() {
         if (notice.visible || confirmation.visible)
             return;
@@ -39,6 +42,7 @@ Item {
     NoticeAlert {
         id: notice
 
+        onOpened: alerts.told(title + "\n" + message)
         onRejected: alerts.viewModel.dismissNotice()
         onClosed: Qt.callLater(alerts.present) // qmllint disable
     }
@@ -46,6 +50,7 @@ Item {
     DeletionConfirmation {
         id: confirmation
 
+        onOpened: alerts.told(title + "\n" + message)
         onAccepted: alerts.viewModel.confirmDeletion(request)
         onRejected: alerts.viewModel.cancelDeletion()
         onClosed: Qt.callLater(alerts.present) // qmllint disable

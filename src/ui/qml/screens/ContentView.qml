@@ -108,17 +108,25 @@ FocusKeeper {
         }
     }
 
-    // Told, not drawn: the work that begins and how it ended.
-    Item {
-        id: told
+    // The work that begins and how it ended, and what an alert asks or says.
+    Announcer {
+        id: announcer
 
-        Accessible.role: Accessible.AlertMessage
-        Accessible.name: content.viewModel.statusMessage
-        Accessible.ignored: content.viewModel.statusMessage === ""
-        Accessible.onNameChanged: Announcer.say(told, Accessible.name)
+        Accessible.role: Accessible.Notification
+        Accessible.name: text
+        Accessible.ignored: text === ""
+
+        Connections {
+            function onStatusMessageChanged() {
+                announcer.say(content.viewModel.statusMessage);
+            }
+
+            target: content.viewModel
+        }
     }
 
     Alerts {
         viewModel: content.viewModel
+        onTold: text => announcer.say(text)
     }
 }

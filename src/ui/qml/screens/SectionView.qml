@@ -16,6 +16,9 @@ FocusScope {
 
     signal refresh
 
+    Accessible.role: Accessible.Pane
+    Accessible.name: Texts.of(section.headingKey)
+
     Shortcut {
         sequences: [StandardKey.Refresh]
         enabled: base.canRefresh
