@@ -13,6 +13,7 @@ QString formattedByteCount(qint64 bytes, ByteCountStyle style)
         const char *name;
         int decimals;
     };
+    // No more fits into 64 bits.
     constexpr std::array<Unit, 6> units{{{"KB", 0}, {"MB", 1}, {"GB", 2}, {"TB", 2}, {"PB", 2}, {"EB", 2}}};
 
     const double base = style == ByteCountStyle::file ? 1000 : 1024;
@@ -27,7 +28,7 @@ QString formattedByteCount(qint64 bytes, ByteCountStyle style)
         const auto scale = std::pow(10, units[unit].decimals);
         return std::round(value * scale) / scale;
     };
-    while (rounded() >= base && unit + 1 < units.size()) {
+    while (rounded() >= base) {
         value /= base;
         ++unit;
     }

@@ -28,6 +28,9 @@ TEST(UrlTest, foldersAndNamesMakeOnePathAndComeApartAgain)
     EXPECT_EQ(Url("/").parent().path(), "/");
     EXPECT_EQ(Url("/a/b").lastPathComponent(), "b");
     EXPECT_EQ(Url("/").lastPathComponent(), "/");
+    // Shown with its marks, and without what is no text.
+    EXPECT_EQ(Url("/a/\ufeffnotes\xff").displayName(), u"\ufeffnotes\ufffd");
+    EXPECT_EQ(Url("/\ufeffa").displayPath(), u"/\ufeffa");
 }
 
 TEST(UrlTest, extensionsFollowTheLastDotOfTheName)
@@ -42,12 +45,6 @@ TEST(UrlTest, extensionsFollowTheLastDotOfTheName)
     EXPECT_EQ(split("/a/..b.app"), "..b|app");
     EXPECT_EQ(split("/a/b."), "b.|");
     EXPECT_EQ(split("/a/org.notes.agent.plist"), "org.notes.agent|plist");
-}
-
-TEST(UrlTest, namesAreShownWithTheirMarks)
-{
-    EXPECT_EQ(Url("/a/\ufeffnotes\xff").displayName(), u"\ufeffnotes\ufffd");
-    EXPECT_EQ(Url("/\ufeffa").displayPath(), u"/\ufeffa");
 }
 
 TEST(FileNamesTest, aNameIsTheTextThatSpellsItAndNoOther)
