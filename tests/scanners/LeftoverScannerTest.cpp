@@ -124,8 +124,8 @@ TEST_F(LeftoverScannerTest, searchComparesWholeNamesWithoutCaseAndInBothSpelling
 TEST_F(LeftoverScannerTest, searchLooksSixLevelsDownInTwelveFoldersAndNotIntoWhatItFinds)
 {
     QByteArrayList expected;
-    for (const auto *folder : {"Application Scripts", "Application Support", "Caches", "Containers", "Cookies/folder",
-                               "Cookies", "Group Containers", "HTTPStorages", "LaunchAgents",
+    for (const auto *folder : {"Application Scripts", "Application Support", "Caches", "Containers",
+                               "Cookies/folder", "Cookies", "Group Containers", "HTTPStorages", "LaunchAgents",
                                "Logs/1/2/3/4/5", "Logs", "Preferences", "Saved Application State", "WebKit"})
         expected.append(QByteArray("~/Library/") + folder + "/tool");
     for (const auto &path : expected)
