@@ -44,6 +44,14 @@ protected:
         app.chooseMediaFolder();
     }
 
+    void toggleEveryCategory()
+    {
+        for (const auto category : allCases<MediaCategory>())
+            app.toggleMediaCategory(category);
+        for (const auto category : allCases<TextFileCategory>())
+            app.toggleTextFileCategory(category);
+    }
+
     /// A known application with one cache, which is tied to it by the identifier.
     InstalledApplication notes(qint64 cacheSize = 5000)
     {

@@ -28,10 +28,7 @@ TEST_F(AppViewModelTest, buttonsAreEnabledByWhatTheirOperationsNeed)
     app.cleanerItemModel()->setSelected(0, true);
     EXPECT_THAT(app.deletableScopes(), ElementsAre(static_cast<int>(ScanScope::cleaner)));
     EXPECT_GE(enabling.count(), 3);
-    for (const auto category : allCases<MediaCategory>())
-        app.toggleMediaCategory(category);
-    for (const auto category : allCases<TextFileCategory>())
-        app.toggleTextFileCategory(category);
+    toggleEveryCategory();
     EXPECT_FALSE(app.canScanMedia() || app.canScanTextFiles());
 }
 
@@ -68,6 +65,7 @@ TEST_F(AppViewModelTest, scanInFlightDoesNotTouchAStateThatIsGone)
     app.scanCleaner();
     second->setApplicationQuery("Notes");
     second->scanApplicationByName();
+    EXPECT_FALSE(app.waitForBackground(QDeadlineTimer(1)) || second->waitForBackground(QDeadlineTimer(1)));
     disk.release();
     second.reset();
     owner.reset();
@@ -81,6 +79,7 @@ TEST_F(AppViewModelTest, aBatteryThatIsReadLateIsShownByItselfAndNoOftener)
     facts.power.source.emplace().isCharging = false;
     facts.latePowerReadingValue = reading.future();
     app.refreshDashboard();
+    ASSERT_TRUE(app.dashboardSnapshot());
     EXPECT_FALSE(app.dashboardSnapshot()->battery->isCharging);
     facts.power.source->isCharging = true;
     const QSignalSpy changes(&app, &AppViewModel::dashboardSnapshotChanged);

@@ -1,6 +1,10 @@
 #include "ListModel.h"
 
+#include "Presentation.h"
+
 #include <QAbstractItemModelTester>
+#include <QRegularExpression>
+#include <QSet>
 #include <QSignalSpy>
 
 #include <gmock/gmock.h>
@@ -86,6 +90,39 @@ TEST_F(ListModelTest, viewsKeepTheirPlaceWhenSomeRowsGo)
         places.append(even);
     model.remove(places);
     EXPECT_EQ(model.count(), 10'000);
-    EXPECT_EQ(model.rows().at(9'999).sizeBytes, 19'999);
+    EXPECT_EQ(model.rows().first().sizeBytes, 1);
+    EXPECT_EQ(model.rows().last().sizeBytes, 19'999);
     EXPECT_EQ(resets.count() + removals.count(), 1);
+}
+
+TEST(RowDataTest, rowsTellByRoleWhatTheyAre)
+{
+    const auto told = []<typename Row>(const Row &row) {
+        ListModel<Row> model;
+        model.replace({row});
+        QStringList values;
+        for (int role = ListModelBase::nameRole; role <= ListModelBase::kindKeyRole; ++role)
+            values.append(model.index(0).data(role).toString());
+        return values.join(u'|');
+    };
+    const Url url("/x/a\xff");
+    EXPECT_EQ(told(InstalledApplication{"Notes", "org.notes", url, 4000, true}),
+              "Notes|/x/a\ufffd|file:///x/a%FF|4 KB||||true||");
+    const QString file("a\ufffd|/x/a\ufffd|file:///x/a%FF|4 KB|");
+    EXPECT_EQ(told(ScanItem{url, ScanItemKind::cache, ScanConfidence::probable, 4000, true}),
+              file + "archivebox|teal|true||probable_match|cache");
+    EXPECT_EQ(told(MediaFile{url, MediaCategory::audio, 4000}), file + "waveform|blue||||media_audio");
+    EXPECT_EQ(told(TextFile{url, TextFileCategory::pdf, 4000}), file + "doc.richtext|red||||text_pdf");
+
+    const QRegularExpression symbolAndTint(" B\\|[^|]+\\|[^|]+\\|");
+    QSet<QString> names;
+    for (const auto kind : allCases<ScanItemKind>()) {
+        EXPECT_TRUE(told(ScanItem{url, kind, {}, 0, false}).contains(symbolAndTint)) << qPrintable(rawValue(kind));
+        names.insert(Presentation::kindText(rawValue(kind), AppLanguage::polish));
+    }
+    EXPECT_EQ(names.size(), allCases<ScanItemKind>().size());
+    for (const auto category : allCases<MediaCategory>())
+        EXPECT_TRUE(told(MediaFile{url, category, 0}).contains(symbolAndTint)) << qPrintable(rawValue(category));
+    for (const auto category : allCases<TextFileCategory>())
+        EXPECT_TRUE(told(TextFile{url, category, 0}).contains(symbolAndTint)) << qPrintable(rawValue(category));
 }

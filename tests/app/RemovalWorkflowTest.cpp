@@ -70,51 +70,33 @@ protected:
 
 } // namespace
 
-TEST_F(RemovalWorkflowTest, requestHoldsTheSelectedItemsInTheOrderOfTheirList)
+TEST_F(RemovalWorkflowTest, selectedItemsLeaveTheirListAndNoOther)
 {
     app.requestDeletion(ScanScope::leftovers);
     EXPECT_FALSE(app.pendingDeletion());
     EXPECT_EQ(app.statusMessage(), "Select items first.");
 
-    findLeftovers(3);
-    app.leftoverItemModel()->setSelected(1, false);
-    app.requestDeletion(ScanScope::leftovers);
-    ASSERT_TRUE(app.pendingDeletion());
-    const auto first = *app.pendingDeletion();
-    EXPECT_EQ(first.scope, ScanScope::leftovers);
-    EXPECT_THAT(first.items, ElementsAre(app.leftoverItems().at(0), app.leftoverItems().at(2)));
-    EXPECT_EQ(app.statusMessage(), QString());
-}
-
-TEST_F(RemovalWorkflowTest, movedItemsLeaveTheirListAndNoOther)
-{
     disk.file("~/Library/Caches/org.gone.big", 2'000'000);
-    findLeftovers(2);
+    findLeftovers(3);
     findCaches(1);
     ASSERT_THAT(namesOf(app.cleanerItems()), testing::Contains("org.gone.big"));
     const auto caches = app.cleanerItems();
+    const auto leftovers = app.leftoverItems();
+    app.leftoverItemModel()->setSelected(2, false);
+    app.requestDeletion(ScanScope::leftovers);
+    EXPECT_EQ(app.statusMessage(), QString());
+    EXPECT_EQ(app.pendingDeletion()->scope, ScanScope::leftovers);
+    EXPECT_THAT(app.pendingDeletion()->items, ElementsAre(leftovers.at(0), leftovers.at(1), leftovers.at(3)));
 
     remove(ScanScope::leftovers);
-    EXPECT_THAT(app.leftoverItems(), IsEmpty());
+    EXPECT_THAT(namesOf(app.leftoverItems()), ElementsAre("org.gone.app1"));
     EXPECT_EQ(app.cleanerItems(), caches);
     EXPECT_THAT(*app.lastReport(), FieldsAre(3, 0, 2'002'000, IsEmpty()));
     EXPECT_EQ(app.statusMessage(), "Moved to Trash: 3 items (2 MB).");
     EXPECT_FALSE(app.userNotice());
 }
 
-TEST_F(RemovalWorkflowTest, uninstallingForgetsTheApplicationAndScansTheCatalogAgain)
-{
-    const auto application = notes();
-    waitFor(scans.loadApplications(false));
-    waitFor(scans.scan(application));
-    remove(ScanScope::uninstaller);
-    EXPECT_THAT(workspace.recycled, ElementsAre(Url("/Users/me/Library/Caches/org.notes"), application.url));
-    EXPECT_FALSE(app.selectedApplication());
-    EXPECT_THAT(app.applications(), IsEmpty());
-    EXPECT_EQ(app.statusMessage(), "Moved to Trash: 2 items (9 KB).");
-}
-
-TEST_F(RemovalWorkflowTest, whatTheTrashRefusedStaysListedAndSelected)
+TEST_F(RemovalWorkflowTest, whatTheTrashRefusedStaysListedAndSelectedUntilItIsGone)
 {
     const auto application = notes();
     refuse(application.url);
@@ -133,6 +115,14 @@ TEST_F(RemovalWorkflowTest, whatTheTrashRefusedStaysListedAndSelected)
     expectNotice("Uninstall completed. Additional leftovers scan recommended.", "Uninstall completed with notes");
     app.dismissNotice();
     EXPECT_FALSE(app.userNotice());
+
+    workspace.reactTo(application.url, {});
+    remove(ScanScope::uninstaller);
+    EXPECT_THAT(workspace.recycled,
+                ElementsAre(Url("/Users/me/Library/Caches/org.notes"), application.url, application.url));
+    EXPECT_FALSE(app.selectedApplication());
+    EXPECT_THAT(namesOf(app.applications()), ElementsAre("New.app"));
+    EXPECT_EQ(app.statusMessage(), "Moved to Trash: 1 items (4 KB).");
 }
 
 TEST_F(RemovalWorkflowTest, helperIsToldTheApplicationThatTheRequestIsAbout)

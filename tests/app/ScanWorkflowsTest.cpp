@@ -79,7 +79,13 @@ TEST_F(ScanWorkflowsTest, droppedBundleIsScannedWithoutJoiningTheCatalog)
     const auto system = disk.application("/System/Applications/Mail.app", {.identifier = "m.a.l", .name = "Post"});
     drop(system.url);
     EXPECT_EQ(*app.selectedApplication(), system);
-    EXPECT_EQ(workspace.grants, 3);
+
+    waitFor(scans.scan(notes()));
+    drop(disk.file("/Users/me/plain.txt"));
+    EXPECT_FALSE(app.selectedApplication());
+    EXPECT_THAT(app.associatedItems(), IsEmpty());
+    EXPECT_EQ(app.statusMessage(), "The dropped item is not a valid .app application.");
+    EXPECT_EQ(workspace.grants, 4);
     EXPECT_EQ(workspace.openGrants, 0);
 }
 
@@ -152,22 +158,6 @@ TEST_F(ScanWorkflowsTest, droppedBundleIsReadInTheBackgroundAndLosesToALaterChoi
     EXPECT_EQ(app.selectedApplication(), draw);
 }
 
-TEST_F(ScanWorkflowsTest, whatIsNotABundleWithAnIdentifierIsRefused)
-{
-    const auto application = notes();
-    const QList<Url> refused{disk.file("/Users/me/plain.txt"), disk.folder("/Users/me/Empty.app"),
-                             disk.application("/Users/me/Nameless.app", {.identifier = QString()}).url,
-                             disk.application("/Users/me/NoExtension", {.identifier = "n.n.n"}).url};
-    for (const auto &url : refused) {
-        waitFor(scans.scan(application));
-        drop(url);
-        EXPECT_FALSE(app.selectedApplication());
-        EXPECT_THAT(app.associatedItems(), IsEmpty());
-        EXPECT_EQ(app.statusMessage(), "The dropped item is not a valid .app application.");
-    }
-    EXPECT_EQ(workspace.openGrants, 0);
-}
-
 TEST_F(ScanWorkflowsTest, leftoversLeaveOutWhatTheCatalogKnowsAndGiveWayToOtherPrograms)
 {
     notes();
@@ -220,37 +210,25 @@ TEST_F(ScanWorkflowsTest, cacheScanTakesItemsOfOneMebibyteAtLowPriority)
     EXPECT_EQ(priority.timesUserInitiated, 1);
 }
 
-TEST_F(ScanWorkflowsTest, folderIsAskedForBeforeTheCategories)
+TEST_F(ScanWorkflowsTest, finderAsksForAFolderAndCategoriesAndKeepsWhatItFindsUntilTheNextFolder)
 {
-    for (const auto category : allCases<MediaCategory>())
-        app.toggleMediaCategory(category);
-    for (const auto category : allCases<TextFileCategory>())
-        app.toggleTextFileCategory(category);
-    chooser.folder = disk.folder("/Volumes/Disk");
+    disk.file("/Volumes/Disk/film.mov", 10);
+    disk.file("/Volumes/Disk/song.mp3", 20);
+    disk.file("/Volumes/Disk/page.pdf", 30);
+    disk.file("/Volumes/Disk/note.txt", 40);
+    chooser.folder = Url("/Volumes/Disk");
+    toggleEveryCategory();
     app.scanMedia();
     app.chooseMediaFolder();
     app.scanMedia();
     app.scanTextFiles();
     app.chooseTextFolder();
     app.scanTextFiles();
-    EXPECT_THAT(said, ElementsAre("Choose a folder or disk first.", "", "Select at least one file category.",
-                                  "Choose a folder or disk first.", "", "Select at least one file type."));
-    EXPECT_FALSE(app.isProcessing());
-}
-
-TEST_F(ScanWorkflowsTest, finderFindsTheChosenCategoriesAndKeepsThemUntilTheNextFolder)
-{
-    disk.file("/Volumes/Disk/film.mov", 10);
-    disk.file("/Volumes/Disk/song.mp3", 20);
-    disk.file("/Volumes/Disk/page.pdf", 30);
-    disk.file("/Volumes/Disk/note.txt", 40);
-    app.toggleMediaCategory(MediaCategory::audio);
-    app.toggleTextFileCategory(TextFileCategory::plainText);
-    chooseMedia(Url("/Volumes/Disk"));
-    app.chooseTextFolder();
+    app.toggleMediaCategory(MediaCategory::video);
+    app.toggleTextFileCategory(TextFileCategory::pdf);
     waitFor(scans.scanMedia());
     waitFor(scans.scanTextFiles());
-    app.toggleMediaCategory(MediaCategory::video);
+    toggleEveryCategory();
     chooseMedia(std::nullopt);
     app.chooseTextFolder();
     EXPECT_THAT(namesOf(app.mediaFiles()), ElementsAre("film.mov"));
@@ -266,7 +244,9 @@ TEST_F(ScanWorkflowsTest, finderFindsTheChosenCategoriesAndKeepsThemUntilTheNext
     waitFor(scans.scanMedia());
     waitFor(scans.scanTextFiles());
     EXPECT_THAT(said,
-                ElementsAre("Scanning media files…", "Files found: 1.", "Scanning text files…", "Files found: 1.",
+                ElementsAre("Choose a folder or disk first.", "", "Select at least one file category.",
+                            "Choose a folder or disk first.", "", "Select at least one file type.",
+                            "Scanning media files…", "Files found: 1.", "Scanning text files…", "Files found: 1.",
                             "", "Scanning media files…", "No files of the selected types were found.",
                             "Scanning text files…", "No files of the selected types were found."));
 }
