@@ -7,6 +7,7 @@
 #include "LinuxFileSystem.h"
 #include "MacDiskFinder.h"
 #include "Program.h"
+#include "Renderer.h"
 #include "Text.h"
 #include "TrashFailure.h"
 
@@ -129,6 +130,7 @@ int main(int argc, char **argv)
     }
 
     QGuiApplication application(argc, argv);
+    chooseRenderer();
     // The choice is not the program's last window.
     QGuiApplication::setQuitOnLastWindowClosed(false);
     if (refusal)

@@ -14,6 +14,7 @@
 #include "LinuxAppearance.h"
 #include "LinuxFolderChooser.h"
 #include "LinuxPlatform.h"
+#include "Renderer.h"
 #include "SampleDisk.h"
 #include "TarnvaleApp.h"
 #include "Tour.h"
@@ -63,6 +64,7 @@ private:
 
 int openWindow(const SampleDisk &disk)
 {
+    chooseRenderer();
     const auto home = QFile::encodeName(disk.homePath());
     FolderDialogChooser folderDialog(home);
     LinuxFolderChooser folderChooser(folderDialog, home, &FolderDialogChooser::parentWindow);
