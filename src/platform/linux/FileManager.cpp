@@ -22,12 +22,22 @@ bool showItem(const QByteArray &bus, const Url &item)
     return shown.values != nullptr;
 }
 
+void openFolder(const Url &folder)
+{
+    // The library opens a connection of its own on the way, which would end the program if the bus went away meanwhile.
+    auto *connection = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr);
+    if (connection)
+        g_dbus_connection_set_exit_on_close(connection, FALSE);
+    g_app_info_launch_default_for_uri(folder.toUri().constData(), nullptr, nullptr);
+    g_clear_object(&connection);
+}
+
 } // namespace
 
 void showInFileManager(const QByteArray &path)
 {
     onThreadOfItsOwn([bus = sessionBusAddress(), item = Url(path)] {
         if (!showItem(bus, item))
-            g_app_info_launch_default_for_uri(item.parent().toUri().constData(), nullptr, nullptr);
+            openFolder(item.parent());
     });
 }

@@ -1,4 +1,5 @@
 #include "LinuxWorkspace.h"
+#include "TemporaryDisk.h"
 #include "TestBus.h"
 
 #include <QDBusConnection>
@@ -33,26 +34,19 @@ class RevealTest : public testing::Test
 {
 protected:
     TestBus bus;
-    const Url item{home().path().toUtf8() + "/items/\xff %.mp4"};
+    const Url item{home().root().prefix() + "/items/\xff %.mp4"};
 
     RevealTest()
     {
-        qputenv("HOME", home().path().toUtf8());
+        qputenv("HOME", home().root().prefix());
         qputenv("DBUS_SESSION_BUS_ADDRESS", bus.address().toUtf8());
     }
 
     /// One for all: where it is, a program asks once.
-    static const QTemporaryDir &home()
+    static const TemporaryDisk &home()
     {
-        static const QTemporaryDir folder;
-        return folder;
-    }
-
-    static void write(const QString &path, const QByteArray &content)
-    {
-        QFile file(home().filePath(path));
-        EXPECT_TRUE(QFileInfo(file).dir().mkpath(".") && file.open(QFile::WriteOnly));
-        file.write(content);
+        static const TemporaryDisk disk;
+        return disk;
     }
 
     /// Has the item revealed; shows that the program goes on at once.
@@ -85,18 +79,18 @@ TEST_F(RevealTest, fileManagerSelectsTheItemEvenWhenTheBusIsSlow)
 
 TEST_F(RevealTest, folderIsOpenedWhereNoFileManagerSelectsAndNothingBreaksWithoutABus)
 {
-    const auto opened = home().filePath("opened").toUtf8();
-    QDir(home().path()).mkdir("items");
-    write(".config/mimeapps.list", "[Default Applications]\ninode/directory=show.desktop\n");
-    write(".local/share/applications/show.desktop",
-          "[Desktop Entry]\nType=Application\nName=Show\nMimeType=inode/directory;\nExec=ln -sfT %u " + opened
-              + "\n");
+    const auto opened = home().host("/opened");
+    home().folder("/items");
+    home().file("/.config/mimeapps.list", "[Default Applications]\ninode/directory=show.desktop\n");
+    home().file("/.local/share/applications/show.desktop",
+                "[Desktop Entry]\nType=Application\nName=Show\nMimeType=inode/directory;\nExec=ln -sfT %u "
+                    + QByteArray::fromStdString(opened) + "\n");
     std::error_code none;
-    const auto target = [&] { return std::filesystem::read_symlink(opened.toStdString(), none).string(); };
+    const auto target = [&] { return std::filesystem::read_symlink(opened, none).string(); };
     for (const bool hasBus : {true, false}) {
         if (!hasBus)
             bus.kill();
-        std::filesystem::remove(opened.toStdString());
+        std::filesystem::remove(opened);
         reveal();
         EXPECT_TRUE(QTest::qWaitFor([&] { return !target().empty(); }, 20'000));
         EXPECT_NE(target().find(item.parent().path().toStdString()), std::string::npos) << target();
