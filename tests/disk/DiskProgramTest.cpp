@@ -76,6 +76,12 @@ protected:
         m_platform.reset();
     }
 
+    bool isReadOnly() const
+    {
+        const LinuxFileSystem disk(DiskRoot(QByteArray::fromStdString(mac())), Url("/Users/anna"), {});
+        return disk.volumeValues(disk.homeDirectory())->isReadOnly;
+    }
+
     /// Looks for the application and removes what starts ticked.
     static void uninstall(AppViewModel &app, const QString &name)
     {
@@ -102,9 +108,10 @@ protected:
         return names;
     }
 
-private:
     // In no memory, which has no Trash.
     const TemporaryDisk m_disk{"/var/tmp"};
+
+private:
     FakeFolderChooser m_noFolder;
     MacDisk m_mac;
     std::unique_ptr<LinuxPlatform> m_platform;
@@ -113,15 +120,28 @@ private:
 
 } // namespace
 
-TEST_F(DiskProgramTest, whatIsRemovedFromAMountedDiskIsInTheTrashOfThatDisk)
+TEST_F(DiskProgramTest, whatIsRemovedFromAMountedDiskIsInTheTrashOfThatDiskUnlessItCanOnlyBeRead)
 {
     const SecondVolume volume(QByteArray::fromStdString(mac()));
     NEED_VOLUME(volume);
     fillDisk();
     // A link that would lead out, and whose target on this computer is to be kept.
-    fs::create_directories(folder() + "/precious");
-    fs::create_symlink(folder() + "/precious", mac() + "/Users/anna/Library/Logs");
-    fs::create_directory(folder() + "/precious/com.acme.notes");
+    m_disk.folder("/precious/com.acme.notes");
+    m_disk.link("/mac/Users/anna/Library/Logs", m_disk.root().prefix() + "/precious");
+    {
+        volume.remount("ro");
+        auto &app = open({"Macintosh HD", "anna", false, isReadOnly()});
+        ASSERT_TRUE(app.userNotice()) << "before anything is ticked";
+        EXPECT_EQ(app.userNotice()->title, diskText(DiskText::readOnlyTitle, AppLanguage::polish));
+        app.dismissNotice();
+        uninstall(app, "notes");
+        EXPECT_THAT(app.userNotice()->message.toStdString(),
+                    EndsWith("because the disk that it is on can only be read."));
+        EXPECT_EQ(app.associatedItems().size(), 3);
+        close();
+    }
+    volume.remount("rw");
+    EXPECT_FALSE(isReadOnly());
     auto &app = open();
     EXPECT_EQ(app.diskTitle(), "Macintosh HD, anna");
     app.refreshDashboard();
@@ -135,28 +155,6 @@ TEST_F(DiskProgramTest, whatIsRemovedFromAMountedDiskIsInTheTrashOfThatDisk)
     EXPECT_TRUE(fs::exists(folder() + "/precious/com.acme.notes"));
     waitFor(app.scans().scanLeftovers());
     EXPECT_THAT(pathsOf(app.leftoverItems()), ElementsAre("/Users/anna/Library/Caches/org.gone.app"));
-    close();
-}
-
-TEST_F(DiskProgramTest, ofADiskThatCanOnlyBeReadItIsSaidBeforeAnythingIsTicked)
-{
-    const SecondVolume volume(QByteArray::fromStdString(mac()));
-    NEED_VOLUME(volume);
-    fillDisk();
-    const auto isReadOnly = [this] {
-        const LinuxFileSystem disk(DiskRoot(QByteArray::fromStdString(mac())), Url("/Users/anna"), {});
-        return disk.volumeValues(disk.homeDirectory())->isReadOnly;
-    };
-    EXPECT_FALSE(isReadOnly());
-    volume.remount("ro");
-    auto &app = open({"Macintosh HD", "anna", false, isReadOnly()});
-    ASSERT_TRUE(app.userNotice());
-    EXPECT_EQ(app.userNotice()->title, diskText(DiskText::readOnlyTitle, AppLanguage::polish));
-    app.dismissNotice();
-    uninstall(app, "notes");
-    EXPECT_THAT(app.userNotice()->message.toStdString(),
-                EndsWith("because the disk that it is on can only be read."));
-    EXPECT_EQ(app.associatedItems().size(), 3);
     close();
 }
 
