@@ -11,7 +11,6 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -63,26 +62,13 @@ OrdinaryUser TrashSandbox::giveToOrdinaryUser() const
     return {};
 }
 
-std::map<std::string, std::string> TrashSandbox::snapshot(const QByteArray &path) const
+QByteArray TrashSandbox::snapshot(const QByteArray &path) const
 {
-    std::map<std::string, std::string> items;
-    const auto root = url(path).path().toStdString();
-    for (const auto &entry : fs::recursive_directory_iterator(root)) {
-        struct stat status;
-        EXPECT_EQ(lstat(entry.path().c_str(), &status), 0);
-        auto &item = items[entry.path().lexically_relative(root).string()];
-        item = std::to_string(status.st_mode);
-        // A folder's time changes when something in it goes and comes back.
-        if (S_ISLNK(status.st_mode)) {
-            item += " -> " + fs::read_symlink(entry.path()).string();
-        } else if (S_ISREG(status.st_mode)) {
-            item +=
-                ' ' + std::to_string(status.st_mtim.tv_sec) + '.' + std::to_string(status.st_mtim.tv_nsec) + ' ';
-            std::ifstream file(entry.path(), std::ios::binary);
-            item.append(std::istreambuf_iterator<char>(file), {});
-        }
-    }
-    return items;
+    // A folder's time changes when something in it goes and comes back.
+    return run("sh", {"-ec",
+                      "cd \"$0\"; find . -type f -printf '%p %m %T@\\n' -o -printf '%p %m %l\\n' | LC_ALL=C sort; "
+                      "find . -type f -exec cksum {} + | LC_ALL=C sort",
+                      QString::fromUtf8(url(path).path())});
 }
 
 std::map<QByteArray, QByteArray> TrashSandbox::trashed(const QByteArray &trash, const QByteArray &topDirectory)
@@ -118,7 +104,7 @@ std::vector<std::string> TrashSandbox::recycle(const QList<Url> &items, const QB
     return outcomes;
 }
 
-void TrashSandbox::run(const QString &program, const QStringList &arguments, const QByteArray &input)
+QByteArray TrashSandbox::run(const QString &program, const QStringList &arguments, const QByteArray &input)
 {
     QProcess process;
     process.start(program, arguments);
@@ -126,4 +112,5 @@ void TrashSandbox::run(const QString &program, const QStringList &arguments, con
     process.closeWriteChannel();
     EXPECT_TRUE(process.waitForFinished(60'000) && process.exitCode() == 0)
         << qPrintable(program) << ": " << process.readAllStandardError().toStdString();
+    return process.readAllStandardOutput();
 }

@@ -31,9 +31,8 @@ public:
         return url(path);
     }
 
-    /// Everything below `path`: from its path to its type, mode, and a file's time of change and content or a
-    /// link's target. Names and contents are bytes.
-    std::map<std::string, std::string> snapshot(const QByteArray &path) const;
+    /// Everything below `path` with its mode, a link's target, and a file's time of change and content.
+    QByteArray snapshot(const QByteArray &path) const;
 
     /// What the Trash at `trash` holds, by its records: from where each item came from to where it is. Every item has to
     /// have a record; a record of nothing is left out. Its paths may be relative to `topDirectory`.
@@ -57,8 +56,8 @@ public:
     /// Has the items moved to the Trash one after another: of each "moved" and the URI in the Trash, or the reason.
     static std::vector<std::string> recycle(const QList<Url> &items, const QByteArray &disk = {});
 
-    /// Runs a program of the computer's, which has to succeed.
-    static void run(const QString &program, const QStringList &arguments, const QByteArray &input = {});
+    /// What a program of the computer's writes, which has to succeed.
+    static QByteArray run(const QString &program, const QStringList &arguments, const QByteArray &input = {});
 
 private:
     const TemporaryDisk m_disk;

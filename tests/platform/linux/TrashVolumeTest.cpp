@@ -101,6 +101,13 @@ TEST_F(TrashVolumeTest, whatIsReallyInTheWayIsSaid)
     EXPECT_THAT(sandbox.recycle({item}),
                 ElementsAre(EndsWith("because the disk is full. Free some space and try again.")));
     EXPECT_EQ(std::distance(fs::directory_iterator((top + "/.Trash-" + user + "/info").toStdString()), {}), 1);
+    // Of the administrator it is not to be said that it is another user's.
+    fs::remove(top.toStdString() + "/everything");
+    ASSERT_EQ(chown(item.path().constData(), OrdinaryUser::number, OrdinaryUser::number), 0);
+    sandbox.run("chattr", {"+i", QString::fromUtf8(item.path())});
+    EXPECT_THAT(sandbox.recycle({item}),
+                ElementsAre(EndsWith("to the Trash because you don't have permission to do that.")));
+    sandbox.run("chattr", {"-i", QString::fromUtf8(item.path())});
     volume.remount("ro");
     EXPECT_THAT(sandbox.recycle({item}),
                 ElementsAre(EndsWith("because the disk that it is on can only be read.")));
