@@ -51,13 +51,13 @@ int digitValue(QChar c, int base)
 
 std::optional<QVariant> TextPropertyListReader::read()
 {
-    if (next().isNull() && atEnd())
+    if (isReadToTheEnd())
         return QVariantMap();
     const auto start = m_position;
     auto root = value(1);
     if (!root)
         return std::nullopt;
-    if (next().isNull() && atEnd())
+    if (isReadToTheEnd())
         return root;
     // Only the first key of a strings file has anything behind it.
     if (root->typeId() != QMetaType::QString)
@@ -194,9 +194,16 @@ QChar TextPropertyListReader::next()
     return {};
 }
 
+/// Whether nothing but blanks and comments is left.
+bool TextPropertyListReader::isReadToTheEnd()
+{
+    next();
+    return atEnd();
+}
+
 bool TextPropertyListReader::take(QChar character)
 {
-    if (next() != character || atEnd())
+    if (next() != character)
         return false;
     ++m_position;
     return true;

@@ -30,6 +30,7 @@ private:
 
     /// The next character that is neither blank nor in a comment, left where it is; null at the end.
     QChar next();
+    bool isReadToTheEnd();
     /// Takes the next such character if it is `character`.
     bool take(QChar character);
     bool atEnd() const { return m_position >= m_text.size(); }

@@ -2,8 +2,11 @@
 
 #include "InMemoryFileSystem.h"
 
+#include <QLocale>
+
 #include <gtest/gtest.h>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -94,6 +97,31 @@ TEST_F(DiskBundleReaderTest, anyTranslationIsBetterThanNone)
         information("/Contents/Resources/" + folder + "InfoPlist.strings", "CFBundleName = \"" + folder + "\";");
         EXPECT_EQ(name({"pl-PL"}), folder.toStdString());
     }
+}
+
+TEST_F(DiskBundleReaderTest, languagesGoByOldNamesAsWell)
+{
+    const auto expectFound = [&](const QByteArray &folder, const QString &language) {
+        disk.remove(app);
+        information("/Contents/Info.plist", "{ CFBundleName = Notes; }");
+        information("/Contents/Resources/Base.lproj/InfoPlist.strings", "CFBundleName = Base;");
+        information("/Contents/Resources/" + folder + ".lproj/InfoPlist.strings", "CFBundleName = Found;");
+        EXPECT_EQ(name({language}), "Found") << folder.constData();
+    };
+    for (const auto *tag : {"ar", "ca", "hr", "cs", "da", "nl", "en", "fi", "fr", "de", "el", "he", "hu",
+                            "it", "ja", "ko", "pl", "pt", "ro", "ru", "sk", "es", "sv", "th", "tr", "uk"})
+        expectFound(QLocale::languageToString(QLocale(tag).language()).toUtf8(), tag);
+    // Chinese without a script is told apart by where it is spoken.
+    for (const auto &[folder, language] : {std::pair("Norwegian", "nb"),
+                                           {"no", "nb"},
+                                           {"iw", "he"},
+                                           {"zh", "zh-Hans"},
+                                           {"zh_CN", "zh-Hans-CN"},
+                                           {"zh_SG", "zh-Hans-SG"},
+                                           {"zh_HK", "zh-Hant-HK"},
+                                           {"zh_MO", "zh-Hant-MO"},
+                                           {"zh_TW", "zh-Hant-TW"}})
+        expectFound(folder, language);
 }
 
 TEST_F(DiskBundleReaderTest, theCompiledTableIsATranslation)

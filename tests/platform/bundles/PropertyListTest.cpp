@@ -159,7 +159,7 @@ TEST(PropertyListTest, stringsFilesLeaveTheBracesOut)
 {
     EXPECT_EQ(strings("/* Name; */ // x\n\"CFBundleName\" = \"Żółw\";\nshort;\na=b /*c*/;// end"),
               QVariantMap({{"CFBundleName", "Żółw"}, {"short", "short"}, {"a", "b"}}));
-    EXPECT_EQ(strings(R"(k = "\"\\\n\t\U0142\u\251\101\'";)").value("k"), "\"\\\n\tłu’A'");
+    EXPECT_EQ(strings(R"(k = "\"\\\a\b\f\n\r\t\v\U0142\u\251\101\'";)").value("k"), "\"\\\a\b\f\n\r\t\vłu’A'");
     EXPECT_EQ(strings("k = \"http://a/*b*/\"; l = http://a;"),
               QVariantMap({{"k", "http://a/*b*/"}, {"l", "http://a"}}));
     EXPECT_EQ(strings(" // nothing\n"), QVariantMap());
@@ -198,6 +198,7 @@ TEST(PropertyListTest, hostileBinaryListsAreAbsent)
     for (const auto *alone : {"\x15", "\x24", "\x33\x7f\xf8\0\0\0\0\0\0", "\x98", "\xe0", "\x5f\x51", "\x0f"})
         EXPECT_FALSE(readPropertyList(binaryList({alone}))) << QByteArray(alone).toHex().constData();
 
+    EXPECT_EQ(read(binaryList({QByteArray("\xaf\x13\0\0\0\0\0\0\0\0", 10)})), QVariantList());
     auto list = binaryList({text});
     for (qsizetype i = list.size() - 32 + 6; i < list.size(); ++i) {
         auto damaged = list;
