@@ -129,7 +129,11 @@ bool FocusKeeper::canHaveKeyboard(const QQuickItem *item) const
 /// Whether something above the window's content has the keyboard, and will give it back.
 bool FocusKeeper::isWithDialog() const
 {
-    const auto *item = window() ? window()->activeFocusItem() : nullptr;
+    if (!window())
+        return false;
+    // Before the window is the desktop's active one, what will have the keyboard then.
+    const auto *active = window()->activeFocusItem();
+    const auto *item = active ? active : window()->contentItem()->scopedFocusItem();
     return item && item != this && !isAncestorOf(item) && !item->isAncestorOf(this);
 }
 
