@@ -62,6 +62,8 @@ void Tour::visitEverything(AppLanguage language, QSize size)
     m_window.resize(size);
     expect(QTest::qWaitForWindowExposed(&m_window), QStringLiteral("the window opens"));
     expect(m_viewModel.language() == AppLanguage::polish, QStringLiteral("it speaks Polish at first"));
+    expect(m_window.minimumSize() == QSize(980, 640),
+           QStringLiteral("it cannot be made too small for its screens"));
     click(QAccessible::RadioButton, rawValue(language));
     expect(m_viewModel.language() == language, QStringLiteral("it speaks the language that was chosen"));
 

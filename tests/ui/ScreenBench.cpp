@@ -1,5 +1,7 @@
 #include "ScreenBench.h"
 
+#include "SymbolPicture.h"
+
 #include <QAccessible>
 #include <QCoreApplication>
 #include <QDragEnterEvent>
@@ -24,11 +26,15 @@ QList<QQuickItem *> visibleItems(QQuickItem *item)
     return items;
 }
 
+bool isText(const QQuickItem &item)
+{
+    return item.inherits("QQuickText") || item.inherits("QQuickTextEdit");
+}
+
 QList<QQuickItem *> textItems(QQuickItem *item)
 {
     auto items = visibleItems(item);
-    items.removeIf(
-        [](QQuickItem *any) { return !any->inherits("QQuickText") && !any->inherits("QQuickTextEdit"); });
+    items.removeIf([](QQuickItem *any) { return !isText(*any); });
     return items;
 }
 
@@ -58,9 +64,12 @@ struct Element
 Element described(QAccessibleInterface *element)
 {
     const auto state = element->state();
-    auto told = QString::fromLatin1(qAccessibleRoleString(element->role())) + u' ' + element->text(QAccessible::Name);
-    for (const auto &[is, word] : {std::pair(bool(state.disabled), ", disabled"), {state.checked, ", checked"},
-                                   {state.selected, ", selected"}, {state.focused, ", focused"}})
+    auto told =
+        QString::fromLatin1(qAccessibleRoleString(element->role())) + u' ' + element->text(QAccessible::Name);
+    for (const auto &[is, word] : {std::pair(bool(state.disabled), ", disabled"),
+                                   {state.checked, ", checked"},
+                                   {state.selected, ", selected"},
+                                   {state.focused, ", focused"}})
         told += QLatin1String(is ? word : "");
     return {element, told};
 }
@@ -92,6 +101,27 @@ QAccessibleInterface *find(QQuickItem *item, const QString &told)
             return element;
     }
     return nullptr;
+}
+
+QStringList seenIn(QQuickItem *item)
+{
+    if (!item->isVisible())
+        return {};
+    if (const auto *symbol = qobject_cast<SymbolPicture *>(item))
+        return {u'<' + symbol->property("name").toString() + u'>'};
+    if (isText(*item))
+        return {item->property("text").toString()};
+    if (item->inherits("QQuickTextField"))
+        return {u'{' + item->property("placeholderText").toString() + u'}'};
+    if (QByteArrayView(item->metaObject()->className()).startsWith("Spinner_"))
+        return {QStringLiteral("~")};
+    QStringList seen;
+    for (auto *child : item->childItems())
+        seen.append(seenIn(child));
+    seen.removeAll({});
+    if (item->inherits("QQuickAbstractButton"))
+        return {(item->isEnabled() ? QStringLiteral("[%1]") : QStringLiteral("(%1)")).arg(seen.join(u' '))};
+    return seen;
 }
 
 std::unique_ptr<QMimeData> mimeData(const QString &type, const QString &data)
@@ -210,6 +240,11 @@ QStringList ScreenBench::actions(QQuickItem *item, const QString &told)
 void ScreenBench::assist(QQuickItem *item, const QString &told, const QString &action)
 {
     find(item, told)->actionInterface()->doAction(action);
+}
+
+QString ScreenBench::seen(QQuickItem *item)
+{
+    return seenIn(item->window()->contentItem()).join(QStringLiteral(" "));
 }
 
 QStringList ScreenBench::texts(QQuickItem *item)

@@ -62,6 +62,9 @@ public:
     /// What assistive technology can have it do, but for taking the keyboard; and has it do that.
     Q_INVOKABLE static QStringList actions(QQuickItem *item, const QString &told);
     Q_INVOKABLE static void assist(QQuickItem *item, const QString &told, const QString &action);
+    /// What the eyes see in the window of `item`, in its order: texts, <symbols>, {a field's hint}, [what can be pressed],
+    /// (what is disabled), and ~ for work that goes on.
+    Q_INVOKABLE static QString seen(QQuickItem *item);
     /// The texts that are shown below `item`, as pieces of text are: neither buttons nor fields.
     Q_INVOKABLE static QStringList texts(QQuickItem *item);
     /// Those of them that do not fit into their place, or would be taken for markup.

@@ -104,21 +104,11 @@ Item {
         }
 
         function test_everyScreenIsReachedByMouseAndKey() {
-            // In the sidebar, in the heading, and the key of what that screen alone says.
-            const screens = [
-                ["Dashboard", "Dashboard", "dashboard_help"],
-                ["Uninstaller", "Uninstaller", "welcome"],
-                ["Applications", "Applications", "applications_not_scanned_help"],
-                ["Leftovers", "Leftovers", "scan_leftovers_help"],
-                ["Cache & Logs", "Cache & Logs", "scan_cleaner_help"],
-                ["Media Files", "Media File Finder", "media_help"],
-                ["Text Files", "Text File Finder", "text_help"]
-            ];
+            const screens = ["Dashboard", "Uninstaller", "Applications", "Leftovers", "Cache & Logs", "Media Files", "Text Files"];
             compare(Presentation.sections.length, screens.length);
-            for (const [index, [name, heading, said]] of screens.entries()) {
+            for (const [index, name] of screens.entries()) {
                 press(name);
                 compare(app.sidebarSelection, index);
-                compare(missing([heading, Texts.of(said)]), []);
             }
             for (let index = 0; index < screens.length; ++index) {
                 keyClick(Qt.Key_1 + index, Qt.ControlModifier);
@@ -140,6 +130,66 @@ Item {
                     }
                 }
             }
+        }
+
+        function test_everyScreenShowsWhatItIsAbout() {
+            const sidebar = "Tarnvale Uninstaller [<rectangle.grid.2x2> Dashboard] [<trash> Uninstaller] [<app.badge> Applications] [<eraser> Leftovers] [<gauge.with.dots.needle.33percent> Cache & Logs] [<photo.on.rectangle.angled> Media Files] [<doc.text.magnifyingglass> Text Files] [PL] [EN] ";
+            const help = ["", "Select an application or enter its exact name.", "Click Scan to load apps from the Applications folders.", "The scan only detects bundle-ID-like folders whose application cannot be found by Launch Services. Results are unselected by default.", "The scan covers the current user's caches and logs. Results are unselected by default.", "Choose a folder or disk, then select the file types to find. Scanning does not delete found files.", "Choose a folder or disk, then select document types to find: TXT, RTF, PDF, Microsoft Office, and LibreOffice/OpenDocument. Scanning does not delete found files."];
+            const scan = "[<magnifyingglass> Scan]";
+            // Above the results; PATH stands for the folder that is chosen.
+            const above = ["<rectangle.grid.2x2> Dashboard Basic information about your Mac, storage, RAM, and battery. [<arrow.clockwise> Refresh]", "<trash> Uninstaller " + help[1] + " {Enter the exact application name} " + scan + " <app.dashed> Drag an application here Drop an .app file to scan the application and its related items.", "<app.badge> Applications " + scan, "<eraser> Leftovers " + help[3] + " " + scan + " {Exact file or folder name, e.g. com.example.core.service} [<magnifyingglass> Search]", "<gauge.with.dots.needle.33percent> Cache & Logs " + help[4] + " " + scan, "<photo.on.rectangle.angled> Media File Finder " + help[5] + " [<folder.badge.plus> Choose Folder or Disk] PATH" + scan + " [<checkmark> Video] [<checkmark> Audio] [<checkmark> Images]", "<doc.text.magnifyingglass> Text File Finder " + help[6] + " [<folder.badge.plus> Choose Folder or Disk] PATH" + scan + " [<checkmark> TXT] [<checkmark> RTF] [<checkmark> Microsoft Office] [<checkmark> LibreOffice] [<checkmark> PDF]"];
+            // HELP stands for what is said.
+            const nothing = ["<laptopcomputer> Unknown Mac <cpu> Processor Unknown CPU <memorychip> Memory 0 B <clock.arrow.circlepath> Boot date Not available <battery.0percent> No battery detected This Mac may not be a MacBook, or macOS does not expose battery data. <internaldrive> Storage Macintosh HD 0% Used Used 0 B Free 0 B Total 0 B <memorychip> RAM Not available Used Total 0 B Used Not available Free Not available Wired memory Not available Active memory Not available Compressed memory Not available", "<trash.slash> HELP", "<app.badge> Applications have not been scanned yet " + help[2] + " " + scan, "<eraser> No scan results HELP", "<gauge.with.dots.needle.33percent> No scan results HELP", "<photo.on.rectangle.angled> No Scan Yet HELP", "<doc.text.magnifyingglass> No Scan Yet HELP"];
+            const removal = (selected, items, size) => "<checkmark.circle> Selected " + selected + " <doc.on.doc> Items " + items + " <internaldrive> Size " + size;
+            const ofNotes = removal("9 KB", 2, "9 KB") + " [<checkmark>] <archivebox> org.notes /Users/me/Library/Caches/org.notes 5 KB [<checkmark>] <app.dashed> Notes.app /Applications/Notes.app 4 KB Selected: 9 KB [<trash> Move Selected to Trash]";
+            const gone = symbol => removal("0 B", 1, "2 MB") + " [] <" + symbol + "> com.gone.app /Users/me/Library/Caches/com.gone.app 2 MB Selected: 0 B [<trash> Move Selected to Trash]";
+            const file = (symbol, name) => "<doc.on.doc> Items 1 <internaldrive> Size 9 KB <" + symbol + "> " + name + " /Users/me/Movies/" + name + " 9 KB [<folder>]";
+            const found = ["<laptopcomputer> Ala's Ala's <cpu> Processor Ala's <memorychip> Memory 1000 B <clock.arrow.circlepath> Boot date Not available <battery.100percent> Battery 81% Charge <bolt.fill> Power source Power adapter connected Estimated battery life Power adapter connected Charging Yes Health 90% Condition Good Cycle count 213 Capacity 4080 / 5000 mAh Design capacity 5550 mAh <internaldrive> Storage Ala's 75% Used Used 750 B Free 250 B Total 1 KB <memorychip> RAM 52% Used Total 1000 B Used 520 B Free 100 B Wired memory 200 B Active memory 300 B Compressed memory 20 B", "Notes org.notes Size 4 KB " + ofNotes, "Notes 4 KB Notes org.notes Size 4 KB Path Notes.app — /Applications [<doc.text.magnifyingglass> Scan Related Files] " + ofNotes, gone("questionmark.folder"), gone("archivebox"), file("film", "a.mov"), file("doc.plaintext", "a.txt")];
+            const off = (line, names) => line.replace(/\[(<[^>]+> ([^\]]+))\]/g, (button, face, name) => names.includes(name) ? "(" + face + ")" : button);
+            const see = (index, line) => {
+                go(index);
+                tryVerify(() => bench.seen(root) === sidebar + line, 5000, "screen " + index + ": " + bench.seen(root));
+            };
+            const work = ["Scan", "Scan Related Files", "Search", "Move Selected to Trash"];
+
+            const withoutInput = [[], ["Scan"], [], ["Search"], [], ["Scan"], ["Scan"]];
+            const said = "Select items first.";
+            const empty = (index, help) => (above[index] + " " + nothing[index]).replace("PATH", "").replace("HELP", help);
+            for (const index of above.keys())
+                see(index, off(empty(index, help[index]), withoutInput[index]));
+            app.requestDeletion(Tarnvale.ScanScope.cleaner);
+            for (const index of above.keys())
+                see(index, off(empty(index, said), withoutInput[index]) + " <info.circle> " + said);
+            bench.holdDisk();
+            app.scanCleaner();
+            for (const index of above.keys())
+                see(index, off(empty(index, "Scanning…"), work) + " ~");
+            bench.releaseDisk();
+            settle();
+
+            bench.becomeLaptop("Ala's", "Good");
+            installNotes();
+            app.loadApplications(true);
+            settle();
+            const listed = above[2] + " Notes 4 KB ";
+            see(2, listed + "<app> Select an application Select an application from the list.");
+            app.selectApplicationAt(0);
+            see(2, listed + "Notes org.notes Size 4 KB Path Notes.app — /Applications [<doc.text.magnifyingglass> Scan Related Files] <doc.text.magnifyingglass> No safely associated items were found. Scan Related Files");
+            findEverything();
+            const withoutTick = [[], [], [], ["Search", "Move Selected to Trash"], ["Move Selected to Trash"], [], []];
+            const full = index => (above[index] + " " + found[index]).replace("PATH", "/Users/me/Movies ");
+            for (const index of above.keys())
+                see(index, off(full(index), withoutTick[index]) + " <info.circle> Files found: 1.");
+            bench.holdDisk();
+            app.loadApplications(true);
+            for (const index of above.keys()) {
+                see(index, off(full(index), work) + " ~");
+                if (found[index].endsWith("[<folder>]"))
+                    press("Show in Finder");
+            }
+            bench.releaseDisk();
+            settle();
+            compare(bench.revealed, ["/Users/me/Movies/a.mov", "/Users/me/Movies/a.txt"]);
         }
 
         function test_theBusyPlateLeavesTheTitlesFree() {
@@ -168,6 +218,7 @@ Item {
                 waitForRendering(root);
                 verify(!bench.scrollBar(notice.contentItem), lines + " lines");
             }
+            verify(bench.seen(root).includes("<exclamationmark.triangle> Title "));
             tell(100);
             tryVerify(() => bench.scrollBar(notice.contentItem));
             const bar = bench.scrollBar(notice.contentItem);
@@ -337,12 +388,19 @@ Item {
             app.chooseTextFolder();
             app.applicationQuery = "Notes";
             const lists = [app.associatedItems, app.applications, app.leftoverItems, app.cleanerItems, app.mediaFiles, app.textFiles];
-            for (const [index, list] of lists.entries()) {
-                go(index + 1);
-                keyClick(Qt.Key_F5);
-                tryVerify(() => !list.isEmpty, 5000, "screen " + (index + 1));
-                settle();
-            }
+            const doOnEach = (act, count) => {
+                for (const [index, list] of lists.entries()) {
+                    go(index + 1);
+                    act();
+                    tryCompare(list, "count", count[index], 5000, "screen " + (index + 1));
+                    settle();
+                }
+            };
+            doOnEach(() => keyClick(Qt.Key_F5), [2, 1, 1, 1, 1, 1]);
+            bench.installApplication("/Applications/Maps.app", "org.maps");
+            for (const path of ["Library/Logs/org.notes/log", "Library/Caches/com.gone.too/data", "Movies/b.mov", "Movies/b.txt"])
+                bench.addFile("~/" + path, 2000000);
+            doOnEach(() => press("Scan"), [3, 2, 2, 3, 2, 2]);
         }
 
         function test_anApplicationIsFoundByTypingItsName() {
@@ -605,15 +663,19 @@ Item {
             tryCompare(app, "userNotice", undefined);
         }
 
-        function test_theStatusBarHidesWhileBusyAndWhenThereIsNothingToSay() {
-            const bar = name => bench.control(root, name);
-            go(Tarnvale.SidebarSelection.cleaner);
+        function test_theConfirmationMovesWhatItShowed() {
+            findCaches();
+            app.cleanerItems.setSelected(2, true);
             app.requestDeletion(Tarnvale.ScanScope.cleaner);
-            tryVerify(() => bar("Select items first."));
-            app.scanCleaner();
-            verify(!bar("Select items first."));
+            const message = "This will move 1 items (1.4 MB) to Trash. They can be restored from Trash.";
+            tryVerify(() => bench.control(root, message));
+            app.cleanerItems.setSelected(0, true);
+            app.requestDeletion(Tarnvale.ScanScope.cleaner);
+            verify(bench.control(root, message));
+            verify(bench.seen(root).endsWith("<trash> Move items to Trash? " + message + " [Move to Trash] [Cancel]"));
+            press("Move to Trash");
             settle();
-            tryVerify(() => bar("No items matching the safety criteria were found."));
+            compare(bench.recycled, ["/Users/me/Library/Caches/big"]);
         }
 
         // A percent sign is written ^25 here, and a byte ^xx.
