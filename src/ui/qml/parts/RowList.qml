@@ -26,6 +26,7 @@ ListView {
     clip: true
     activeFocusOnTab: true
     boundsBehavior: Flickable.StopAtBounds
+    interactive: !hold.isHeld
     reuseItems: true
     cacheBuffer: 4 * rowHeight
     topMargin: Theme.small
@@ -34,6 +35,12 @@ ListView {
     highlightMoveDuration: 0
     Accessible.role: Accessible.List
     T.ScrollBar.vertical: ThinScrollBar {
+    }
+
+    MouseHold {
+        id: hold
+
+        parent: list
     }
 
     Keys.onPressed: event => {

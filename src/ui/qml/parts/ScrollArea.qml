@@ -15,7 +15,14 @@ Flickable {
     }
 
     boundsBehavior: Flickable.StopAtBounds
+    interactive: !hold.isHeld
     clip: true
     T.ScrollBar.vertical: ThinScrollBar {
+    }
+
+    MouseHold {
+        id: hold
+
+        parent: area
     }
 }

@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Templates as T
 import Tarnvale
 
 /// Says why no disk is opened, or lets one of its home folders be chosen, before there is the program's own window.
@@ -89,15 +88,11 @@ Window {
             }
         }
 
-        Flickable {
+        ScrollArea {
             Layout.fillWidth: true
             Layout.preferredHeight: Math.min(window.rows, window.mostRowsSeen) * (Theme.listRowHeight + Theme.small)
             visible: window.rows > 0
             contentHeight: list.height
-            boundsBehavior: Flickable.StopAtBounds
-            clip: true
-            T.ScrollBar.vertical: ThinScrollBar {
-            }
 
             Column {
                 id: list
