@@ -428,6 +428,11 @@ void AppViewModel::refreshDashboard()
         m_lateBattery.setFuture(*late);
 }
 
+void AppViewModel::revealItem(ScanScope scope, int row)
+{
+    reveal(this->*itemsOf(scope), row);
+}
+
 void AppViewModel::revealMediaFile(int row)
 {
     reveal(m_mediaFiles, row);
@@ -438,10 +443,10 @@ void AppViewModel::revealTextFile(int row)
     reveal(m_textFiles, row);
 }
 
-template <typename File> void AppViewModel::reveal(const ListModel<File> &files, int row)
+template <typename Item> void AppViewModel::reveal(const ListModel<Item> &items, int row)
 {
-    if (row >= 0 && row < files.count())
-        m_workspace.reveal(files.rows().at(row).url);
+    if (row >= 0 && row < items.count())
+        m_workspace.reveal(items.rows().at(row).url);
 }
 
 // The common sequence of a workflow

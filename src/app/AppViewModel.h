@@ -184,7 +184,8 @@ public Q_SLOTS:
     /// Takes a new reading of the computer; short enough for the main thread. One that came before the battery was
     /// known is taken again once it is.
     void refreshDashboard();
-    /// Shows a found file in the desktop's file manager.
+    /// Shows a found item in the desktop's file manager.
+    void revealItem(Tarnvale::ScanScope scope, int row);
     void revealMediaFile(int row);
     void revealTextFile(int row);
 
@@ -234,7 +235,7 @@ private:
     void connectDerivedProperties();
     void connectLateBattery();
     void warnOfReadOnlyDisk();
-    template <typename File> void reveal(const ListModel<File> &files, int row);
+    template <typename Item> void reveal(const ListModel<Item> &items, int row);
     /// The list that a removal of this scope works on.
     static ListModel<ScanItem> AppViewModel::*itemsOf(ScanScope scope);
 

@@ -99,6 +99,11 @@ QString Presentation::filledText(const QString &key, AppLanguage language, const
     return TextFormat::filled(localizedText(key, language), texts);
 }
 
+QString Presentation::copyPathText(AppLanguage language)
+{
+    return LocalText{u"Kopiuj ścieżkę", u"Copy Path"}.in(language).toString();
+}
+
 QString Presentation::sizeText(qint64 bytes)
 {
     return formattedByteCount(bytes, ByteCountStyle::file);

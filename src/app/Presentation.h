@@ -63,6 +63,9 @@ public:
     Q_INVOKABLE static QString filledText(const QString &key, Tarnvale::AppLanguage language,
                                           const QVariantList &arguments);
 
+    /// What a row's menu calls copying its path.
+    Q_INVOKABLE static QString copyPathText(Tarnvale::AppLanguage language);
+
     /// A size in the style of files.
     Q_INVOKABLE static QString sizeText(qint64 bytes);
 

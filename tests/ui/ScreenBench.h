@@ -3,6 +3,8 @@
 #include "AppViewModel.h"
 #include "FakeComputer.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QQuickItem>
 #include <QStringList>
 
@@ -15,6 +17,7 @@ class ScreenBench : public QObject
     /// What was given to the Trash, in order.
     Q_PROPERTY(QStringList recycled READ recycled)
     Q_PROPERTY(QStringList revealed READ revealed)
+    Q_PROPERTY(QString clipboard READ clipboard)
     /// How often the computer was read for the dashboard.
     Q_PROPERTY(int readings READ readings)
 
@@ -24,6 +27,7 @@ public:
     AppViewModel *viewModel() { return m_viewModel.get(); }
     QStringList recycled() const { return pathsOf(m_computer->workspace.recycled); }
     QStringList revealed() const { return pathsOf(m_computer->workspace.revealed); }
+    static QString clipboard() { return QGuiApplication::clipboard()->text(); }
     int readings() const { return m_computer->facts.timesRead; }
 
     /// An empty disk of a computer that tells nothing, and a state object as at the program's start.

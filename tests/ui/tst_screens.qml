@@ -704,6 +704,92 @@ Item {
             }
         }
 
+        function test_aMouseThatIsDraggedScrollsNothingButItsWheelDoes() {
+            for (let number = 0; number < 40; ++number)
+                bench.addFile("~/Library/Caches/cache " + number, 1100000);
+            go(Tarnvale.SidebarSelection.cleaner);
+            press("Scan");
+            settle();
+            const list = bench.control(root, "Items");
+            const top = list.contentY;
+            for (const x of [30, 300]) {
+                mousePress(list, x, 200);
+                for (let y = 190; y > 40; y -= 10)
+                    mouseMove(list, x, y);
+                compare(list.contentY, top);
+                mouseRelease(list, x, 40);
+            }
+            // The first one only tells Qt the time.
+            for (let turns = 0; turns < 3; ++turns) {
+                mouseWheel(list, 300, 200, 0, -120);
+                wait(20);
+            }
+            tryVerify(() => list.contentY > top);
+        }
+
+        /// Chooses what the open menu calls `name`.
+        function choose(name) {
+            tryVerify(() => bench.element(root, "MenuItem " + name));
+            bench.assist(root, "MenuItem " + name, "Press");
+            tryVerify(() => !bench.told(root).some(line => line.startsWith("MenuItem")));
+        }
+
+        function test_aFieldHasTheUsualMenu() {
+            go(Tarnvale.SidebarSelection.leftovers);
+            const field = keyboard();
+            const entries = () => bench.told(root).filter(line => line.startsWith("MenuItem")).map(line => line.replace(", focused", ""));
+            const openByKey = () => keyClick(Qt.Key_F10, Qt.ShiftModifier);
+            field.text = "abc";
+            mouseClick(field, 20, 10, Qt.RightButton);
+            tryVerify(() => entries().length === 4);
+            compare(entries(), ["MenuItem Cut, disabled", "MenuItem Copy, disabled", bench.clipboard ? "MenuItem Paste" : "MenuItem Paste, disabled", "MenuItem Select All"]);
+            choose("Select All");
+            openByKey();
+            choose("Cut");
+            compare(app.leftoverQuery, "", "what is typed and what is cut is told alike");
+            compare(bench.clipboard, "abc");
+            app.language = Tarnvale.AppLanguage.polish;
+            openByKey();
+            tryVerify(() => entries().length === 4);
+            compare(entries(), ["MenuItem Wytnij, disabled", "MenuItem Skopiuj, disabled", "MenuItem Wklej", "MenuItem Zaznacz wszystko, disabled"]);
+            choose("Wklej");
+            compare(field.text, "abc");
+            tryVerify(() => keyboard() === field);
+        }
+
+        function test_aRowsMenuShowsTheItemAndCopiesItsPath() {
+            findEverything();
+            const item = "/Users/me/Library/Caches/com.gone.app";
+            for (const [section, path] of [[Tarnvale.SidebarSelection.leftovers, item], [Tarnvale.SidebarSelection.cleaner, item], [Tarnvale.SidebarSelection.mediaFinder, "/Users/me/Movies/a.mov"]]) {
+                go(section);
+                const row = () => bench.control(root, path.split("/").pop());
+                tryVerify(row);
+                mouseClick(row(), 200, 20, Qt.RightButton);
+                choose("Show in Finder");
+                compare(bench.revealed[section - 3], path);
+                tryVerify(() => row().isCurrent);
+                keyClick(Qt.Key_Menu);
+                choose("Copy Path");
+                compare(bench.clipboard, path);
+            }
+        }
+
+        function test_oneTooltipBesideThePointer() {
+            findEverything();
+            go(Tarnvale.SidebarSelection.mediaFinder);
+            tryVerify(() => bench.control(root, "a.mov"));
+            const row = bench.control(root, "a.mov");
+            const ofRow = () => bench.element(root, "StaticText /Users/me/Movies/a.mov");
+            const ofButton = () => bench.element(root, "StaticText Show in Finder");
+            mouseMove(row, 220, 20);
+            tryVerify(ofRow);
+            const place = ofRow().mapToItem(row, 0, 0);
+            verify(place.y >= row.height && Math.abs(place.x - 220) < 20);
+            mouseMove(bench.control(root, "Show in Finder"));
+            tryVerify(ofButton);
+            verify(!ofRow());
+        }
+
         function test_aDropOfSomethingElse() {
             go(Tarnvale.SidebarSelection.uninstaller);
             const zone = bench.control(root, "Drag an application here");

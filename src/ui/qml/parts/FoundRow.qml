@@ -23,8 +23,11 @@ Item {
     property font nameFont: Theme.rowTitle
     property alias leading: leadingSlot.data
     property alias trailing: trailingSlot.data
+    /// Whether what stands in it shows a tooltip of its own.
+    property bool hasOtherTip
 
-    readonly property bool isCurrent: ListView.isCurrentItem && ListView.view.activeFocus
+    readonly property bool isMenuOpen: (ListView.view as FoundList)?.isMenuOpen ?? false
+    readonly property bool isCurrent: ListView.isCurrentItem && (ListView.view.activeFocus || isMenuOpen)
 
     width: ListView.view.width
     height: Theme.listRowHeight
@@ -111,15 +114,27 @@ Item {
         id: hover
     }
 
+    function takeKeyboard() {
+        row.ListView.view.currentIndex = row.index;
+        row.ListView.view.forceActiveFocus(Qt.MouseFocusReason);
+    }
+
     TapHandler {
-        onTapped: {
-            row.ListView.view.currentIndex = row.index;
-            row.ListView.view.forceActiveFocus(Qt.MouseFocusReason);
+        onTapped: row.takeKeyboard()
+    }
+
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        onTapped: event => {
+            row.takeKeyboard();
+            (row.ListView.view as FoundList).openMenu(event.position);
         }
     }
 
     Tip {
-        shown: hover.hovered
-        text: row.match ? row.path + "\n" + row.match : row.path
+        shown: hover.hovered && !row.hasOtherTip && !row.isMenuOpen
+        pointer: hover.point.position.x
+        text: row.path
+        note: row.match
     }
 }

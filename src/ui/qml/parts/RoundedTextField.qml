@@ -20,6 +20,13 @@ T.TextField {
     placeholderTextColor: Theme.placeholder
     selectByMouse: true
     Accessible.name: placeholderText
+    Keys.onPressed: event => {
+        if (menu.isAskedForBy(event)) {
+            event.accepted = true;
+            menu.popup(field, Qt.point(cursorRectangle.x, height));
+            menu.currentIndex = 0;
+        }
+    }
     Keys.onReturnPressed: event => event.isAutoRepeat || submitted()
     Keys.onEnterPressed: event => event.isAutoRepeat || submitted()
 
@@ -32,6 +39,42 @@ T.TextField {
         FocusRing {
             around: parent.radius
             visible: field.activeFocus
+        }
+    }
+
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        onTapped: event => {
+            field.forceActiveFocus(Qt.MouseFocusReason);
+            menu.popup(field, event.position);
+        }
+    }
+
+    ContextMenu {
+        id: menu
+
+        MenuEntry {
+            text: StandardTexts.of(StandardTexts.Text.cut, Texts.language)
+            enabled: field.selectedText !== ""
+            onTriggered: field.cut()
+        }
+
+        MenuEntry {
+            text: StandardTexts.of(StandardTexts.Text.copy, Texts.language)
+            enabled: field.selectedText !== ""
+            onTriggered: field.copy()
+        }
+
+        MenuEntry {
+            text: StandardTexts.of(StandardTexts.Text.paste, Texts.language)
+            enabled: field.canPaste
+            onTriggered: field.paste()
+        }
+
+        MenuEntry {
+            text: StandardTexts.of(StandardTexts.Text.selectAll, Texts.language)
+            enabled: field.length > 0
+            onTriggered: field.selectAll()
         }
     }
 

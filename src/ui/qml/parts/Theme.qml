@@ -135,6 +135,8 @@ QtObject {
     readonly property int checkSide: 16
     /// What a list leaves free at its end.
     readonly property int scrollBarWidth: 12
+    readonly property int menuWidth: 160
+    readonly property int menuEntryHeight: 28
     readonly property int pillWidth: 176
     readonly property int segmentWidth: 71
     readonly property int focusWidth: 3

@@ -2,15 +2,19 @@ import QtQuick
 import QtQuick.Templates as T
 import Tarnvale
 
-/// A tooltip below the item that it stands in: in a list, the row above stays readable.
+/// A tooltip below the item that it stands in: in a list, the row and the one above stay readable.
 T.ToolTip {
     id: tip
 
     property bool shown: false
+    /// A line of its own below the text; none where it is empty.
+    property string note
+    /// Where in that item the pointer is, which it appears beside; negative to appear below the middle.
+    property real pointer: -1
 
     visible: shown && text !== ""
     delay: 600
-    x: parent ? Math.max(0, (parent.width - implicitWidth) / 2) : 0
+    onAboutToShow: x = pointer >= 0 ? pointer : Math.max(0, (parent.width - implicitWidth) / 2)
     y: parent ? parent.height + Theme.small : 0
     margins: Theme.regular
     padding: Theme.small
@@ -20,10 +24,20 @@ T.ToolTip {
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent | T.Popup.CloseOnReleaseOutsideParent
 
-    contentItem: PlainText {
-        text: tip.text
-        font: Theme.callout
-        wrapMode: Text.WrapAnywhere
+    contentItem: Column {
+        PlainText {
+            width: Math.min(implicitWidth, tip.availableWidth)
+            text: tip.text
+            font: Theme.callout
+            wrapMode: Text.WrapAnywhere
+        }
+
+        PlainText {
+            visible: text !== ""
+            text: tip.note
+            font: Theme.callout
+            color: Theme.secondary
+        }
     }
     background: ContinuousRectangle {
         radius: Theme.controlRadius

@@ -58,7 +58,7 @@ UtilityCard {
             Layout.fillWidth: true
         }
 
-        RowList {
+        FoundList {
             id: list
 
             Layout.fillWidth: true
@@ -66,6 +66,7 @@ UtilityCard {
             model: view.items
             Accessible.name: Texts.of("items")
             onGoTo: row => makeCurrent(row)
+            onRevealAskedFor: row => view.viewModel.revealItem(view.scope, row)
             Keys.onSpacePressed: event => event.isAutoRepeat || toggleCurrent()
             Keys.onPressed: event => {
                 if (event.matches(StandardKey.SelectAll)) {

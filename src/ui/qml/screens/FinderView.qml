@@ -130,7 +130,7 @@ SectionView {
                     Layout.fillWidth: true
                 }
 
-                RowList {
+                FoundList {
                     id: list
 
                     Layout.fillWidth: true
@@ -139,6 +139,7 @@ SectionView {
                     model: view.files
                     Accessible.name: Texts.of("items")
                     onGoTo: row => makeCurrent(row)
+                    onRevealAskedFor: row => view.revealAskedFor(row)
                     Keys.onReturnPressed: event => event.isAutoRepeat || view.revealAskedFor(currentIndex)
                     Keys.onEnterPressed: event => event.isAutoRepeat || view.revealAskedFor(currentIndex)
 
@@ -146,7 +147,10 @@ SectionView {
                         id: row
 
                         nameFont: Theme.bodyMedium
+                        hasOtherTip: reveal.hovered
                         trailing: IconButton {
+                            id: reveal
+
                             focusPolicy: Qt.NoFocus
                             text: Texts.of("show_in_finder")
                             systemImage: "folder"
