@@ -87,6 +87,8 @@ TEST_F(RemovalWorkflowTest, selectedItemsLeaveTheirListAndNoOther)
     EXPECT_EQ(app.statusMessage(), QString());
     EXPECT_EQ(app.pendingDeletion()->scope, ScanScope::leftovers);
     EXPECT_THAT(app.pendingDeletion()->items, ElementsAre(leftovers.at(0), leftovers.at(1), leftovers.at(3)));
+    app.cancelDeletion();
+    EXPECT_FALSE(app.pendingDeletion());
 
     remove(ScanScope::leftovers);
     EXPECT_THAT(namesOf(app.leftoverItems()), ElementsAre("org.gone.app1"));
