@@ -120,7 +120,7 @@ Url operator/(const Url &folder, QByteArrayView name)
 QByteArrayView extensionOf(QByteArrayView name)
 {
     const auto dot = name.lastIndexOf('.');
-    if (dot <= 0)
+    if (dot < 0)
         return {};
     const bool onlyDotsBefore = std::all_of(name.begin(), name.begin() + dot, [](char c) { return c == '.'; });
     return onlyDotsBefore ? QByteArrayView() : name.sliced(dot + 1);

@@ -43,6 +43,7 @@ TEST(UrlTest, extensionsFollowTheLastDotOfTheName)
     EXPECT_EQ(split("/a/.app"), ".app|");
     EXPECT_EQ(split("/a/...app"), "...app|");
     EXPECT_EQ(split("/a/..b.app"), "..b|app");
+    EXPECT_EQ(split("/a/b.c"), "b|c");
     EXPECT_EQ(split("/a/b."), "b.|");
     EXPECT_EQ(split("/a/org.notes.agent.plist"), "org.notes.agent|plist");
 }
