@@ -12,7 +12,11 @@ TEST(ByteCountTest, filesAreCountedInThousandsAndMemoryInPowersOfTwo)
         {1'000, "1 KB", "1000 B"},
         {-1'024, "-1 KB", "-1 KB"},
         {1'500, "2 KB", "1 KB"},
+        // Rounded, never a full unit of the next.
+        {999'999, "1 MB", "977 KB"},
+        {1'048'575, "1 MB", "1 MB"},
         {1'048'576, "1 MB", "1 MB"},
+        {999'949'999, "999.9 MB", "953.6 MB"},
         {1'250'000, "1.3 MB", "1.2 MB"},
         {qint64(16) << 30, "17.18 GB", "16 GB"},
         {1'234'567'890'123, "1.23 TB", "1.12 TB"},
@@ -24,11 +28,4 @@ TEST(ByteCountTest, filesAreCountedInThousandsAndMemoryInPowersOfTwo)
         EXPECT_EQ(formattedByteCount(bytes, ByteCountStyle::file), asFile);
         EXPECT_EQ(formattedByteCount(bytes, ByteCountStyle::memory), asMemory);
     }
-}
-
-TEST(ByteCountTest, roundingNeverShowsAFullUnitOfTheNext)
-{
-    EXPECT_EQ(formattedByteCount(999'999, ByteCountStyle::file), "1 MB");
-    EXPECT_EQ(formattedByteCount(999'949'999, ByteCountStyle::file), "999.9 MB");
-    EXPECT_EQ(formattedByteCount(1024 * 1024 - 1, ByteCountStyle::memory), "1 MB");
 }
