@@ -15,13 +15,6 @@ protected:
     {
         return ApplicationCatalogScanner(disk, disk.bundles).scanApplications();
     }
-    QStringList names() const
-    {
-        QStringList names;
-        for (const auto &application : scan())
-            names.append(application.name);
-        return names;
-    }
     void bundle(const QByteArray &path, QVariantMap information)
     {
         information.insert("CFBundleIdentifier", "org.any");
@@ -55,7 +48,10 @@ TEST_F(ApplicationCatalogScannerTest, namesFollowTheirPrecedence)
     bundle("/Applications/E.app", {{"CFBundleDisplayName", longest + 'n'}, {"CFBundleName", longest}});
     bundle("/Applications/D.app", {{"CFBundleDisplayName", ""}, {"CFBundleName", "Short of D"}});
 
-    EXPECT_THAT(names(), ElementsAre("", "Last Resort", longest, "Short", "Shown"));
+    QStringList names;
+    for (const auto &application : scan())
+        names.append(application.name);
+    EXPECT_THAT(names, ElementsAre("", "Last Resort", longest, "Short", "Shown"));
 }
 
 TEST_F(ApplicationCatalogScannerTest, orderIsTheReadersAndKeepsEqualNamesAsFound)

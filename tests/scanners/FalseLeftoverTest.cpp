@@ -27,7 +27,6 @@ const Installed everythingInstalled[] = {
     {"/Applications/Browser.app", "com.vendor.Browser"},
     {framework + "/Resources/Info.plist", "com.vendor.Browser.framework"},
     {framework + "/Helpers/Browser Helper.app", "com.vendor.Browser.helper"},
-    {framework + "/Helpers/Browser Helper (Alerts).app", "com.vendor.Browser.framework.AlertNotificationService"},
     {framework + "/Helpers/Updater.app/Contents/Helpers/UpdaterAgent.bundle/Contents/Resources/Agent.app", "com.vendor.Browser.UpdaterAgent"},
     // A program made of a browser, and what updates it.
     {"~/Applications/Chat.app", "org.chat.Client"},
@@ -66,10 +65,8 @@ const Installed everythingInstalled[] = {
     {"~/Library/PreferencePanes/Pane.prefPane", "org.extras.pane"},
     {"~/Library/Services/Convert.service", "org.extras.service"},
     {"~/Library/Input Methods/Kana.app", "org.extras.inputmethod.Kana"},
-    {"/Library/Screen Savers/Stars.saver", "org.extras.saver"},
     {"/Library/Audio/Plug-Ins/VST3/Vendor/Synth.vst3", "org.extras.synth"},
     {"/Library/Frameworks/Stats.framework/Versions/4.2/Resources/Info.plist", "org.extras.framework"},
-    {"/Library/Java/JavaVirtualMachines/21.jdk", "org.extras.jdk"},
     {"/Library/Vendor/Update/Update.bundle", "com.vendor.Update"},
     {"/Library/Vendor/Update/Update.bundle/Contents/Resources/Agent.app", "com.vendor.Keeper"},
     {"~/Library/Application Support/Store/apps/common/Game/Game.app", "io.store.game"},
