@@ -7,9 +7,11 @@ TEST_F(AppViewModelTest, buttonsAreEnabledByWhatTheirOperationsNeed)
     app.setApplicationQuery(" \t\u00a0");
     EXPECT_FALSE(app.canScanByName());
     // The two screens trim differently: a line break counts as a name here and as nothing there.
-    app.setApplicationQuery(" \n");
-    app.setLeftoverQuery(" \n");
-    EXPECT_TRUE(app.canScanByName() && !app.canSearchLeftovers());
+    for (const auto *lineBreak : {" \n", " \r", " \u0085", " \u2028", " \u2029"}) {
+        app.setApplicationQuery(lineBreak);
+        app.setLeftoverQuery(lineBreak);
+        EXPECT_TRUE(app.canScanByName() && !app.canSearchLeftovers()) << lineBreak;
+    }
     app.setLeftoverQuery("x");
     EXPECT_TRUE(app.canSearchLeftovers() && !app.canScanMedia() && !app.canScanTextFiles());
     chooseMedia(disk.folder("/Volumes/Disk"));

@@ -79,9 +79,12 @@ TEST(DashboardPresentation, whatIsNotKnownIsSaidToBeSo)
 
     // Some file systems promise more than they hold.
     unknown.storage = {"Thin", 1000, 2500};
+    unknown.memory.totalBytes = 1000;
+    unknown.memory.usedBytes = 2500;
     const DashboardPresentation thin(unknown, AppLanguage::english);
     EXPECT_THAT(textsOf(thin.storageValues), ElementsAre("Used: 0 B", "Free: 3 KB", "Total: 1 KB"));
     EXPECT_EQ(thin.storageGauge, (Gauge{0, 0, "0%"}));
+    EXPECT_EQ(thin.memoryGauge, (Gauge{1, 100, "100%"}));
 }
 
 TEST(DashboardPresentation, wordsOfTheServiceAreTranslatedAndTheComputersOwnAreNot)

@@ -22,6 +22,7 @@ protected:
     QSignalSpy resets{&model, &QAbstractItemModel::modelReset};
     QSignalSpy removals{&model, &QAbstractItemModel::rowsRemoved};
     QSignalSpy changes{&model, &ListModelBase::changed};
+    QSignalSpy ticks{&model, &QAbstractItemModel::dataChanged};
 
     /// Item i has i bytes; every third one is selected.
     static QList<ScanItem> items(qint64 count)
@@ -46,6 +47,7 @@ TEST_F(ListModelTest, sumsFollowEveryChange)
     };
     model.replace(items(6));
     expectSums(15, 3, 2, 1);
+    EXPECT_EQ(model.rowCount(model.index(0)), 0);
     model.setSelected(5, true);
     EXPECT_TRUE(model.setData(model.index(0), false, ListModelBase::isSelectedRole));
     expectSums(15, 8, 2, 3);
@@ -67,6 +69,7 @@ TEST_F(ListModelTest, sumsFollowEveryChange)
     model.clear();
     model.toggleAll();
     expectSums(0, 0, 0, 7);
+    EXPECT_EQ(ticks.count(), 4);
 }
 
 TEST_F(ListModelTest, viewsKeepTheirPlaceWhenSomeRowsGo)
