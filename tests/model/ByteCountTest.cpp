@@ -12,6 +12,7 @@ TEST(ByteCountTest, filesAreCountedInThousandsAndMemoryInPowersOfTwo)
         {1'000, "1 KB", "1000 B"},
         {-1'024, "-1 KB", "-1 KB"},
         {1'500, "2 KB", "1 KB"},
+        {20'000, "20 KB", "20 KB"},
         // Rounded, never a full unit of the next.
         {999'999, "1 MB", "977 KB"},
         {1'048'575, "1 MB", "1 MB"},

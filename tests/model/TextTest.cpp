@@ -1,5 +1,7 @@
 #include "Text.h"
 
+#include "DiskText.h"
+
 #include <QSet>
 
 #include <gtest/gtest.h>
@@ -17,15 +19,22 @@ TEST(TextTest, everyKeyHasATextInEachLanguageAndAMisspeltOneShows)
 
 TEST(TextTest, bothLanguagesCarryTheSamePlaceholders)
 {
-    const auto placeholders = [](const QString &key, AppLanguage language) {
+    const auto placeholders = [](const QString &text) {
         QStringList found;
-        for (const auto &part : localizedText(key, language).split('%').sliced(1))
+        for (const auto &part : text.split('%').sliced(1))
             found += part.first(1);
         return found;
     };
+    const auto expectSame = [&](const QString &polish, const QString &english) {
+        EXPECT_FALSE(polish.isEmpty() || english.isEmpty());
+        EXPECT_EQ(placeholders(polish), placeholders(english)) << qPrintable(english);
+    };
     for (const auto &key : allTextKeys())
-        EXPECT_EQ(placeholders(key, AppLanguage::polish), placeholders(key, AppLanguage::english))
-            << qPrintable(key);
+        expectSame(localizedText(key, AppLanguage::polish), localizedText(key, AppLanguage::english));
+    for (int i = 0; i <= static_cast<int>(DiskText::nothing); ++i) {
+        const auto text = static_cast<DiskText>(i);
+        expectSame(diskText(text, AppLanguage::polish), diskText(text, AppLanguage::english));
+    }
 }
 
 TEST(TextTest, argumentsFillPlaceholdersInOrderAndAreNotReadAgain)

@@ -72,7 +72,7 @@ TEST(UrlTest, urisOfLocalFilesKeepEveryByte)
     EXPECT_EQ(Url::fromUri("file://localhost/a%FFb")->path(), "/a\xff"
                                                               "b");
     EXPECT_EQ(Url::fromUri("FILE:/a")->path(), "/a");
-    for (const auto *refused : {"http://x/a", "file://server/a", "file:a", "file://", "", "file:///a%00b", "/a"})
+    for (const auto *refused : {"http:///a", "file://server/a", "file:a", "file://", "", "file:///a%00b", "/a"})
         EXPECT_EQ(Url::fromUri(refused), std::nullopt) << refused;
 
     EXPECT_EQ(Url("/azAZ09-._~/@[`{:\xff").toUri(), "file:///azAZ09-._~/%40%5B%60%7B%3A%FF");
