@@ -34,13 +34,10 @@ TEST(AllocatedSizeTest, itemsAreMeasuredSideBySideByWhatTheFileSystemTells)
     disk.file("/Some.app/file", 100);
     disk.file("/Some.app/deep/er/file", 20);
     disk.link("/Some.app/link", "/elsewhere");
-    disk.file("/elsewhere/file", 1'000'000);
-    disk.file("/Some.app/.hidden", 1'000'000);
-    disk.file("/Some.app/.hidden folder/file", 1'000'000);
-    disk.file("/Some.app/Contents/Nested.APP/file", 1'000'000);
-    disk.file("/Some.app/locked/file", 1'000'000);
+    for (const auto *path : {"/elsewhere/file", "/Some.app/.hidden", "/Some.app/.hidden folder/file",
+                             "/Some.app/Contents/Nested.APP/file", "/Some.app/locked/file", "/Some.app/vanished"})
+        disk.file(path, 1'000'000);
     disk.makeUnreadable("/Some.app/locked");
-    disk.file("/Some.app/vanished", 1'000'000);
     disk.makeVanishing("/Some.app/vanished");
     disk.device("/Some.app/device");
     disk.link("/dangling", "/nowhere");

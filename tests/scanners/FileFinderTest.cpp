@@ -47,19 +47,15 @@ TEST_F(FileFinderTest, extensionDecidesInAnyCase)
 
 TEST_F(FileFinderTest, onlyPlainFilesThatTheWalkReachesAreFound)
 {
-    disk.file("/disk/Pictures/a.png");
+    for (const auto *path : {"Pictures/a.png", ".hidden.png", ".hidden/b.png", "Photos.photoslibrary/c.png",
+                             "Game.app/Contents/d.png", "locked/e.png", "vanished.png"})
+        disk.file(QByteArray("/disk/") + path);
+    disk.makeUnreadable("/disk/locked");
+    disk.makeVanishing("/disk/vanished.png");
     disk.link("/disk/link.png", "Pictures/a.png");
     disk.link("/disk/linked folder", "Pictures");
     disk.folder("/disk/folder.png");
     disk.device("/disk/device.png");
-    disk.file("/disk/.hidden.png");
-    disk.file("/disk/.hidden/b.png");
-    disk.file("/disk/Photos.photoslibrary/c.png");
-    disk.file("/disk/Game.app/Contents/d.png");
-    disk.file("/disk/locked/e.png");
-    disk.makeUnreadable("/disk/locked");
-    disk.file("/disk/vanished.png");
-    disk.makeVanishing("/disk/vanished.png");
     EXPECT_THAT(pathsOf(media(allMedia)), ElementsAre("/disk/Pictures/a.png"));
 
     disk.remove("/disk");

@@ -63,11 +63,9 @@ TEST_F(LeftoverScannerTest, fiveFoldersAreSearchedOneLevelDeepAndTheLargestComes
 
 TEST_F(LeftoverScannerTest, knownApplicationsAreLeftAloneAndTheSystemIsAskedOnce)
 {
-    disk.folder("~/Library/Caches/com.vendor.listed");
-    disk.folder("~/Library/Caches/com.Vendor.Listed");
-    disk.folder("~/Library/Caches/com.vendor.z\u0307\u00f3\u0142w");
-    disk.folder("~/Library/Caches/com.apple.Safari");
-    disk.folder("~/Library/Caches/Not an identifier");
+    for (const auto *name : {"com.vendor.listed", "com.Vendor.Listed", "com.vendor.z\u0307\u00f3\u0142w",
+                             "com.apple.Safari", "Not an identifier"})
+        disk.folder(QByteArray("~/Library/Caches/") + name);
     EXPECT_THAT(scanner.scanLeftovers({"com.vendor.listed", "com.vendor.\u017b\u00f3\u0142W"}), IsEmpty());
     EXPECT_EQ(registry.timesRead(), 0);
 
@@ -98,12 +96,10 @@ TEST_F(LeftoverScannerTest, searchNamesAreTrimmedAndBoundedByCharacters)
 
 TEST_F(LeftoverScannerTest, searchComparesWholeNamesWithoutCaseAndInBothSpellings)
 {
-    disk.folder("~/Library/Containers/com.vendor.tool");
-    disk.folder("~/Library/Caches/deep/COM.VENDOR.TOOL");
-    disk.file("~/Library/Preferences/com.vendor.tool.plist");
-    disk.folder("~/Library/WebKit/.com.vendor.tool");
-    disk.folder("~/Library/Elsewhere/com.vendor.tool");
-    disk.folder("~/Library/Logs/com.vendor.too\xff");
+    for (const auto *place :
+         {"Containers/com.vendor.tool", "Caches/deep/COM.VENDOR.TOOL", "WebKit/.com.vendor.tool",
+          "Preferences/com.vendor.tool.plist", "Elsewhere/com.vendor.tool", "Logs/com.vendor.too\xff"})
+        disk.folder(QByteArray("~/Library/") + place);
     EXPECT_THAT(pathsOf(scanner.searchItems(" com.vendor.tool ")),
                 ElementsAre("~/Library/Caches/deep/COM.VENDOR.TOOL", "~/Library/Containers/com.vendor.tool"));
     EXPECT_THAT(scanner.searchItems("com.vendor.too\ufffd"), IsEmpty());
