@@ -173,9 +173,10 @@ TEST_F(RemovalWorkflowTest, otherFailuresAreListedUpToFive)
     expectItIsNotConcerned();
 }
 
-TEST_F(RemovalWorkflowTest, confirmingWhileAnotherWorkflowRunsMovesNothing)
+TEST_F(RemovalWorkflowTest, removalWaitsForNoOtherWorkflowAndPrunesTheListAsItIsThen)
 {
-    findCaches(2);
+    findCaches(3);
+    app.cleanerItemModel()->setSelected(2, false);
     app.requestDeletion(ScanScope::cleaner);
     const auto request = *app.pendingDeletion();
     disk.hold();
@@ -185,14 +186,8 @@ TEST_F(RemovalWorkflowTest, confirmingWhileAnotherWorkflowRunsMovesNothing)
     settle();
     EXPECT_THAT(workspace.recycled, IsEmpty());
     EXPECT_FALSE(app.lastReport());
-}
 
-TEST_F(RemovalWorkflowTest, listThatChangesDuringARemovalIsPrunedAsItIsThen)
-{
-    findCaches(3);
-    app.cleanerItemModel()->setSelected(2, false);
-    app.requestDeletion(ScanScope::cleaner);
-    app.confirmDeletion(*app.pendingDeletion());
+    app.confirmDeletion(request);
     EXPECT_EQ(app.statusMessage(), "Move to Trash");
     // While it runs: ticks change, and a scan ends at its busy check.
     app.cleanerItemModel()->setSelected(0, false);

@@ -44,18 +44,20 @@ TEST_F(ScanWorkflowsTest, nameLeadsToTheFilesOfItsApplication)
     EXPECT_EQ(app.selectedApplication(), application);
     EXPECT_THAT(namesOf(app.associatedItems()), ElementsAre("org.notes", "Notes.app"));
     EXPECT_EQ(app.applicationQuery(), "  notes\n");
-    EXPECT_THAT(said, ElementsAre("Loading applications…", "", "Scanning…", ""));
 
     // An unknown name empties the list and keeps the selection; a blank one changes nothing at all.
     searchApplication("Note");
     EXPECT_THAT(app.associatedItems(), IsEmpty());
     EXPECT_EQ(app.selectedApplication(), application);
     searchApplication(" \u2028 ");
-    EXPECT_EQ(app.statusMessage(), "No application with that name was found.");
+    EXPECT_THAT(said, ElementsAre("Loading applications…", "", "Scanning…", "",
+                                  "No application with that name was found."));
 
     waitFor(scans.scan(disk.application("/System/Applications/Chess.app", {.identifier = "c.h.s"})));
     EXPECT_THAT(app.associatedItems(), IsEmpty());
     EXPECT_EQ(app.statusMessage(), "No safely associated items were found.");
+    app.selectApplication(application);
+    EXPECT_EQ(app.statusMessage(), QString());
 }
 
 TEST_F(ScanWorkflowsTest, droppedBundleIsScannedWithoutJoiningTheCatalog)
@@ -231,6 +233,8 @@ TEST_F(ScanWorkflowsTest, finderAsksForAFolderAndCategoriesAndKeepsWhatItFindsUn
     toggleEveryCategory();
     chooseMedia(std::nullopt);
     app.chooseTextFolder();
+    app.mediaFileModel()->setSelected(0, true);
+    EXPECT_EQ(app.mediaFileModel()->selectedCount(), 0);
     EXPECT_THAT(namesOf(app.mediaFiles()), ElementsAre("film.mov"));
     EXPECT_THAT(namesOf(app.textFiles()), ElementsAre("page.pdf"));
     EXPECT_EQ(app.selectedMediaFolder(), Url("/Volumes/Disk"));
