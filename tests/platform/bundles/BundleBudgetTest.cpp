@@ -75,3 +75,23 @@ TEST(BundleBudgetTest, longKeysAreNotComparedForEverAndNothingIsReadOnceTheProgr
     EXPECT_FALSE(reader.open(FuzzedBundle::url()));
     EXPECT_EQ(readPropertyList("(a)", spent), std::nullopt);
 }
+
+TEST(BundleBudgetTest, soMuchIsGrantedAndNoMore)
+{
+    const auto times = [](auto spend) {
+        int count = 0;
+        while (count < 1'000'000 && spend())
+            ++count;
+        return count;
+    };
+    BundleBudget budget;
+    const FuzzedBundle disk;
+    EXPECT_EQ(times([&] { return budget.spendEntry(); }), 100'000);
+    EXPECT_EQ(times([&] { return budget.readFile(disk, FuzzedBundle::url(), 1).has_value(); }), 20'000);
+    EXPECT_EQ(times([&] { return budget.spendKey(1024); }), 16 * 1024);
+    for (int list = 1; list <= 6; ++list) {
+        budget.beginList();
+        EXPECT_EQ(times([&] { return budget.spendValue(64); }), list <= 5 ? 100'000 : 0);
+    }
+    EXPECT_FALSE(BundleBudget().spendValue(65));
+}

@@ -91,6 +91,10 @@ TEST_F(DiskBundleReaderTest, valuesFollowTheUsersLanguages)
 TEST_F(DiskBundleReaderTest, anyTranslationIsBetterThanNone)
 {
     information("/Contents/Info.plist", "{ CFBundleName = Notes; CFBundleDevelopmentRegion = de; }");
+    information("/Contents/Resources/" + QByteArray(65, 'z') + ".lproj/InfoPlist.strings", "CFBundleName = a;");
+    EXPECT_EQ(name(), "Notes") << "no language has such a name";
+    information("/Contents/Resources/" + QByteArray(64, 'z') + ".lproj/InfoPlist.strings", "CFBundleName = b;");
+    EXPECT_EQ(name(), "b");
     // Each comes before those above it. Of two that serve alike, the same counts on every disk.
     for (const QByteArray folder : {"sv.lproj/", "cs.lproj/", "en_GB.lproj/", "English.lproj/", "Base.lproj/", "",
                                     "German.lproj/", "pl.lproj/"}) {

@@ -190,6 +190,8 @@ TEST(PropertyListTest, hostileBinaryListsAreAbsent)
     const QList<QByteArrayList> hostile{
         {"\xa1\x05"}, // no such object
         {"\xd1\x01\x01", "\x10\x01"}, // a key that is no text
+        {QByteArray("\xd1\x01\x00", 3), text}, // a dictionary that holds itself
+        {QByteArray("\xd1\x00\x01", 3), text}, // under itself
         {QByteArray("\x4f\x13\xff\xff\xff\xff\xff\xff\xff\xff", 10)},
         {QByteArray("\xaf\x13\x40\x00\x00\x00\x00\x00\x00\x00", 10)}, // too many to count their bytes
     };

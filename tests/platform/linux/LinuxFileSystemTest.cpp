@@ -97,18 +97,18 @@ TEST_F(DiskOfAMacTest, noLinkLeadsIntoThisComputer)
     disk.link("/Users/anna/twice", "straight");
     disk.link("/Users/anna/proc", "/proc/self/root" + outside);
     disk.link("/Users/anna/file", outside + "/file");
-    // Whose front is opened before its end is.
+    // Whose front is opened before its end is: what leads out of that is not looked at.
     const Url distant("/Users/anna" + QByteArray("/.").repeated(4'000) + "/deep/climbing");
 
     for (const auto &link : {Url("/Users/anna/straight"), Url("/Users/anna/deep/climbing"),
                              Url("/Users/anna/twice"), Url("/Users/anna/proc"), distant,
                              Url("/Users/anna/deep/../straight"), Url(outside), Url("/../../.." + outside)}) {
-        EXPECT_EQ(whatIsAt(fileSystem, link), "") << link.path().data();
-        EXPECT_EQ(whatIsAt(fileSystem, link / "file"), "") << link.path().data();
+        const auto *nothing = link == distant ? "" : "isGone ";
+        EXPECT_EQ(whatIsAt(fileSystem, link), nothing) << link.path().data();
+        EXPECT_EQ(whatIsAt(fileSystem, link / "file"), nothing) << link.path().data();
         EXPECT_FALSE(fileSystem.resourceValues(link / "file")) << link.path().data();
     }
     EXPECT_FALSE(fileSystem.readFile(Url("/Users/anna/file"), 100));
-    EXPECT_TRUE(fileSystem.isGone(Url("/Users/anna/straight/file")));
     EXPECT_EQ(fileSystem.resourceValues(Url("/Users/anna/file"))->type, FileType::symbolicLink);
 }
 

@@ -6,10 +6,12 @@
 #include <string>
 #include <utility>
 
-/// Which questions about `url` the file system answers, and what it lists and walks there; empty where `url` leads to nothing.
+/// Which questions about `url` the file system answers, and what it lists and walks there; only "isGone " where `url` leads
+/// to nothing, and empty where it cannot be looked at.
 inline std::string whatIsAt(const FileSystem &disk, const Url &url)
 {
     const std::pair<const char *, bool> answers[] = {
+        {"isGone ", disk.isGone(url)},
         {"exists ", disk.exists(url)},
         {"isDirectory ", disk.isDirectory(url)},
         {"isExecutable ", disk.isExecutable(url)},
