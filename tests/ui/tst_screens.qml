@@ -785,6 +785,7 @@ Item {
             tryVerify(ofRow);
             const place = ofRow().mapToItem(row, 0, 0);
             verify(place.y >= row.height && Math.abs(place.x - 220) < 20);
+            compare(ofRow().lineCount, 1);
             mouseMove(bench.control(root, "Show in Finder"));
             tryVerify(ofButton);
             verify(!ofRow());

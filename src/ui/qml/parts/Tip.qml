@@ -9,24 +9,27 @@ T.ToolTip {
     property bool shown: false
     /// A line of its own below the text; none where it is empty.
     property string note
+    /// How wide a line may be before it is broken.
+    readonly property int widest: 544
     /// Where in that item the pointer is, which it appears beside; negative to appear below the middle.
     property real pointer: -1
 
     visible: shown && text !== ""
     delay: 600
-    onAboutToShow: x = pointer >= 0 ? pointer : Math.max(0, (parent.width - implicitWidth) / 2)
+    // Where it does not fit beside the pointer, Qt would put it at the item's other end.
+    onAboutToShow: x = Math.max(0, pointer >= 0 ? Math.min(pointer, parent.width - implicitWidth) : (parent.width - implicitWidth) / 2)
     y: parent ? parent.height + Theme.small : 0
     margins: Theme.regular
     padding: Theme.small
     leftPadding: Theme.regular
     rightPadding: Theme.regular
-    implicitWidth: Math.min(implicitContentWidth + leftPadding + rightPadding, 560)
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent | T.Popup.CloseOnReleaseOutsideParent
 
     contentItem: Column {
         PlainText {
-            width: Math.min(implicitWidth, tip.availableWidth)
+            width: Math.min(implicitWidth, tip.widest)
             text: tip.text
             font: Theme.callout
             wrapMode: Text.WrapAnywhere
