@@ -56,6 +56,9 @@ TEST_F(AppViewModelTest, selectingTheSameApplicationAgainKeepsWhatWasFound)
     app.selectApplication({});
     EXPECT_THAT(app.associatedItems(), IsEmpty());
     EXPECT_EQ(app.selectedApplicationRow(), -1);
+    app.selectApplicationAt(0);
+    app.selectApplicationAt(1);
+    EXPECT_EQ(app.selectedApplicationRow(), 0);
 }
 
 TEST_F(AppViewModelTest, scanInFlightDoesNotTouchAStateThatIsGone)

@@ -237,6 +237,11 @@ TEST_F(ScanWorkflowsTest, finderAsksForAFolderAndCategoriesAndKeepsWhatItFindsUn
     EXPECT_EQ(app.mediaFileModel()->selectedCount(), 0);
     EXPECT_THAT(namesOf(app.mediaFiles()), ElementsAre("film.mov"));
     EXPECT_THAT(namesOf(app.textFiles()), ElementsAre("page.pdf"));
+    for (const auto row : {-1, 0, 1}) {
+        app.revealMediaFile(row);
+        app.revealTextFile(row);
+    }
+    EXPECT_THAT(workspace.revealed, ElementsAre(Url("/Volumes/Disk/film.mov"), Url("/Volumes/Disk/page.pdf")));
     EXPECT_EQ(app.selectedMediaFolder(), Url("/Volumes/Disk"));
     EXPECT_EQ(app.selectedTextFolder(), Url("/Volumes/Disk"));
 
