@@ -4,6 +4,7 @@
 #include "SignedProgram.h"
 
 #include <gtest/gtest.h>
+#include <utility>
 
 namespace {
 
@@ -55,6 +56,17 @@ TEST_F(DiskCodeSignatureTest, whatIsCutShortOrNoProgramHasNone)
         EXPECT_EQ(entitlementsOf(program.first(size)), std::nullopt) << size;
     EXPECT_EQ(entitlementsOf("#!/bin/sh\nexit 0\n"), std::nullopt);
     EXPECT_EQ(entitlementsOf(QByteArray("\xca\xfe\xba\xbe\0\0\0\x37\0\x1d", 10)), std::nullopt);
+}
+
+TEST_F(DiskCodeSignatureTest, nestingIsBounded)
+{
+    for (const auto &[lists, isRead] : {std::pair(62, true), {63, false}}) {
+        QVariant value = true;
+        for (int i = 0; i < lists; ++i)
+            value = QVariantList{value};
+        EXPECT_EQ(entitlementsOf(SignedProgram{{}, QVariantMap{{"a", value}}}.file()).has_value(), isRead)
+            << lists;
+    }
 }
 
 TEST_F(DiskCodeSignatureTest, theExecutableIsTheOneThatTheBundleNames)
