@@ -3,6 +3,7 @@
 #include <QFont>
 #include <QQuickTextDocument>
 #include <QSyntaxHighlighter>
+#include <qqml.h>
 
 /// Gives every digit of a document a cell as wide as the widest of them, for a number to keep its place while it changes.
 /// Fonts have figures for that, which Qt 6.4 cannot ask them for.

@@ -27,20 +27,18 @@ Item {
             color: Theme.placeholder
         }
 
-        PlainText {
-            width: parent.width
+        BalancedText {
+            anchors.horizontalCenter: parent.horizontalCenter
+            longestLine: parent.width
             topPadding: Theme.small
-            horizontalAlignment: Text.AlignHCenter
-            wrapMode: Text.Wrap
             text: state.title
             font: Theme.title3
         }
 
-        PlainText {
-            width: parent.width
+        BalancedText {
+            anchors.horizontalCenter: parent.horizontalCenter
+            longestLine: parent.width
             visible: text !== ""
-            horizontalAlignment: Text.AlignHCenter
-            wrapMode: Text.Wrap
             text: state.description
             font: Theme.callout
             lineHeight: Theme.paragraphLineHeight
