@@ -789,6 +789,15 @@ Item {
             mouseMove(bench.control(root, "Show in Finder"));
             tryVerify(ofButton);
             verify(!ofRow());
+
+            const name = "Atlas ".repeat(9) + "Maps";
+            bench.installApplication("/Applications/" + name + ".app", "org.maps");
+            go(Tarnvale.SidebarSelection.applications);
+            app.loadApplications(true);
+            tryVerify(() => bench.control(root, name));
+            const application = bench.control(root, name);
+            mouseMove(application, 80, 16);
+            tryVerify(() => bench.element(root, "StaticText " + name)?.mapToItem(application, 0, 0).y >= application.height);
         }
 
         function test_aDropOfSomethingElse() {

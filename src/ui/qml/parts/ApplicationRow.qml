@@ -56,6 +56,7 @@ Item {
             spacing: Theme.tight
 
             ElidedText {
+                around: row
                 Layout.fillWidth: true
                 text: row.name
                 font: Theme.rowTitle

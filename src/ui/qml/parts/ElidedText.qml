@@ -5,6 +5,9 @@ import Tarnvale
 PlainText {
     id: line
 
+    /// What the tooltip leaves readable.
+    property Item around: line
+
     elide: Text.ElideMiddle
     maximumLineCount: 1
 
@@ -15,5 +18,6 @@ PlainText {
     Tip {
         shown: hover.hovered && line.truncated
         text: line.text
+        around: line.around
     }
 }

@@ -11,14 +11,18 @@ T.ToolTip {
     property string note
     /// How wide a line may be before it is broken.
     readonly property int widest: 544
+    /// What stays readable: the item, or the row that it stands in.
+    property Item around: parent
     /// Where in that item the pointer is, which it appears beside; negative to appear below the middle.
     property real pointer: -1
 
     visible: shown && text !== ""
     delay: 600
     // Where it does not fit beside the pointer, Qt would put it at the item's other end.
-    onAboutToShow: x = Math.max(0, pointer >= 0 ? Math.min(pointer, parent.width - implicitWidth) : (parent.width - implicitWidth) / 2)
-    y: parent ? parent.height + Theme.small : 0
+    onAboutToShow: {
+        x = Math.max(0, pointer >= 0 ? Math.min(pointer, parent.width - implicitWidth) : (parent.width - implicitWidth) / 2);
+        y = around.mapToItem(parent, 0, around.height).y + Theme.small;
+    }
     margins: Theme.regular
     padding: Theme.small
     leftPadding: Theme.regular
