@@ -118,6 +118,7 @@ TEST(RowDataTest, rowsTellByRoleWhatTheyAre)
     EXPECT_EQ(told(MediaFile{url, MediaCategory::audio, 4000}), file + "waveform|blue||||media_audio");
     EXPECT_EQ(told(TextFile{url, TextFileCategory::pdf, 4000}), file + "doc.richtext|red||||text_pdf");
 
+    EXPECT_EQ(ListModel<TextFile>().roleNames().size(), ListModelBase::kindKeyRole - ListModelBase::nameRole + 1);
     const auto hasSymbol = [](auto value) { return !symbolTile(value).symbol.isEmpty(); };
     EXPECT_TRUE(std::ranges::all_of(allCases<ScanItemKind>(), hasSymbol));
     EXPECT_TRUE(std::ranges::all_of(allCases<MediaCategory>(), hasSymbol));
