@@ -28,7 +28,15 @@ QList<QQuickItem *> visibleItems(QQuickItem *item)
 
 bool isText(const QQuickItem &item)
 {
-    return item.inherits("QQuickText") || item.inherits("QQuickTextEdit");
+    return item.inherits("QQuickText") || item.inherits("Figures");
+}
+
+/// What the text takes, whatever room it has.
+QSizeF contentSize(const QQuickItem &text)
+{
+    const auto width = text.property("contentWidth");
+    return width.isValid() ? QSizeF(width.toReal(), text.property("contentHeight").toReal())
+                           : QSizeF(text.implicitWidth(), text.implicitHeight());
 }
 
 QList<QQuickItem *> textItems(QQuickItem *item)
@@ -262,7 +270,7 @@ QStringList ScreenBench::clippedTexts(QQuickItem *item)
         // Names and paths are shortened on purpose; words of ours are not.
         const bool isShortened = text->property("truncated").toBool();
         const bool isWords = !text->property("text").toString().contains(QLatin1Char('/'));
-        if ((isShortened && isWords) || text->property("contentWidth").toReal() > text->width() + 1
+        if ((isShortened && isWords) || contentSize(*text).width() > text->width() + 1
             || text->property("textFormat").toInt() != Qt::PlainText)
             texts.append(text->property("text").toString());
     }
@@ -274,8 +282,7 @@ QStringList ScreenBench::textsUnder(QQuickItem *item)
     const auto place = item->mapRectToScene(item->boundingRect());
     QStringList texts;
     for (auto *text : textItems(item->window()->contentItem())) {
-        const QSizeF size(text->property("contentWidth").toReal(), text->property("contentHeight").toReal());
-        if (text->mapRectToScene(QRectF({}, size)).intersects(place))
+        if (text->mapRectToScene(QRectF({}, contentSize(*text))).intersects(place))
             texts.append(text->property("text").toString());
     }
     return texts;
@@ -294,7 +301,7 @@ double ScreenBench::rightEdge(QQuickItem *item)
 {
     double edge = 0;
     for (auto *text : textItems(item)) {
-        const auto width = std::max(text->width(), text->property("contentWidth").toReal());
+        const auto width = std::max(text->width(), contentSize(*text).width());
         edge = std::max(edge, text->mapToItem(item, {width, 0}).x());
     }
     return edge;

@@ -94,14 +94,11 @@ UtilityCard {
             Layout.margins: Theme.medium
             Layout.leftMargin: Theme.cardPadding
 
-            Figures {
+            PlainText {
                 Layout.fillWidth: true
                 text: Texts.filled("selected_size", [view.items.selectedSizeText])
                 font: Theme.calloutSemibold
-                wrapMode: TextEdit.Wrap
-                Accessible.ignored: false
-                Accessible.role: Accessible.StaticText
-                Accessible.name: text
+                wrapMode: Text.Wrap
             }
 
             DestructiveButton {
