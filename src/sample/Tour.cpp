@@ -340,9 +340,8 @@ void Tour::workOn(const QString &name, const std::function<void()> &begin)
         if (picture.isNull() && m_viewModel.isProcessing())
             picture = m_robot.picture();
     };
-    // Queued as the work begins, it comes before anything that the background sends: what is worked on cannot end first.
-    const auto watch =
-        QObject::connect(&m_viewModel, &AppViewModel::isProcessingChanged, &m_window, look, Qt::QueuedConnection);
+    // At once when the work has said what it is: it may have ended before the main thread gets to anything else.
+    const auto watch = QObject::connect(&m_viewModel, &AppViewModel::statusMessageChanged, look);
     begin();
     expect(Robot::waitUntil([&] { return !picture.isNull(); }, 5'000), QStringLiteral("the work begins"));
     QObject::disconnect(watch);

@@ -13,7 +13,7 @@ class Figures : public PixelAlignedPicture
     QML_ELEMENT
     Q_PROPERTY(QString text MEMBER m_text NOTIFY changed)
     Q_PROPERTY(QFont font MEMBER m_font NOTIFY changed)
-    Q_PROPERTY(QColor color MEMBER m_color NOTIFY changed)
+    Q_PROPERTY(QColor color MEMBER m_color NOTIFY changed REQUIRED)
 
 public:
     explicit Figures(QQuickItem *parent = nullptr);

@@ -37,6 +37,7 @@ Item {
         id: figures
 
         Figures {
+            color: Theme.primary
             font.family: "Inter"
         }
     }

@@ -54,6 +54,7 @@ ContinuousRectangle {
                 Layout.fillWidth: true
                 text: pill.value
                 font: Theme.headline
+                color: Theme.primary
             }
         }
     }
