@@ -24,12 +24,6 @@ TEST(DiskRoot, withoutAPrefixPathsAreTheComputersOwn)
     EXPECT_EQ(disk.urlFor("/"), Url("/"));
     EXPECT_EQ(disk.urlFor("/etc"), Url("/etc"));
     EXPECT_THAT(disk.urlFor("etc"), Eq(std::nullopt));
-}
-
-TEST(DiskRoot, aLocationThatNoFileCanHaveLeadsToNothing)
-{
-    for (const auto &impossible : {Url(), Url("relative"), Url(QByteArray("/etc\0/passwd", 12))}) {
-        EXPECT_EQ(DiskRoot().hostPath(impossible), "");
-        EXPECT_EQ(DiskRoot("/tmp").hostPath(impossible), "");
-    }
+    for (const auto &impossible : {Url(), Url("relative"), Url(QByteArray("/etc\0/passwd", 12))})
+        EXPECT_EQ(disk.hostPath(impossible), "");
 }

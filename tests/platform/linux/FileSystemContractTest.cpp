@@ -13,7 +13,6 @@
 #include <mutex>
 #include <optional>
 #include <set>
-#include <stop_token>
 #include <vector>
 
 using testing::AllOf;
@@ -26,8 +25,6 @@ namespace {
 class DiskInMemory : public InMemoryFileSystem
 {
 public:
-    explicit DiskInMemory(std::stop_token stop) { stopWith(std::move(stop)); }
-
     const FileSystem &fileSystem() const { return *this; }
     void lock(const QByteArray &path) { makeUnreadable(path); }
 };
@@ -35,8 +32,6 @@ public:
 class RealDisk
 {
 public:
-    explicit RealDisk(const std::stop_token &stop) : m_fileSystem(m_disk.root(), Url("/Users/./me/"), stop) { }
-
     const FileSystem &fileSystem() const { return m_fileSystem; }
     void fileWithContent(const QByteArray &path, const QByteArray &content) { m_disk.file(path, content); }
     void link(const QByteArray &path, const QByteArray &target) { m_disk.link(path, target); }
@@ -55,7 +50,7 @@ public:
 
 private:
     TemporaryDisk m_disk;
-    LinuxFileSystem m_fileSystem;
+    LinuxFileSystem m_fileSystem{m_disk.root(), Url("/Users/./me/"), {}};
     std::optional<OrdinaryUser> m_user;
 };
 
@@ -100,8 +95,7 @@ protected:
         return paths;
     }
 
-    std::stop_source m_stop;
-    Disk m_disk{m_stop.get_token()};
+    Disk m_disk;
     const FileSystem &m_fileSystem = m_disk.fileSystem();
 };
 using Disks = testing::Types<DiskInMemory, RealDisk>;
@@ -221,19 +215,6 @@ TYPED_TEST(FileSystemContract, whatIsSkippedOrNotChosenIsNotEntered)
     EXPECT_THAT(shown, UnorderedElementsAre(1));
 }
 
-TYPED_TEST(FileSystemContract, namesOfAnyBytesLeadBackToTheirFiles)
-{
-    const QByteArray longest(255, '\xfe');
-    for (const auto &name :
-         {QByteArray("\xff\xfe"), QByteArray("a\nb%41\"'"), QByteArray("\xef\xbf\xbd"), longest})
-        this->m_disk.fileWithContent("/top/" + name, "x");
-    const auto paths = this->walked("/top");
-    EXPECT_THAT(paths,
-                UnorderedElementsAre("/top/\xff\xfe", "/top/a\nb%41\"'", "/top/\xef\xbf\xbd", "/top/" + longest));
-    for (const auto &path : paths)
-        EXPECT_EQ(this->m_fileSystem.readFile(Url(path), 1), "x");
-}
-
 TYPED_TEST(FileSystemContract, whatMayNotBeEnteredOrReadIsPassedOver)
 {
     auto &disk = this->m_disk;
@@ -251,19 +232,4 @@ TYPED_TEST(FileSystemContract, whatMayNotBeEnteredOrReadIsPassedOver)
     EXPECT_TRUE(fileSystem.exists(Url("/top/file")));
     EXPECT_FALSE(fileSystem.readFile(Url("/top/file"), 100));
     EXPECT_EQ(fileSystem.resourceValues(Url("/top/file"))->type, FileType::regular);
-}
-
-TYPED_TEST(FileSystemContract, aStopEndsEveryEnumeration)
-{
-    for (const auto *path : {"/top/a/b", "/top/c", "/top/d"})
-        this->m_disk.fileWithContent(path, "x");
-    int count = 0;
-    for (const auto &entry : this->m_fileSystem.contentsOfDirectory(Url("/top"))) {
-        EXPECT_EQ(entry.level(), 1);
-        if (++count == 2)
-            this->m_stop.request_stop();
-    }
-    EXPECT_EQ(count, 2);
-    EXPECT_THAT(listed(this->m_fileSystem.contentsOfDirectory(Url("/top"))), IsEmpty());
-    EXPECT_THAT(this->walked("/top"), IsEmpty());
 }

@@ -216,9 +216,12 @@ TEST_F(LinuxTreeWalkTest, everyEntryOfALargeFolderIsListedOnceUntilTheProgramQui
         EXPECT_TRUE(listed.insert(entry.url().path()).second);
     EXPECT_EQ(std::set(paths.begin(), paths.end()), listed);
 
+    auto listing = fileSystem.contentsOfDirectory(Url("/top"));
+    auto listedNext = listing.begin();
     const auto walkThatIsStopped = [&] { return walk(Url("/top"), [&](auto &) { stop.request_stop(); }); };
     EXPECT_LE(walkThatIsStopped().size(), 16) << "one for each thread at most";
     EXPECT_THAT(walkThatIsStopped(), IsEmpty());
+    EXPECT_TRUE(++listedNext == std::default_sentinel) << "one in progress ends where it stands";
 }
 
 TEST_F(LinuxTreeWalkTest, aFileSystemThatHangsHoldsUpNoOtherFolderAndNotTheEnd)
