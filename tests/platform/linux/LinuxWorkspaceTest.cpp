@@ -1,4 +1,6 @@
+
 #include "DesktopTrash.h"
+#include "SecondVolume.h"
 #include "TrashDirectory.h"
 #include "TrashFailure.h"
 #include "TrashSandbox.h"
@@ -10,7 +12,9 @@
 #include <signal.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 
 using testing::ElementsAre;
 using testing::EndsWith;
@@ -25,6 +29,28 @@ class LinuxWorkspaceTest : public testing::Test
 protected:
     TrashSandbox sandbox;
 };
+
+/// Moves the items in a process of its own, which is killed somewhere within the move that comes after so many.
+void moveUntilKilled(const QList<Url> &items, int moves)
+{
+    int news[2];
+    ASSERT_EQ(pipe(news), 0);
+    const auto process = fork();
+    if (process == 0) {
+        for (const auto &item : items) {
+            moveToDesktopTrash(DiskRoot(), item);
+            if (write(news[1], "", 1) != 1)
+                break;
+        }
+        _exit(0);
+    }
+    close(news[1]);
+    for (char moved; moves > 0 && read(news[0], &moved, 1) == 1;)
+        --moves;
+    kill(process, SIGKILL);
+    EXPECT_EQ(waitpid(process, nullptr, 0), process);
+    close(news[0]);
+}
 
 } // namespace
 
@@ -105,11 +131,13 @@ TEST_F(LinuxWorkspaceTest, trashThatCannotBeMadeLosesNothing)
     qputenv("XDG_DATA_HOME", "relative");
     EXPECT_TRUE(homeTrash().endsWith("/.local/share/Trash")) << "it counts as unset";
 
-    const TemporaryDisk memory("/dev/shm");
-    memory.file("/x");
-    EXPECT_THAT(sandbox.recycle({Url(memory.root().prefix() + "/x")}),
+    const Url inMemory("/dev/shm/tarnvale-" + QByteArray::number(getpid()));
+    const auto file = fopen(inMemory.path().constData(), "w");
+    ASSERT_TRUE(file);
+    fclose(file);
+    EXPECT_THAT(sandbox.recycle({inMemory}),
                 ElementsAre(EndsWith("because the disk that it is on has no Trash.")));
-    EXPECT_TRUE(fs::exists(memory.host("/x")));
+    EXPECT_EQ(unlink(inMemory.path().constData()), 0) << "it is still there";
 }
 
 TEST_F(LinuxWorkspaceTest, nothingIsMovedWhoseRecordIsNotSureToBeOnTheDisk)
@@ -166,19 +194,61 @@ TEST_F(LinuxWorkspaceTest, diskInAFolderIsNotLeftThroughALink)
     EXPECT_TRUE(fs::exists(disk.toStdString()));
 }
 
+// Longer by hand: --gtest_filter=*killed* --gtest_repeat=100
 TEST_F(LinuxWorkspaceTest, killedAtAnyMomentEveryItemIsWholeInOnePlace)
 {
-    // Nothing else touches the item.
-    for (const auto moment : {TrashSandbox::Fault::killsBeforeAMove, TrashSandbox::Fault::killsAfterAMove}) {
-        const auto item = sandbox.file("items/x/b/c").parent().parent();
-        const auto before = sandbox.snapshot("items");
-        sandbox.setFault(moment);
-        EXPECT_EXIT(moveToDesktopTrash(DiskRoot(), item), testing::KilledBySignal(SIGKILL), "");
-        sandbox.setFault(TrashSandbox::Fault::none);
-        const auto trashed = TrashSandbox::trashed(sandbox.trash());
-        EXPECT_EQ(trashed.contains(item.path()), !fs::exists(item.path().toStdString()));
-        for (const auto &[origin, place] : trashed)
+    constexpr int rounds = 48;
+    constexpr int itemsARound = 48;
+    // Every record is written through to the disk; that takes no time in memory, and a home folder may be there.
+    const TrashSandbox memory(fs::exists("/dev/shm") ? "/dev/shm" : "/var/tmp");
+    // Below /dev, desktops show no Trash.
+    const auto top = sandbox.home() + "/volume";
+    const auto trashOfVolume = top + "/.Trash-" + QByteArray::number(getuid());
+    const SecondVolume volume(top);
+    if (!volume.why().isEmpty())
+        std::cout << "NOT TESTED on a second volume: " << volume.why().data() << std::endl;
+    int roundsCutShort = 0;
+    int movedAtHome = 0;
+    int movedInAll = 0;
+    for (int round = 0; round < rounds; ++round) {
+        // Folders and hard links of one name, at home and on the other volume.
+        QList<Url> items;
+        for (int i = 0; i < itemsARound / 2; ++i) {
+            const auto number = "items/" + QByteArray::number(i);
+            for (const auto &[disk, place] :
+                 {std::pair(&memory, number), std::pair(&std::as_const(sandbox), "volume/" + number)}) {
+                disk->file(place + "/x/b/c");
+                items.append(disk->file(place + "/x/a").parent());
+                if (i % 2 == 0)
+                    continue;
+                items.last() = disk->url(place + "/y");
+                fs::create_hard_link(disk->url(place + "/x/a").path().toStdString(),
+                                     items.last().path().toStdString());
+            }
+        }
+        const auto before = std::pair(memory.snapshot("items"), sandbox.snapshot("volume/items"));
+
+        moveUntilKilled(items, round % itemsARound); // a different moment in every round
+        int moved = 0;
+        auto trashed = TrashSandbox::trashed(memory.trash());
+        movedAtHome += static_cast<int>(trashed.size());
+        trashed.merge(TrashSandbox::trashed(trashOfVolume, top));
+        for (const auto &[origin, place] : trashed) {
+            EXPECT_TRUE(items.contains(Url(origin))) << origin.data();
+            EXPECT_FALSE(fs::exists(origin.toStdString())) << origin.data();
             fs::rename(place.toStdString(), origin.toStdString());
-        EXPECT_EQ(sandbox.snapshot("items"), before) << "put back as its record says, everything is as it was";
+            ++moved;
+        }
+        for (const auto &trash : {memory.trash(), trashOfVolume})
+            fs::remove_all(trash.toStdString());
+        EXPECT_EQ(std::pair(memory.snapshot("items"), sandbox.snapshot("volume/items")), before)
+            << "put back as its records say, everything is as it was";
+        fs::remove_all(memory.url("items").path().toStdString());
+        fs::remove_all(top.toStdString() + "/items");
+        movedInAll += moved;
+        roundsCutShort += moved > 0 && moved < itemsARound;
     }
+    EXPECT_GT(roundsCutShort, rounds / 2) << "too few were killed at work to show anything";
+    EXPECT_GT(movedAtHome, 0);
+    EXPECT_EQ(movedInAll > movedAtHome, volume.why().isEmpty());
 }

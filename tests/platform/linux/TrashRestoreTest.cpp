@@ -3,11 +3,11 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <gmock/gmock.h>
-#include <iterator>
 #include <set>
 #include <sys/stat.h>
 
-using testing::UnorderedElementsAre;
+using testing::Each;
+using testing::StartsWith;
 
 namespace fs = std::filesystem;
 
@@ -22,12 +22,14 @@ protected:
     Url application() const
     {
         const auto bundle = sandbox.url("items/Notes & co.app");
-        const auto executable = sandbox.file("items/Notes & co.app/Contents/main", QByteArray(100'000, '\0'));
+        const auto executable =
+            sandbox.file("items/Notes & co.app/Contents/MacOS/main", QByteArray(100'000, '\0'));
         sandbox.file("items/Notes & co.app/.zażółć", "\xff");
         chmod(executable.path().constData(), 04751);
         const timespec times[] = {{1'000'000'000, 1}, {1'234'567'890, 123'456'789}};
         utimensat(AT_FDCWD, executable.path().constData(), times, 0);
         const auto contents = (bundle / "Contents").path().toStdString();
+        fs::create_symlink("MacOS/main", contents + "/link");
         fs::create_symlink("/nowhere", contents + "/dangling");
         fs::create_directory(contents + "/empty");
         chmod((contents + "/empty").c_str(), 0700);
@@ -38,31 +40,32 @@ protected:
     {
         QList<Url> urls;
         for (const auto &name : names)
-            urls.append(sandbox.file("items/" + name, name));
+            urls.append(sandbox.file("items/" + name));
         return urls;
     }
 
-    /// Moves all of them and shows that each is where the answer says, and nowhere else. Their names there.
-    std::set<std::string> moveAll(const QList<Url> &items) const
+    /// Moves all of them and shows that each is where the answer says, and nowhere else.
+    void moveAll(const QList<Url> &items) const
     {
-        std::set<std::string> names;
-        for (const auto &answer : sandbox.recycle(items)) {
-            const auto place = Url::fromUri(answer.substr(6)).value_or(Url());
-            EXPECT_EQ(place.parent().path(), sandbox.trash() + "/files") << answer;
-            EXPECT_TRUE(fs::exists(fs::symlink_status(place.path().toStdString()))) << answer;
-            names.insert(place.lastPathComponent().toStdString());
+        const auto answers = sandbox.recycle(items);
+        ASSERT_THAT(answers, Each(StartsWith("moved file://")));
+        std::set<std::string> places;
+        for (const auto &answer : answers) {
+            const auto place = Url::fromUri(answer.substr(6)).value_or(Url()).path();
+            EXPECT_TRUE(place.startsWith(sandbox.trash() + "/files/")) << answer;
+            EXPECT_TRUE(fs::exists(fs::symlink_status(place.toStdString()))) << answer;
+            places.insert(place.toStdString());
         }
-        EXPECT_EQ(std::ssize(names), items.size()) << "no two items are in one place";
+        EXPECT_EQ(places.size(), answers.size()) << "no two items are in one place";
         for (const auto &item : items)
             EXPECT_FALSE(fs::exists(fs::symlink_status(item.path().toStdString()))) << item.toUri().data();
-        return names;
     }
 
-    /// It restores one item a run: the first that it finds.
-    void restoreWithTrashCli(qsizetype count) const
+    /// It restores one item a run: the first that came from `folder`.
+    void restoreWithTrashCli(qsizetype count, const QByteArray &folder = "items") const
     {
         for (; count > 0; --count)
-            sandbox.run("trash-restore", {QString::fromUtf8(sandbox.url("items").path())}, "0\n");
+            sandbox.run("trash-restore", {QString::fromUtf8(sandbox.url(folder).path())}, "0\n");
     }
 
     void restoreAllWithGio() const
@@ -76,8 +79,7 @@ protected:
 
 TEST_F(TrashRestoreTest, itemsOfAnyNameComeBackByteForByte)
 {
-    auto items =
-        files({"100%25", "%2F", "it's a \"quote\"", "a;b=#?", "1/same.plist", "2/same.plist", "3/same.plist"});
+    auto items = files({"100%25", "%2F", "it's a \"quote\"", "a;b=#?"});
     items << application() << sandbox.url("items/dangling");
     fs::create_symlink("nowhere", items.last().path().toStdString());
     const auto texts = files({"new\nline", "\x01\x7f", "Zażółć.app", "a\\b"});
@@ -112,15 +114,47 @@ TEST_F(TrashRestoreTest, longestNamesComeBackWholeAndAreCutBetweenCharactersBefo
         {"x." + n("e", 253), "x." + n("e", 243)},
     };
     QByteArrayList names;
-    std::set<std::string> expected;
+    std::set<std::string> expected, places;
     for (const auto &[name, cut] : rows) {
         names.append(name);
         expected.insert(cut.toStdString());
     }
     const auto items = files(names);
     const auto before = sandbox.snapshot("items");
-    EXPECT_EQ(moveAll(items), expected);
+    moveAll(items);
+    for (const auto &place : fs::directory_iterator((sandbox.trash() + "/files").toStdString()))
+        places.insert(place.path().filename());
+    EXPECT_EQ(places, expected);
     restoreWithTrashCli(items.size());
+    EXPECT_EQ(sandbox.snapshot("items"), before);
+}
+
+TEST_F(TrashRestoreTest, manyItemsAndHardLinksOfOneNameComeBackEachToItsPlace)
+{
+    QList<Url> items;
+    for (int i = 0; i < 200; ++i) {
+        const auto number = QByteArray::number(i);
+        items.append(sandbox.file(i < 10 ? "items/twins/" + number + "/same.plist" : "items/" + number, number));
+    }
+    // One file under six paths, and folders of one name that hold it as well.
+    const auto database = sandbox.file("items/backups/0/db.sqlite", "one file").path().toStdString();
+    for (int i = 1; i < 6; ++i) {
+        const auto twin = sandbox.file("items/backups/" + QByteArray::number(i) + "/db.sqlite");
+        fs::remove(twin.path().toStdString());
+        fs::create_hard_link(database, twin.path().toStdString());
+        items.append(twin);
+        const auto inside = sandbox.file("items/copies/" + QByteArray::number(i) + "/db.sqlite/db.sqlite");
+        fs::remove(inside.path().toStdString());
+        fs::create_hard_link(database, inside.path().toStdString());
+        items.append(inside.parent());
+    }
+    const auto twins = sandbox.snapshot("items/twins");
+    const auto before = sandbox.snapshot("items");
+    moveAll(items);
+    moveAll({Url(QByteArray::fromStdString(database))});
+    restoreWithTrashCli(10, "items/twins");
+    EXPECT_EQ(sandbox.snapshot("items/twins"), twins);
+    restoreAllWithGio();
     EXPECT_EQ(sandbox.snapshot("items"), before);
 }
 
@@ -140,10 +174,11 @@ TEST_F(TrashRestoreTest, nothingInTheTrashIsOverwrittenWhetherItHasARecordOrNot)
         fs::create_symlink("nowhere", (sandbox.trash() + "/files/" + name + ".4.app").toStdString());
         fs::create_hard_link(linked.path().toStdString(),
                              (sandbox.trash() + "/files/.linked" + name).toStdString());
-        const auto kept = sandbox.snapshot(".local/share/Trash");
+        auto kept = sandbox.snapshot(".local/share/Trash");
         const auto before = sandbox.snapshot("items");
-        EXPECT_THAT(moveAll({item, linked}), UnorderedElementsAre((name + ".5.app").toStdString(),
-                                                                  (".linked" + name + ".2").toStdString()));
+        moveAll({item, linked});
+        for (const auto &free : {name + ".5.app", ".linked" + name + ".2"})
+            EXPECT_TRUE(fs::exists((sandbox.trash() + "/files/" + free).toStdString())) << free.data();
         restoreWithTrashCli(2);
         EXPECT_EQ(sandbox.snapshot("items"), before);
         EXPECT_EQ(sandbox.snapshot(".local/share/Trash"), kept);

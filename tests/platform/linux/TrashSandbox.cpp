@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
-#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -26,11 +25,7 @@ extern "C" int __wrap_renameat2(int fromFolder, const char *from, int toFolder, 
         errno = EINVAL;
         return -1;
     }
-    if (currentFault == TrashSandbox::Fault::killsBeforeAMove)
-        raise(SIGKILL);
     const auto answer = __real_renameat2(fromFolder, from, toFolder, to, flags);
-    if (currentFault == TrashSandbox::Fault::killsAfterAMove)
-        raise(SIGKILL);
     if (currentFault != TrashSandbox::Fault::answerIsLost || answer != 0)
         return answer;
     errno = EIO;
@@ -46,7 +41,7 @@ extern "C" int __wrap_fdatasync(int file)
     return -1;
 }
 
-TrashSandbox::TrashSandbox()
+TrashSandbox::TrashSandbox(const char *folder) : m_disk(folder)
 {
     qputenv("HOME", home());
     qputenv("XDG_DATA_HOME", home() + "/.local/share");
@@ -76,7 +71,7 @@ QByteArray TrashSandbox::snapshot(const QByteArray &path) const
                       QString::fromUtf8(url(path).path())});
 }
 
-std::map<QByteArray, QByteArray> TrashSandbox::trashed(const QByteArray &trash)
+std::map<QByteArray, QByteArray> TrashSandbox::trashed(const QByteArray &trash, const QByteArray &topDirectory)
 {
     std::map<QByteArray, QByteArray> items;
     const fs::path folder(trash.toStdString());
@@ -88,8 +83,9 @@ std::map<QByteArray, QByteArray> TrashSandbox::trashed(const QByteArray &trash)
         std::string origin;
         while (!origin.starts_with("Path=") && std::getline(record, origin)) { }
         EXPECT_TRUE(record) << recordPath;
-        const auto path =
-            QByteArray::fromPercentEncoding(origin.substr(std::min<size_t>(5, origin.size())).c_str());
+        auto path = QByteArray::fromPercentEncoding(origin.substr(std::min<size_t>(5, origin.size())).c_str());
+        if (!path.startsWith('/'))
+            path.prepend(topDirectory + '/');
         EXPECT_TRUE(items.emplace(path, item.path().c_str()).second) << path.data() << " came here twice";
     }
     return items;

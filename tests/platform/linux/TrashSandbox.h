@@ -13,8 +13,8 @@
 class TrashSandbox
 {
 public:
-    /// Made where every user gets and which is no disk in memory.
-    TrashSandbox();
+    /// Made inside of `folder`; unless told where every user gets and which is no disk in memory.
+    explicit TrashSandbox(const char *folder = "/var/tmp");
     ~TrashSandbox() { setFault(Fault::none); }
     Q_DISABLE_COPY_MOVE(TrashSandbox)
 
@@ -35,8 +35,8 @@ public:
     QByteArray snapshot(const QByteArray &path) const;
 
     /// What the Trash at `trash` holds, by its records: from where each item came from to where it is. Every item has to
-    /// have a record; a record of nothing is left out.
-    static std::map<QByteArray, QByteArray> trashed(const QByteArray &trash);
+    /// have a record; a record of nothing is left out. Its paths may be relative to `topDirectory`.
+    static std::map<QByteArray, QByteArray> trashed(const QByteArray &trash, const QByteArray &topDirectory = {});
 
     /// The home folder and everything in it is an ordinary user's from now on, and this program as long as the answer lives.
     [[nodiscard]] OrdinaryUser giveToOrdinaryUser() const;
@@ -48,9 +48,6 @@ public:
         plainRenameOnly,
         /// What they answer to a move gets lost there.
         answerIsLost,
-        /// The program ends just before they move something, or just after.
-        killsBeforeAMove,
-        killsAfterAMove,
         /// They lose what they were given.
         writingThroughFails,
     };
@@ -63,5 +60,5 @@ public:
     static QByteArray run(const QString &program, const QStringList &arguments, const QByteArray &input = {});
 
 private:
-    const TemporaryDisk m_disk{"/var/tmp"};
+    const TemporaryDisk m_disk;
 };
