@@ -45,20 +45,6 @@ protected:
 
     void installNewApplication() { disk.application("/Applications/New.app", {.identifier = "org.new"}); }
 
-    /// One that a removal of other things does not concern, though it is selected all the while.
-    void selectAnApplication()
-    {
-        const auto application = notes();
-        waitFor(scans.loadApplications(false));
-        waitFor(scans.scan(application));
-        installNewApplication();
-    }
-    void expectItIsNotConcerned()
-    {
-        EXPECT_THAT(helper.requests, IsEmpty()) << "the helper of the system gets nothing of it";
-        EXPECT_THAT(namesOf(app.applications()), ElementsAre("Notes.app")) << "the catalog is not read again";
-    }
-
     void expectNotice(const char *status, const char *title, const QString &beginning = {})
     {
         EXPECT_EQ(app.statusMessage(), status);
@@ -139,21 +125,12 @@ TEST_F(RemovalWorkflowTest, helperIsToldTheApplicationThatTheRequestIsAbout)
     EXPECT_EQ(helper.bundleIdentifier, "org.notes");
 }
 
-TEST_F(RemovalWorkflowTest, leftoversRefusedByTheTrashAreCountedInTheNotice)
+TEST_F(RemovalWorkflowTest, failuresAreListedUpToFiveAndLeftoversThatTheTrashRefusedAreCounted)
 {
-    selectAnApplication();
-    findLeftovers(5);
-    refuse(app.leftoverItems().at(1).url);
-    refuse(app.leftoverItems().at(3).url, "no .Trash here");
-    remove(ScanScope::leftovers);
-    expectNotice("Leftovers cleanup completed with notes.", "Leftovers cleanup completed with notes",
-                 "Moved to Trash: 3 items. macOS did not allow 2 items to be moved automatically.");
-    expectItIsNotConcerned();
-}
-
-TEST_F(RemovalWorkflowTest, otherFailuresAreListedUpToFive)
-{
-    selectAnApplication();
+    const auto application = notes();
+    waitFor(scans.loadApplications(false));
+    waitFor(scans.scan(application));
+    installNewApplication();
     findLeftovers(8);
     QStringList lines;
     for (int i = 1; i < 8; ++i) {
@@ -165,12 +142,24 @@ TEST_F(RemovalWorkflowTest, otherFailuresAreListedUpToFive)
     expectNotice("Moved: 1, failures: 7.", "Some items could not be moved");
     EXPECT_EQ(app.userNotice()->message, lines.first(5).join(u'\n'));
 
+    for (int i = 0; i < 6; ++i)
+        workspace.reactTo(app.leftoverItems().at(i).url, {});
+    refuse(app.leftoverItems().at(2).url);
+    refuse(app.leftoverItems().at(4).url, "no .Trash here");
+    refuse(app.leftoverItems().at(6).url, "KOSZ");
+    remove(ScanScope::leftovers);
+    expectNotice("Leftovers cleanup completed with notes.", "Leftovers cleanup completed with notes",
+                 "Moved to Trash: 4 items. macOS did not allow 3 items to be moved automatically.");
+
     // Caches have no notice of their own.
     findCaches(1);
     refuse(app.cleanerItems().at(0).url);
     remove(ScanScope::cleaner);
     expectNotice("Moved: 0, failures: 1.", "Some items could not be moved", "cache0: " + unconfirmed);
-    expectItIsNotConcerned();
+
+    // The application is selected all the while, and is not concerned.
+    EXPECT_THAT(helper.requests, IsEmpty()) << "the helper of the system gets nothing of it";
+    EXPECT_THAT(namesOf(app.applications()), ElementsAre("Notes.app")) << "the catalog is not read again";
 }
 
 TEST_F(RemovalWorkflowTest, removalWaitsForNoOtherWorkflowAndPrunesTheListAsItIsThen)
