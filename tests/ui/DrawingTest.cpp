@@ -24,33 +24,23 @@ namespace {
 bool isOwnRenderer;
 qreal scale;
 
-/// The middle of a run of pixels along `side` (0 left, 1 top, 2 right, 3 bottom) of `rect`: as seen when the picture is
-/// turned so that the side is at the left.
+/// What is drawn in and around `rect`, turned so that its side (0 left, 1 top, 2 right, 3 bottom) is at the left.
 class SideView
 {
 public:
-    SideView(const QImage &image, QRect rect, int side) : m_image(image), m_rect(rect), m_side(side) { }
-
-    int length() const { return m_side % 2 == 0 ? m_rect.height() : m_rect.width(); }
-    /// `depth` pixels inwards from the side, `along` from its beginning.
-    QColor at(int depth, int along) const
+    SideView(const QImage &image, QRect rect, int side)
+        : m_image(image.copy(rect.adjusted(-around, -around, around, around))
+                      .transformed(QTransform().rotate(-90 * side)))
     {
-        switch (m_side) {
-        case 0:
-            return m_image.pixelColor(m_rect.left() + depth, m_rect.top() + along);
-        case 1:
-            return m_image.pixelColor(m_rect.left() + along, m_rect.top() + depth);
-        case 2:
-            return m_image.pixelColor(m_rect.right() - depth, m_rect.top() + along);
-        default:
-            return m_image.pixelColor(m_rect.left() + along, m_rect.bottom() - depth);
-        }
     }
 
+    int length() const { return m_image.height() - 2 * around; }
+    /// `depth` pixels inwards from the side, `along` from one end of it.
+    QColor at(int depth, int along) const { return m_image.pixelColor(around + depth, around + along); }
+
 private:
-    const QImage &m_image;
-    QRect m_rect;
-    int m_side;
+    static constexpr int around = 50;
+    QImage m_image;
 };
 
 /// A window of its own scene, on white.
