@@ -6,9 +6,7 @@
 #include <QCoreApplication>
 #include <QDragEnterEvent>
 #include <QMimeData>
-#include <QQmlContext>
 #include <QQmlEngine>
-#include <QQmlProperty>
 #include <QQuickWindow>
 
 #include <algorithm>
@@ -44,15 +42,6 @@ QList<QQuickItem *> textItems(QQuickItem *item)
     auto items = visibleItems(item);
     items.removeIf([](QQuickItem *any) { return !isText(*any); });
     return items;
-}
-
-/// Empty for what assistive technology is not told of.
-QString accessibleName(QQuickItem *item)
-{
-    if (QQmlProperty(item, "Accessible.ignored", qmlContext(item)).read().toBool())
-        return {};
-    auto *interface = QAccessible::queryAccessibleInterface(item);
-    return interface ? interface->text(QAccessible::Name) : QString();
 }
 
 /// What can be used, and may be disabled.
@@ -191,11 +180,11 @@ void ScreenBench::becomeLaptop(const QString &name, const QString &batteryHealth
 QQuickItem *ScreenBench::control(QQuickItem *item, const QString &name)
 {
     QQuickItem *text = nullptr;
-    for (auto *named : visibleItems(item->window()->contentItem())) {
-        if (accessibleName(named) != name)
+    for (const auto &[element, line] : elements(item)) {
+        if (element->text(QAccessible::Name) != name)
             continue;
-        const auto role = QAccessible::queryAccessibleInterface(named)->role();
-        if (role != QAccessible::StaticText && role != QAccessible::Heading)
+        auto *named = qobject_cast<QQuickItem *>(element->object());
+        if (element->role() != QAccessible::StaticText && element->role() != QAccessible::Heading)
             return named;
         if (!text)
             text = named;
@@ -253,14 +242,6 @@ void ScreenBench::assist(QQuickItem *item, const QString &told, const QString &a
 QString ScreenBench::seen(QQuickItem *item)
 {
     return seenIn(item->window()->contentItem()).join(QStringLiteral(" "));
-}
-
-QStringList ScreenBench::texts(QQuickItem *item)
-{
-    QStringList texts;
-    for (auto *text : textItems(item))
-        texts.append(text->property("text").toString());
-    return texts;
 }
 
 QStringList ScreenBench::clippedTexts(QQuickItem *item)

@@ -69,9 +69,7 @@ public:
     /// What the eyes see in the window of `item`, in its order: texts, <symbols>, {a field's hint}, [what can be pressed],
     /// (what is disabled), and ~ for work that goes on.
     Q_INVOKABLE static QString seen(QQuickItem *item);
-    /// The texts that are shown below `item`, as pieces of text are: neither buttons nor fields.
-    Q_INVOKABLE static QStringList texts(QQuickItem *item);
-    /// Those of them that do not fit into their place, or would be taken for markup.
+    /// The texts below `item` that do not fit into their place, or would be taken for markup.
     Q_INVOKABLE static QStringList clippedTexts(QQuickItem *item);
     /// The texts in its window that `item` lies over, or would.
     Q_INVOKABLE static QStringList textsUnder(QQuickItem *item);

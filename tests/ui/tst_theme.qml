@@ -29,21 +29,16 @@ TestCase {
         Theme.dark = false;
     }
 
-    function test_everythingStandsOut_data() {
-        return [
-            {
-                "tag": "light",
-                "dark": false
-            },
-            {
-                "tag": "dark",
-                "dark": true
-            }
-        ];
+    function test_everythingStandsOutInTheLight() {
+        verifyContrasts();
     }
 
-    function test_everythingStandsOut(appearance) {
-        Theme.dark = appearance.dark;
+    function test_everythingStandsOutInTheDark() {
+        Theme.dark = true;
+        verifyContrasts();
+    }
+
+    function verifyContrasts() {
         const washed = (ground, washes) => [ground, ...washes.map(wash => over(wash, ground))];
         const rows = all([Theme.screenBackground, Theme.cardFill, Theme.sidebarBackground], ground => washed(ground, [Theme.hoverWash, Theme.accentWash]));
         const plates = [Theme.pillFill, Theme.alertFill, Theme.trackFill, over(Theme.barMaterial, Theme.screenBackground), over(Theme.plateMaterial, Theme.screenBackground)];
