@@ -95,8 +95,8 @@ TEST_F(TrashServiceTest, checkDecidesInItsOrderWhatIsHandedToTheTrash)
     const auto dangling = disk.link("~/Library/Caches/dangling", "nowhere");
     const auto systemApplication = disk.folder("/System/Applications/Foo.app");
     const auto document = disk.file("~/Documents/thesis.odt");
-    const auto outOfSight = disk.url("~/Library/Caches/closed/x");
-    disk.hide(outOfSight);
+    const auto outOfSight = disk.file("~/Library/Caches/closed/x");
+    disk.makeUnreadable("~/Library/Caches/closed");
     workspace.reactTo(outOfSight, {.moves = false, .confirms = false, .error = refused});
     EXPECT_THAT(
         remove({cache, outOfSight, missing, dangling, systemApplication, Url("/System/gone"), document,

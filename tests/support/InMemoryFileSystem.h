@@ -2,12 +2,9 @@
 
 #include "FileSystem.h"
 
-#include <QList>
+#include <QByteArrayList>
 
-#include <memory>
-#include <stop_token>
-#include <utility>
-#include <vector>
+#include <map>
 
 /// A disk in memory that keeps the contract of `FileSystem`, for testing rules: exact sizes, faults, names of any
 /// bytes. It may be read from several threads, but built and changed only while nobody reads.
@@ -17,10 +14,7 @@
 /// is.
 class InMemoryFileSystem : public FileSystem
 {
-    struct Node;
-    using NodePointer = std::shared_ptr<Node>;
-
-    struct Node
+    struct Item
     {
         ResourceValues values{};
         QByteArray content = {};
@@ -28,14 +22,14 @@ class InMemoryFileSystem : public FileSystem
         bool isExecutable = false;
         bool isReadable = true;
         bool isGone = false;
-
-        QByteArray name = {};
-        std::weak_ptr<Node> parent = {};
-        std::vector<NodePointer> children = {};
+        /// The names in a folder.
+        QByteArrayList children = {};
     };
+    /// By their paths; that of the root is empty.
+    using Items = std::map<QByteArray, Item>;
 
 public:
-    InMemoryFileSystem();
+    InMemoryFileSystem() { folder("~"); }
 
     Url url(const QByteArray &path) const
     {
@@ -68,25 +62,21 @@ public:
     Url device(const QByteArray &path) { return put(path, {.values = {FileType::other, 4096, {}}}); }
 
     /// The folder can no longer be listed or entered; the file can no longer be read.
-    void makeUnreadable(const QByteArray &path) { node(path)->isReadable = false; }
+    void makeUnreadable(const QByteArray &path) { item(path).isReadable = false; }
     /// The item is still listed, but gone when it is looked at.
-    void makeVanishing(const QByteArray &path) { node(path)->isGone = true; }
+    void makeVanishing(const QByteArray &path) { item(path).isGone = true; }
     /// The item was last changed at `time`.
-    void touch(const QByteArray &path, qint64 time) { node(path)->values.modificationTime = time; }
-    /// The item may be there or not: it can no longer be looked at.
-    void hide(const Url &item)
-    {
-        remove(item.path());
-        m_outOfSight.append(item);
-    }
+    void touch(const QByteArray &path, qint64 time) { item(path).values.modificationTime = time; }
     void remove(const QByteArray &path);
-    /// Every enumeration and every walk, begun or not, ends where it stands when `stop` is requested.
-    void stopWith(std::stop_token stop) { m_stop = std::move(stop); }
     void setVolume(const std::optional<VolumeValues> &values) { m_volume = values; }
 
     Url homeDirectory() const override { return Url("/Users/me"); }
-    bool exists(const Url &url) const override { return find(url, LastLink::followed) != nullptr; }
-    bool isGone(const Url &url) const override;
+    bool exists(const Url &url) const override { return lookUp(url).item; }
+    bool isGone(const Url &url) const override
+    {
+        const auto found = lookUp(url);
+        return !found.item && found.isCertain;
+    }
     bool isDirectory(const Url &url) const override;
     std::optional<Url> resolved(const Url &url) const override;
     bool isExecutable(const Url &url) const override;
@@ -104,31 +94,17 @@ public:
 private:
     class Part;
     enum class LastLink { kept, followed };
-    /// Who builds the disk gets everywhere, who uses it does not.
-    enum class Rights { ofTheUser, ofTheBuilder };
-
-    /// Makes the item, or gives the one that is there other values.
-    Url put(const QByteArray &path, Node item);
     struct LookUp
     {
-        NodePointer item = nullptr;
+        const Items::value_type *item = nullptr;
         /// Where there is no item: whether that is known, or only that one cannot get there.
         bool isCertain = true;
     };
-    LookUp lookUp(const Url &url, LastLink lastLink, Rights rights) const;
-    NodePointer find(const Url &url, LastLink lastLink) const
-    {
-        return lookUp(url, lastLink, Rights::ofTheUser).item;
-    }
-    NodePointer node(const QByteArray &path) const
-    {
-        return lookUp(url(path), LastLink::kept, Rights::ofTheBuilder).item;
-    }
-    static bool isPlainFolder(const Node &node);
-    static NodePointer child(const Node &folder, const QByteArray &name);
+    LookUp lookUp(const Url &url, LastLink lastLink = LastLink::followed) const;
+    Item &item(const QByteArray &path) { return m_items.at(lookUp(url(path), LastLink::kept).item->first); }
+    /// Makes the item, or gives the one that is there other values.
+    Url put(const QByteArray &path, Item item);
 
-    NodePointer m_root = std::make_shared<Node>(Node{.values = {FileType::directory, {}, {}}});
+    Items m_items{{"", {.values = {FileType::directory, {}, {}}}}};
     std::optional<VolumeValues> m_volume;
-    QList<Url> m_outOfSight;
-    std::stop_token m_stop;
 };
