@@ -49,15 +49,6 @@ protected:
                         + "</string></dict></plist>");
     }
 
-    /// A Mac's disk with one application, what belongs to it, and something that another one left.
-    void fillDisk() const
-    {
-        install("/Applications/Notes.app", "com.acme.notes");
-        file("/Users/anna/Library/Caches/com.Acme.Notes/data", 2'000'000);
-        file("/Users/anna/Library/Preferences/COM.acme.notes.plist");
-        file("/Users/anna/Library/Caches/org.gone.app/data");
-    }
-
     /// Opens the program's state on the disk.
     AppViewModel &open(const MacDisk &disk = {"Macintosh HD", "anna"}, const Url &place = Url("/"))
     {
@@ -124,7 +115,10 @@ TEST_F(DiskProgramTest, whatIsRemovedFromAMountedDiskIsInTheTrashOfThatDiskUnles
 {
     const SecondVolume volume(QByteArray::fromStdString(mac()));
     NEED_VOLUME(volume);
-    fillDisk();
+    install("/Applications/Notes.app", "com.acme.notes");
+    file("/Users/anna/Library/Caches/com.Acme.Notes/data", 2'000'000);
+    file("/Users/anna/Library/Preferences/COM.acme.notes.plist");
+    file("/Users/anna/Library/Caches/org.gone.app/data");
     // A link that would lead out, and whose target on this computer is to be kept.
     m_disk.folder("/precious/com.acme.notes");
     m_disk.link("/mac/Users/anna/Library/Logs", m_disk.root().prefix() + "/precious");
@@ -158,20 +152,7 @@ TEST_F(DiskProgramTest, whatIsRemovedFromAMountedDiskIsInTheTrashOfThatDiskUnles
     close();
 }
 
-TEST_F(DiskProgramTest, whatIsRemovedFromACopyIsInTheTrashOfThisComputer)
-{
-    fillDisk();
-    auto &app = open();
-    uninstall(app, "notes");
-    EXPECT_FALSE(app.userNotice());
-    EXPECT_THAT(namesIn(folder() + "/data/Trash/files"),
-                UnorderedElementsAre("Notes.app", "com.Acme.Notes", "COM.acme.notes.plist"));
-    std::ifstream record(folder() + "/data/Trash/info/Notes.app.trashinfo");
-    EXPECT_THAT(std::string(std::istreambuf_iterator(record), {}),
-                testing::HasSubstr("\nPath=" + mac() + "/Applications/Notes.app\n"));
-}
-
-TEST_F(DiskProgramTest, aHomeAloneOffersItsOwnApplicationsAndNoLeftovers)
+TEST_F(DiskProgramTest, aCopyOfAHomeOffersItsOwnApplicationsAndNoLeftoversAndUsesTheTrashOfThisComputer)
 {
     install("/Applications/Notes.app", "com.acme.notes");
     file("/Library/Caches/com.acme.notes/data");
@@ -184,22 +165,11 @@ TEST_F(DiskProgramTest, aHomeAloneOffersItsOwnApplicationsAndNoLeftovers)
     uninstall(app, "notes");
     EXPECT_FALSE(app.userNotice());
     EXPECT_THAT(namesIn(folder() + "/data/Trash/files"), UnorderedElementsAre("Notes.app", "com.acme.notes"));
+    std::ifstream record(folder() + "/data/Trash/info/Notes.app.trashinfo");
+    EXPECT_THAT(std::string(std::istreambuf_iterator(record), {}),
+                testing::HasSubstr("\nPath=" + mac() + "/Applications/Notes.app\n"))
+        << "on this computer";
     EXPECT_TRUE(fs::exists(mac() + "/Library/Caches/org.gone.app"));
-}
-
-TEST_F(DiskProgramTest, whatAMacsMetadataLeavesBehindIsTakenForNothing)
-{
-    install("/Applications/._Notes.app", "com.acme.notes");
-    install("/Applications/__MACOSX/Other.app", "com.acme.other");
-    for (const auto *name : {"__MACOSX/._big", ".DS_Store", ".localized", "._com.acme.gone"})
-        file(QByteArray("/Users/anna/Library/Caches/") + name, 3'000'000);
-    file("/Users/anna/Library/Caches/__MACOSX/seen", 3'000'000);
-    auto &app = open();
-    waitFor(app.scans().scanCleaner());
-    EXPECT_TRUE(app.cleanerItems().isEmpty());
-    waitFor(app.scans().scanLeftovers());
-    EXPECT_TRUE(app.leftoverItems().isEmpty());
-    EXPECT_TRUE(app.applications().isEmpty());
 }
 
 TEST_F(DiskProgramTest, homesAreNamedWhereThereIsNoDisplayToAskOn)

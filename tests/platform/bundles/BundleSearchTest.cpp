@@ -33,7 +33,7 @@ protected:
     }
 };
 
-TEST_F(BundleSearchTest, bundlesLieAsDeepAsThePlaceSays)
+TEST_F(BundleSearchTest, bundlesLieAsDeepAsTheirPlaceSaysAndAPlaceInsideOfAnotherIsSearchedAsItselfAlone)
 {
     disk.information("/A/1.app/Contents/Info.plist", "org.first");
     disk.information("/A/Folder/2.Framework/Resources/Info.plist", "org.second");
@@ -42,24 +42,16 @@ TEST_F(BundleSearchTest, bundlesLieAsDeepAsThePlaceSays)
     disk.information("/A/No bundle.app/More/5.app/Info.plist", "org.fifth");
     disk.information("/A/Info.plist", "org.none");
     disk.information("/A/.hidden.app/Info.plist", "org.hidden");
-
-    EXPECT_THAT(found({{Url("/A"), 2, Links::kept}}),
-                ElementsAre("org.first /A/1.app", "org.second /A/Folder/2.Framework",
-                            "org.fourth /A/No bundle.app/4.app"));
-}
-
-TEST_F(BundleSearchTest, placeInsideOfAnotherIsSearchedAsItselfAlone)
-{
-    disk.information("/A/Deeper/1/2/3.app/Info.plist", "org.deep");
-    disk.information("/A/Data/4.app/Info.plist", "org.data");
-    disk.information("/A/5.app/Info.plist", "org.plain");
+    disk.information("/A/Deeper/1/2/6.app/Info.plist", "org.deep");
+    disk.information("/A/Data/7.app/Info.plist", "org.data");
 
     EXPECT_THAT(found({{Url("/A"), 2, Links::kept},
                        {Url("/A/Data"), 0, Links::kept},
                        {Url("/A/Deeper"), 3, Links::kept},
                        {Url("/A"), 9, Links::kept},
                        {Url("/missing"), 9, Links::kept}}),
-                ElementsAre("org.plain /A/5.app", "org.deep /A/Deeper/1/2/3.app"));
+                ElementsAre("org.first /A/1.app", "org.second /A/Folder/2.Framework",
+                            "org.deep /A/Deeper/1/2/6.app", "org.fourth /A/No bundle.app/4.app"));
 }
 
 TEST_F(BundleSearchTest, linksAreFollowedWhereThePlaceSaysAndNeverInCircles)
@@ -127,14 +119,9 @@ TEST_F(BundleSearchTest, bundlesAreToldFromTheOutsideIn)
 {
     disk.information("/A/1.app/Contents/A Helper.app/Contents/Info.plist", "org.first.helper");
     disk.information("/A/1.app/Contents/Info.plist", "org.first");
-    for (int i = 2; i < 40; ++i)
-        disk.information("/A/" + QByteArray::number(i) + ".app/Info.plist", "org." + QByteArray::number(i));
+    disk.information("/A/2.app/Info.plist", "org.second");
     disk.information("/B/last.app/Info.plist", "org.last");
-    const auto bundles = found({{Url("/B"), 1, Links::kept}, {Url("/A"), 1, Links::kept}});
-    ASSERT_EQ(bundles.size(), 41);
-    EXPECT_EQ(bundles[0], "org.last /B/last.app");
-    EXPECT_EQ(bundles[1], "org.first /A/1.app");
-    for (int i = 2; i < 40; ++i)
-        EXPECT_TRUE(bundles[i].startsWith("org." + QByteArray::number(i) + ' ')) << bundles[i].constData();
-    EXPECT_EQ(bundles[40], "org.first.helper /A/1.app/Contents/A Helper.app");
+    EXPECT_THAT(found({{Url("/B"), 1, Links::kept}, {Url("/A"), 1, Links::kept}}),
+                ElementsAre("org.last /B/last.app", "org.first /A/1.app", "org.second /A/2.app",
+                            "org.first.helper /A/1.app/Contents/A Helper.app"));
 }

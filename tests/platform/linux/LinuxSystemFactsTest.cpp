@@ -184,15 +184,11 @@ TEST_F(LinuxSystemFactsTest, usedAndFreePagesAddUpToTheMemory)
 
 TEST_F(LinuxSystemFactsTest, filesOfNoUseAreAbsentValuesAndAreNotWaitedFor)
 {
-    QByteArrayList paths{"/etc/machine-info",
-                         "/etc/os-release",
-                         "/proc/sys/kernel/hostname",
-                         "/proc/cpuinfo",
-                         "/proc/meminfo",
-                         "/proc/uptime",
-                         "/proc/device-tree/model",
-                         "/sys/class/dmi/id/product_name",
-                         "/sys/block/zram0/mm_stat"};
+    auto paths =
+        QByteArray("/etc/machine-info /etc/os-release /proc/sys/kernel/hostname /proc/cpuinfo /proc/meminfo "
+                   "/proc/uptime /proc/device-tree/model /sys/class/dmi/id/product_name "
+                   "/sys/block/zram0/mm_stat")
+            .split(' ');
     for (const auto *attribute : {"present", "status", "charge_now", "charge_full", "energy_now", "voltage_now",
                                   "cycle_count", "current_now"})
         paths.append(QByteArray("/sys/class/power_supply/BAT0/") + attribute);
