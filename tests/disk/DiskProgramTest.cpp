@@ -9,6 +9,7 @@
 #include "ScanWorkflows.h"
 #include "SecondVolume.h"
 #include "TemporaryDisk.h"
+#include "TestDisk.h"
 
 #include <QCoro/QCoroTask>
 #include <QProcess>
@@ -34,7 +35,6 @@ protected:
 
     std::string folder() const { return m_disk.host("/"); }
     std::string mac() const { return folder() + "/mac"; }
-    std::string trash() const { return mac() + "/.Trash-" + std::to_string(getuid()) + "/files"; }
 
     void file(const QByteArray &path, qsizetype size = 10) const
     {
@@ -81,14 +81,6 @@ protected:
         app.requestDeletion(ScanScope::uninstaller);
         ASSERT_TRUE(app.pendingDeletion());
         waitFor(app.removal().confirmDeletion(*app.pendingDeletion()));
-    }
-
-    template <typename Rows> static std::vector<std::string> pathsOf(const Rows &rows)
-    {
-        std::vector<std::string> paths;
-        for (const auto &row : rows)
-            paths.push_back(row.url.path().toStdString());
-        return paths;
     }
 
     static std::vector<std::string> namesIn(const std::string &place)
@@ -144,7 +136,8 @@ TEST_F(DiskProgramTest, whatIsRemovedFromAMountedDiskIsInTheTrashOfThatDiskUnles
 
     uninstall(app, "notes");
     EXPECT_FALSE(app.userNotice());
-    EXPECT_THAT(namesIn(trash()), UnorderedElementsAre("Notes.app", "com.Acme.Notes", "COM.acme.notes.plist"))
+    EXPECT_THAT(namesIn(mac() + "/.Trash-" + std::to_string(getuid()) + "/files"),
+                UnorderedElementsAre("Notes.app", "com.Acme.Notes", "COM.acme.notes.plist"))
         << "by their names on the disk";
     EXPECT_TRUE(fs::exists(folder() + "/precious/com.acme.notes"));
     waitFor(app.scans().scanLeftovers());

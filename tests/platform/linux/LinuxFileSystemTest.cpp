@@ -12,12 +12,14 @@ using testing::Eq;
 
 namespace {
 
+/// The disk of a Mac in a folder, of which a neighbour on the same computer is to be kept.
 class LinuxFileSystemTest : public testing::Test
 {
 protected:
+    TemporaryDisk neighbour;
     TemporaryDisk disk;
-    LinuxFileSystem fileSystem{disk.root(), Url("/home/./me/"), {}};
-    LinuxFileSystem computer{{}, Url("/root"), {}};
+    LinuxFileSystem fileSystem{disk.root(), Url("/Users/anna"), {}};
+    const Url documents = disk.link("/Users/anna/Documents", "/Volumes/Data");
 };
 
 } // namespace
@@ -25,6 +27,7 @@ protected:
 // A file of /proc says that it is empty, and a bundle may link to anything.
 TEST_F(LinuxFileSystemTest, readingNeitherTrustsASizeNorWaitsForAPipeOrADevice)
 {
+    const LinuxFileSystem computer({}, Url("/root"), {});
     const auto status = computer.readFile(Url("/proc/self/status"), 100'000);
     ASSERT_TRUE(status);
     EXPECT_THAT(status->toStdString(), testing::StartsWith("Name:"));
@@ -51,21 +54,7 @@ TEST_F(LinuxFileSystemTest, theVolumeIsDescribedAsTheSystemDoes)
     EXPECT_FALSE(fileSystem.volumeValues(Url("/missing")));
 }
 
-namespace {
-
-/// A disk in a folder, of which a neighbour on the same computer is to be kept.
-class DiskOfAMacTest : public testing::Test
-{
-protected:
-    TemporaryDisk neighbour;
-    TemporaryDisk disk;
-    LinuxFileSystem fileSystem{disk.root(), Url("/Users/anna"), {}};
-    const Url documents = disk.link("/Users/anna/Documents", "/Volumes/Data");
-};
-
-} // namespace
-
-TEST_F(DiskOfAMacTest, linksLeadWhereTheyLedOnTheMac)
+TEST_F(LinuxFileSystemTest, linksLeadWhereTheyLedOnTheMac)
 {
     disk.file("/private/var/db/dslocal", "on the disk");
     disk.file("/Volumes/Data/letter", "hers");
@@ -84,7 +73,7 @@ TEST_F(DiskOfAMacTest, linksLeadWhereTheyLedOnTheMac)
     EXPECT_TRUE(fileSystem.isGone(Url("/var/nothing")));
 }
 
-TEST_F(DiskOfAMacTest, noLinkLeadsIntoThisComputer)
+TEST_F(LinuxFileSystemTest, noLinkLeadsIntoThisComputer)
 {
     neighbour.file("/secret/file", "theirs");
     std::filesystem::permissions(neighbour.host("/secret/file"), std::filesystem::perms::owner_all);
@@ -112,7 +101,7 @@ TEST_F(DiskOfAMacTest, noLinkLeadsIntoThisComputer)
     EXPECT_EQ(fileSystem.resourceValues(Url("/Users/anna/file"))->type, FileType::symbolicLink);
 }
 
-TEST_F(DiskOfAMacTest, aHomeFolderAloneIsAtItsPlaceAndNothingElseIsThere)
+TEST_F(LinuxFileSystemTest, aHomeFolderAloneIsAtItsPlaceAndNothingElseIsThere)
 {
     disk.file("/Library/Caches/org.acme/data", "cached");
     disk.link("/mine", "/Users/anna/Library");
@@ -130,7 +119,7 @@ TEST_F(DiskOfAMacTest, aHomeFolderAloneIsAtItsPlaceAndNothingElseIsThere)
 }
 
 // What is in the disk's place afterwards would pass for a disk from which everything is gone.
-TEST_F(DiskOfAMacTest, isTheFolderThatItWasOpenedAsWhateverComesInItsPlace)
+TEST_F(LinuxFileSystemTest, aDiskIsTheFolderThatItWasOpenedAsWhateverComesInItsPlace)
 {
     disk.file("/Users/anna/file", "hers");
     const auto folder = disk.host("/");

@@ -4,7 +4,6 @@
 #include "TemporaryDisk.h"
 
 #include <algorithm>
-#include <compare>
 #include <fcntl.h>
 #include <iterator>
 #include <random>
@@ -26,7 +25,7 @@ public:
         QByteArray path;
         FileType type;
         qint64 size;
-        auto operator<=>(const Entry &) const = default;
+        bool operator==(const Entry &) const = default;
     };
 
     /// Made at `top` on the disk, where nothing is yet.
