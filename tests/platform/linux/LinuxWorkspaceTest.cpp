@@ -131,13 +131,11 @@ TEST_F(LinuxWorkspaceTest, trashThatCannotBeMadeLosesNothing)
     qputenv("XDG_DATA_HOME", "relative");
     EXPECT_TRUE(homeTrash().endsWith("/.local/share/Trash")) << "it counts as unset";
 
-    const Url inMemory("/dev/shm/tarnvale-" + QByteArray::number(getpid()));
-    const auto file = fopen(inMemory.path().constData(), "w");
-    ASSERT_TRUE(file);
-    fclose(file);
-    EXPECT_THAT(sandbox.recycle({inMemory}),
+    const TemporaryDisk memory("/dev/shm");
+    memory.file("/x");
+    EXPECT_THAT(sandbox.recycle({Url(memory.root().prefix() + "/x")}),
                 ElementsAre(EndsWith("because the disk that it is on has no Trash.")));
-    EXPECT_EQ(unlink(inMemory.path().constData()), 0) << "it is still there";
+    EXPECT_TRUE(fs::exists(memory.host("/x")));
 }
 
 TEST_F(LinuxWorkspaceTest, nothingIsMovedWhoseRecordIsNotSureToBeOnTheDisk)

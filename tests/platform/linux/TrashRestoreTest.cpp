@@ -3,11 +3,12 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <gmock/gmock.h>
+#include <iterator>
 #include <set>
 #include <sys/stat.h>
 
-using testing::Each;
 using testing::StartsWith;
+using testing::UnorderedElementsAre;
 
 namespace fs = std::filesystem;
 
@@ -44,21 +45,21 @@ protected:
         return urls;
     }
 
-    /// Moves all of them and shows that each is where the answer says, and nowhere else.
-    void moveAll(const QList<Url> &items) const
+    /// Moves all of them and shows that each is where the answer says, and nowhere else. Their names there.
+    std::set<std::string> moveAll(const QList<Url> &items) const
     {
-        const auto answers = sandbox.recycle(items);
-        ASSERT_THAT(answers, Each(StartsWith("moved file://")));
-        std::set<std::string> places;
-        for (const auto &answer : answers) {
-            const auto place = Url::fromUri(answer.substr(6)).value_or(Url()).path();
-            EXPECT_TRUE(place.startsWith(sandbox.trash() + "/files/")) << answer;
-            EXPECT_TRUE(fs::exists(fs::symlink_status(place.toStdString()))) << answer;
-            places.insert(place.toStdString());
+        std::set<std::string> names;
+        for (const auto &answer : sandbox.recycle(items)) {
+            EXPECT_THAT(answer, StartsWith("moved file://"));
+            const auto place = Url::fromUri(answer.substr(6)).value_or(Url());
+            EXPECT_EQ(place.parent().path(), sandbox.trash() + "/files") << answer;
+            EXPECT_TRUE(fs::exists(fs::symlink_status(place.path().toStdString()))) << answer;
+            names.insert(place.lastPathComponent().toStdString());
         }
-        EXPECT_EQ(places.size(), answers.size()) << "no two items are in one place";
+        EXPECT_EQ(std::ssize(names), items.size()) << "no two items are in one place";
         for (const auto &item : items)
             EXPECT_FALSE(fs::exists(fs::symlink_status(item.path().toStdString()))) << item.toUri().data();
+        return names;
     }
 
     /// It restores one item a run: the first that came from `folder`.
@@ -114,17 +115,14 @@ TEST_F(TrashRestoreTest, longestNamesComeBackWholeAndAreCutBetweenCharactersBefo
         {"x." + n("e", 253), "x." + n("e", 243)},
     };
     QByteArrayList names;
-    std::set<std::string> expected, places;
+    std::set<std::string> expected;
     for (const auto &[name, cut] : rows) {
         names.append(name);
         expected.insert(cut.toStdString());
     }
     const auto items = files(names);
     const auto before = sandbox.snapshot("items");
-    moveAll(items);
-    for (const auto &place : fs::directory_iterator((sandbox.trash() + "/files").toStdString()))
-        places.insert(place.path().filename());
-    EXPECT_EQ(places, expected);
+    EXPECT_EQ(moveAll(items), expected);
     restoreWithTrashCli(items.size());
     EXPECT_EQ(sandbox.snapshot("items"), before);
 }
@@ -136,22 +134,21 @@ TEST_F(TrashRestoreTest, manyItemsAndHardLinksOfOneNameComeBackEachToItsPlace)
         const auto number = QByteArray::number(i);
         items.append(sandbox.file(i < 10 ? "items/twins/" + number + "/same.plist" : "items/" + number, number));
     }
-    // One file under six paths, and folders of one name that hold it as well.
-    const auto database = sandbox.file("items/backups/0/db.sqlite", "one file").path().toStdString();
+    // One file under several paths, and folders of one name that hold it as well.
+    const auto database = sandbox.file("items/backups/0/db.sqlite", "one file");
     for (int i = 1; i < 6; ++i) {
-        const auto twin = sandbox.file("items/backups/" + QByteArray::number(i) + "/db.sqlite");
-        fs::remove(twin.path().toStdString());
-        fs::create_hard_link(database, twin.path().toStdString());
-        items.append(twin);
-        const auto inside = sandbox.file("items/copies/" + QByteArray::number(i) + "/db.sqlite/db.sqlite");
-        fs::remove(inside.path().toStdString());
-        fs::create_hard_link(database, inside.path().toStdString());
-        items.append(inside.parent());
+        const auto number = QByteArray::number(i);
+        for (const auto &path : {"items/backups/" + number, "items/copies/" + number + "/db.sqlite"}) {
+            fs::create_directories(sandbox.url(path).path().toStdString());
+            fs::create_hard_link(database.path().toStdString(),
+                                 sandbox.url(path + "/db.sqlite").path().toStdString());
+        }
+        items << sandbox.url("items/backups/" + number + "/db.sqlite")
+              << sandbox.url("items/copies/" + number + "/db.sqlite");
     }
     const auto twins = sandbox.snapshot("items/twins");
     const auto before = sandbox.snapshot("items");
-    moveAll(items);
-    moveAll({Url(QByteArray::fromStdString(database))});
+    moveAll(items << database);
     restoreWithTrashCli(10, "items/twins");
     EXPECT_EQ(sandbox.snapshot("items/twins"), twins);
     restoreAllWithGio();
@@ -176,9 +173,8 @@ TEST_F(TrashRestoreTest, nothingInTheTrashIsOverwrittenWhetherItHasARecordOrNot)
                              (sandbox.trash() + "/files/.linked" + name).toStdString());
         auto kept = sandbox.snapshot(".local/share/Trash");
         const auto before = sandbox.snapshot("items");
-        moveAll({item, linked});
-        for (const auto &free : {name + ".5.app", ".linked" + name + ".2"})
-            EXPECT_TRUE(fs::exists((sandbox.trash() + "/files/" + free).toStdString())) << free.data();
+        EXPECT_THAT(moveAll({item, linked}), UnorderedElementsAre((name + ".5.app").toStdString(),
+                                                                  (".linked" + name + ".2").toStdString()));
         restoreWithTrashCli(2);
         EXPECT_EQ(sandbox.snapshot("items"), before);
         EXPECT_EQ(sandbox.snapshot(".local/share/Trash"), kept);
