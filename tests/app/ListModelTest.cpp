@@ -1,13 +1,11 @@
 #include "ListModel.h"
 
 #include "Presentation.h"
-#include "Symbols.h"
 
 #include <QAbstractItemModelTester>
 #include <QSet>
 #include <QSignalSpy>
 
-#include <algorithm>
 #include <gmock/gmock.h>
 #include <numeric>
 
@@ -119,10 +117,6 @@ TEST(RowDataTest, rowsTellByRoleWhatTheyAre)
     EXPECT_EQ(told(TextFile{url, TextFileCategory::pdf, 4000}), file + "doc.richtext|red||||text_pdf");
 
     EXPECT_EQ(ListModel<TextFile>().roleNames().size(), ListModelBase::kindKeyRole - ListModelBase::nameRole + 1);
-    const auto hasSymbol = [](auto value) { return !symbolTile(value).symbol.isEmpty(); };
-    EXPECT_TRUE(std::ranges::all_of(allCases<ScanItemKind>(), hasSymbol));
-    EXPECT_TRUE(std::ranges::all_of(allCases<MediaCategory>(), hasSymbol));
-    EXPECT_TRUE(std::ranges::all_of(allCases<TextFileCategory>(), hasSymbol));
     QSet<QString> names;
     for (const auto kind : allCases<ScanItemKind>())
         names.insert(Presentation::kindText(rawValue(kind), AppLanguage::polish));
