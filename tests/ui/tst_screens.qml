@@ -169,8 +169,10 @@ Item {
             settle();
             see(2, full(2));
             bench.setChosenFolder("/Users/me/Library");
-            for (const index of [5, 6]) {
+            for (const [index, category, selected] of [[5, "Video", () => app.selectedMediaCategories], [6, "TXT", () => app.selectedTextFileCategories]]) {
                 go(index);
+                press(category);
+                verify(!selected().includes(0), category);
                 press("Choose Folder or Disk");
                 tryVerify(() => bench.seen(root).includes("/Users/me/Library [<magnifyingglass> Scan]"));
             }
@@ -431,8 +433,6 @@ Item {
                         const assisted = outcome(section, () => bench.assist(root, told, action));
                         compare(assisted, clicked, section + ": " + action + " " + told);
                         compare(clicked === "", hasNothingToDo, section + ": " + line);
-                        if (told.startsWith("CheckBox"))
-                            compare(bench.element(root, told + ", checked") === null, line.includes(", checked"), "it is toggled itself");
                     }
                 }
             }
