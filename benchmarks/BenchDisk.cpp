@@ -126,13 +126,13 @@ void BenchDisk::makeBundles() const
 // Made of hard links, which are made faster than files and walked through like them.
 void BenchDisk::makeMultitude() const
 {
-    constexpr int fileCount = 2'000'000;
+    constexpr int multitudeCount = 2'000'000;
     constexpr int filesOfAFolder = 30;
     // ext4 allows 65,000.
     constexpr int mostNames = 30'000;
     const fs::path caches = m_multitude.hostPath(BenchDisk::caches()).toStdString();
     fs::path folder, content;
-    for (int file = 0; file < fileCount; ++file) {
+    for (int file = 0; file < multitudeCount; ++file) {
         if (file % filesOfAFolder == 0) {
             const auto number = file / filesOfAFolder;
             folder = caches / std::to_string(number / 1000) / std::to_string(number);
