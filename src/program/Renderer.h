@@ -7,6 +7,5 @@
 /// thread, before the first window.
 void chooseRenderer();
 
-/// Whether nothing among the devices in this folder draws for programs. Takes microseconds, unlike
-/// asking OpenGL.
+/// Whether nothing among the devices in this folder draws for programs. Looks at a few files and asks no OpenGL.
 bool lacksGraphicsCard(const QString &devices);
