@@ -129,10 +129,10 @@ int writeNewFile(const QByteArray &path, const QByteArray &content)
     const FileDescriptor file(open(path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR));
     if (!file.isOpen())
         return errno;
-    // What is written only in part has met the end of the disk, and is no error to the system.
-    errno = ENOSPC;
     const bool isOnDisk =
         uninterrupted([&] {
+            // What is written only in part has met the end of the disk, and is no error to the system.
+            errno = ENOSPC;
             return write(file.number(), content.constData(), static_cast<size_t>(content.size()));
         }) == content.size()
         && fdatasync(file.number()) == 0;
