@@ -59,6 +59,8 @@ TEST_F(AppViewModelTest, selectingTheSameApplicationAgainKeepsWhatWasFound)
     app.selectApplicationAt(0);
     app.selectApplicationAt(1);
     EXPECT_EQ(app.selectedApplicationRow(), 0);
+    app.selectApplication(disk.application("/Volumes/Disk/Draw.app", {.identifier = "org.draw"}));
+    EXPECT_EQ(app.selectedApplicationRow(), -1);
 }
 
 TEST_F(AppViewModelTest, scanInFlightDoesNotTouchAStateThatIsGone)

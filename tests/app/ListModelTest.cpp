@@ -66,6 +66,7 @@ TEST_F(ListModelTest, sumsFollowEveryChange)
     model.clear();
     model.clear();
     model.toggleAll();
+    EXPECT_EQ(model.rowBeginningWith("a", 0), -1);
     expectSums(0, 0, 0, 7);
     EXPECT_EQ(ticks.count(), 4);
 }
