@@ -260,15 +260,30 @@ TEST_F(ScanWorkflowsTest, finderAsksForAFolderAndCategoriesAndKeepsWhatItFindsUn
                             "Scanning text files…", "No files of the selected types were found."));
 }
 
+TEST_F(ScanWorkflowsTest, finderTakesFiftyThousandFilesAtMost)
+{
+    for (int number = 0; number <= 50'000; ++number)
+        disk.file("/Volumes/Disk/" + QByteArray::number(number) + ".mp3");
+    chooseMedia(Url("/Volumes/Disk"));
+    waitFor(scans.scanMedia());
+    EXPECT_EQ(app.mediaFiles().size(), 50'000);
+}
+
 TEST_F(ScanWorkflowsTest, whileOneRunsAnotherStillDoesWhatComesBeforeItsBusyCheck)
 {
     const auto application = notes();
     largeCache("org.gone.app");
     waitFor(scans.scan(application));
     waitFor(scans.scanLeftovers());
-    chooseMedia(Url("/Users/me"));
+    disk.file("/Users/me/page.pdf");
+    chooseMedia(disk.file("/Users/me/film.mov").parent());
+    app.chooseTextFolder();
+    const QSignalSpy mediaChanges(&app, &AppViewModel::mediaFilesChanged);
+    const QSignalSpy textChanges(&app, &AppViewModel::textFilesChanged);
+    waitFor(scans.scanMedia());
+    waitFor(scans.scanTextFiles());
     const auto found = app.associatedItems();
-    ASSERT_FALSE(app.leftoverItems().isEmpty());
+    ASSERT_FALSE(app.leftoverItems().isEmpty() || app.mediaFiles().isEmpty() || app.textFiles().isEmpty());
 
     disk.hold();
     app.scanCleaner();
@@ -287,6 +302,9 @@ TEST_F(ScanWorkflowsTest, whileOneRunsAnotherStillDoesWhatComesBeforeItsBusyChec
     EXPECT_EQ(app.selectedApplication()->url, other);
     EXPECT_THAT(app.associatedItems(), IsEmpty());
     app.scanMedia();
+    app.scanTextFiles();
+    EXPECT_TRUE(app.mediaFiles().isEmpty() && app.textFiles().isEmpty());
+    EXPECT_TRUE(mediaChanges.count() == 2 && textChanges.count() == 2) << "found, and cleared";
     EXPECT_EQ(app.statusMessage(), "Scanning…");
     app.setLeftoverQuery("..");
     app.searchLeftovers();
