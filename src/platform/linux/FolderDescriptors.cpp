@@ -1,6 +1,8 @@
 #include "FolderDescriptors.h"
 
+#include <algorithm>
 #include <fcntl.h>
+#include <utility>
 
 void FolderDescriptors::keep(WalkedFolder &folder, const Descriptor &descriptor, size_t count)
 {
@@ -29,6 +31,8 @@ FolderDescriptors::Descriptor FolderDescriptors::of(WalkedFolder &folder)
         const auto identity = next.opened.identity;
         lock.unlock();
         auto again = openAgain(next, descriptor);
+        if (!again.isOpen())
+            return nullptr;
         // Whoever moved a folder elsewhere meanwhile must not lead the walk there.
         if (identityOf(again) != identity)
             return nullptr;
@@ -49,12 +53,13 @@ void FolderDescriptors::release(WalkedFolder &folder)
         closed = close(folder);
 }
 
-void FolderDescriptors::closeAll()
+bool FolderDescriptors::keepFewer()
 {
     std::vector<Descriptor> closed;
     const std::lock_guard lock(m_mutex);
     while (!m_open.empty())
         closed.push_back(close(*m_open.front()));
+    return std::exchange(m_most, std::max(m_most / 2, size_t{1})) > 1;
 }
 
 void FolderDescriptors::add(WalkedFolder &folder, const Descriptor &descriptor)

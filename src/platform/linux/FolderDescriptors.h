@@ -15,28 +15,30 @@ public:
     /// Opens the folder of this path that was given to the walk.
     using Opener = std::function<FileDescriptor(const WalkedFolder &)>;
 
-    FolderDescriptors(size_t most, Opener openGiven) : m_most(most), m_openGiven(std::move(openGiven)) { }
+    FolderDescriptors(size_t most, Opener openGiven) : m_openGiven(std::move(openGiven)), m_most(most) { }
 
     /// Folders are going to be opened from `folder`, so many more than known before, which `descriptor` has open.
     void keep(WalkedFolder &folder, const Descriptor &descriptor, size_t count);
 
-    /// Something from which the children of `folder` can be opened; null when it is not found where it was.
+    /// Something from which the children of `folder` can be opened; null when it is not found where it was, and with
+    /// the system's error number when it cannot be opened.
     Descriptor of(WalkedFolder &folder);
 
     /// One of the folders that were to be opened from `folder` has been.
     void release(WalkedFolder &folder);
 
-    /// Closes them all for now.
-    void closeAll();
+    /// Closes them all for now and keeps half as many from now on, since the system has no more; false when that was
+    /// tried down to one.
+    bool keepFewer();
 
 private:
     void add(WalkedFolder &folder, const Descriptor &descriptor);
     Descriptor close(WalkedFolder &folder);
     FileDescriptor openAgain(const WalkedFolder &folder, const Descriptor &parent) const;
 
-    const size_t m_most;
     const Opener m_openGiven;
     std::mutex m_mutex;
+    size_t m_most;
     /// In the order in which they were opened: the first is the nearest to the top, so it is needed again last.
     std::list<WalkedFolder *> m_open;
 };

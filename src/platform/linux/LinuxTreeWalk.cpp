@@ -69,10 +69,8 @@ void LinuxTreeWalk::enter(const WalkedFolder::Pointer &folder)
     if (!folder->parent && !m_calls.enters(folder->index))
         return;
     auto descriptor = open(*folder);
-    if (!descriptor.isOpen() && (errno == EMFILE || errno == ENFILE)) {
-        m_descriptors.closeAll();
+    while (!descriptor.isOpen() && (errno == EMFILE || errno == ENFILE) && m_descriptors.keepFewer())
         descriptor = open(*folder);
-    }
     if (folder->parent)
         m_descriptors.release(*folder->parent);
     if (descriptor.isOpen())

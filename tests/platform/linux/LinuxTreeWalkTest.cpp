@@ -1,5 +1,6 @@
 #include "AllocatedSize.h"
 #include "DeepTree.h"
+#include "FileDescriptor.h"
 #include "HangingMount.h"
 #include "LinuxFileSystem.h"
 #include "OrderedResults.h"
@@ -10,6 +11,7 @@
 
 #include <atomic>
 #include <dirent.h>
+#include <fcntl.h>
 #include <functional>
 #include <future>
 #include <gmock/gmock.h>
@@ -156,6 +158,18 @@ TEST_F(LinuxTreeWalkTest, anyDepthIsWalkedOnFewDescriptors)
         EXPECT_LE(mostOpen, most);
         EXPECT_EQ(openFiles(), before);
     }
+}
+
+TEST_F(LinuxTreeWalkTest, whatTheProgramHasOpenElsewhereCostsNoFolder)
+{
+    const DeepTree tree(disk.host("/top"), 100);
+    const auto few = fewDescriptors(64);
+    std::vector<FileDescriptor> taken;
+    do
+        taken.emplace_back(open("/dev/null", O_RDONLY | O_CLOEXEC));
+    while (taken.back().isOpen());
+    taken.resize(taken.size() - 8);
+    EXPECT_EQ(walk(Url("/top")).size(), 4 * 100);
 }
 
 TEST_F(LinuxTreeWalkTest, aFolderThatIsMovedAwayOrReplacedWhileItIsWalkedDoesNotLeadOutOfTheTree)
