@@ -19,6 +19,10 @@ constexpr size_t mostThreadsThatGiveWay = 8;
 // What may be taken for a task that does not come back; also how soon a waiting thread hears that it is to stop.
 constexpr std::chrono::milliseconds patience{20};
 
+// A thread that waits for a lock of ours looks as if it waited for a disk, which happens to few tasks; a disk that is
+// read for the first time holds up most of them.
+constexpr size_t tasksWithoutWaitingPerThreadLess = 8;
+
 /// How often the calling thread has waited so far.
 long waits()
 {
@@ -37,7 +41,8 @@ TaskStack::Threads TaskStack::threadsOfThisPriority()
 }
 
 TaskStack::TaskStack(Threads threads, std::stop_token stop)
-    : m_mostThreads(threads.atMost), m_stop(std::move(stop)), m_allowed(threads.atFirst)
+    : m_mostThreads(threads.atMost), m_stop(std::move(stop)), m_allowed(threads.atFirst),
+      m_leastAllowed(threads.atFirst)
 {
 }
 
@@ -80,8 +85,7 @@ void TaskStack::work()
         lock.lock();
         --m_working;
         ++m_finishedTasks;
-        if (hasWaited)
-            allowOneMore();
+        learnFrom(hasWaited);
     }
     m_changed.notify_all();
 }
@@ -98,8 +102,10 @@ void TaskStack::waitForTask(std::unique_lock<std::mutex> &lock)
     const auto woken = m_changed.wait_for(lock, patience);
     --m_idle;
     // Those that work may be stuck.
-    if (woken == std::cv_status::timeout && m_finishedTasks == finished && !m_tasks.empty())
+    if (woken == std::cv_status::timeout && m_finishedTasks == finished && !m_tasks.empty()) {
+        m_leastAllowed = std::min(m_leastAllowed + 1, m_mostThreads);
         allowOneMore();
+    }
 }
 
 /// As long as tasks are left, one thread looks out for them even when it may not work yet.
@@ -123,4 +129,12 @@ void TaskStack::allowOneMore()
 {
     m_allowed = std::min(m_allowed + 1, m_mostThreads);
     callForHelp();
+}
+
+void TaskStack::learnFrom(bool hasWaited)
+{
+    if (hasWaited)
+        allowOneMore();
+    else if (++m_tasksWithoutWaiting % tasksWithoutWaitingPerThreadLess == 0)
+        m_allowed = std::max(m_allowed - 1, m_leastAllowed);
 }

@@ -10,9 +10,10 @@
 /// Tasks that several threads take from one stack, the latest first.
 ///
 /// As many threads work as there are cores for them, and one more whenever a task was found waiting for a disk or a
-/// server: who waits needs no core, and a disk answers many questions at once sooner than one after another. A task
-/// that never comes back holds up its own thread alone. Threads are made when there is something for them to do;
-/// they have the processor and disk priority of the thread that works the stack off.
+/// server: who waits needs no core, and a disk answers many questions at once sooner than one after another. They
+/// become fewer again when tasks wait no longer, for then they would only be in each other's way. A task that never
+/// comes back holds up its own thread alone. Threads are made when there is something for them to do; they have the
+/// processor and disk priority of the thread that works the stack off.
 class TaskStack
 {
 public:
@@ -43,6 +44,7 @@ private:
     void waitForTask(std::unique_lock<std::mutex> &lock);
     void callForHelp();
     void allowOneMore();
+    void learnFrom(bool hasWaited);
 
     const size_t m_mostThreads;
     const std::stop_token m_stop;
@@ -52,8 +54,10 @@ private:
     std::vector<Task> m_tasks;
     std::vector<std::jthread> m_helpers;
     bool m_isRunning = false;
-    /// How many threads may work at once.
+    /// How many threads may work at once, and how many even when no task waits: more than at first when some hang.
     size_t m_allowed;
+    size_t m_leastAllowed;
+    size_t m_tasksWithoutWaiting = 0;
     size_t m_working = 0;
     size_t m_idle = 0;
     size_t m_finishedTasks = 0;

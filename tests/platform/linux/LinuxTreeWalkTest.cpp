@@ -5,11 +5,13 @@
 #include "LinuxFileSystem.h"
 #include "OrderedResults.h"
 #include "RandomTree.h"
+#include "TaskStack.h"
 #include "TemporaryDisk.h"
 
 #include <QScopeGuard>
 
 #include <atomic>
+#include <chrono>
 #include <dirent.h>
 #include <fcntl.h>
 #include <functional>
@@ -268,6 +270,33 @@ TEST_F(LinuxTreeWalkTest, aFileSystemThatHangsHoldsUpNoOtherFolderAndNotTheEnd)
     EXPECT_EQ(walk.wait_for(std::chrono::milliseconds(0)), std::future_status::timeout);
     mount.reset();
     EXPECT_EQ(walk.wait_for(std::chrono::seconds(10)), std::future_status::ready);
+}
+
+TEST(TaskStackTest, threadsBecomeMoreWhileTasksWaitAndFewerAfterwards)
+{
+    using namespace std::chrono_literals;
+    TaskStack stack({2, 16}, {});
+    std::atomic<int> working = 0, mostWhileWaiting = 0, mostAtLast = 0;
+    const auto counted = [&](std::atomic<int> *most, const std::function<void()> &work) {
+        return [=, &working] {
+            const int now = ++working;
+            for (int before = *most; before < now && !most->compare_exchange_weak(before, now);) { }
+            work();
+            --working;
+        };
+    };
+    const auto waiting = [] { std::this_thread::sleep_for(1ms); };
+    const auto busy = [] {
+        for (const auto start = std::chrono::steady_clock::now(); std::chrono::steady_clock::now() - start < 100us;) { }
+    };
+    std::atomic<int> unobserved = 0;
+    std::vector<TaskStack::Task> tasks(200, counted(&mostWhileWaiting, waiting));
+    tasks.insert(tasks.end(), 1000, counted(&unobserved, busy));
+    tasks.insert(tasks.end(), 50, counted(&mostAtLast, busy));
+    stack.push(std::move(tasks));
+    stack.run();
+    EXPECT_GT(mostWhileWaiting, 8);
+    EXPECT_LE(mostAtLast, 4);
 }
 
 TEST_F(LinuxTreeWalkTest, aThreadThatGivesWayHasHelpersThatDo)
