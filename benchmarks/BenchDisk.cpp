@@ -1,6 +1,7 @@
 #include "BenchDisk.h"
 
 #include "IconPainter.h"
+#include "SideBySide.h"
 
 #include <fcntl.h>
 #include <filesystem>
@@ -42,6 +43,7 @@ BenchDisk::BenchDisk(const QByteArray &folder)
 
 void BenchDisk::make() const
 {
+    bool isNew = false;
     // A name is given when all is there, so that what was broken off is made anew.
     for (const auto &[root, make] :
          {std::pair(&m_tree, &BenchDisk::makeTree), std::pair(&m_applications, &BenchDisk::makeApplications),
@@ -54,7 +56,11 @@ void BenchDisk::make() const
         fs::remove_all(root->prefix().toStdString());
         (this->*make)();
         makeFile(done, 0);
+        isNew = true;
     }
+    // What has just been made is still being written, and lies in memory otherwise than what was read from a disk.
+    if (isNew)
+        dropCaches();
 }
 
 void BenchDisk::makeTree() const

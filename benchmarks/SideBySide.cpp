@@ -38,9 +38,6 @@ Contestant program(const QString &name, const QStringList &arguments)
     };
 }
 
-namespace {
-
-/// Whether the caches were dropped.
 bool dropCaches()
 {
     sync();
@@ -51,6 +48,8 @@ bool dropCaches()
     std::this_thread::sleep_for(std::chrono::seconds(1));
     return isDropped;
 }
+
+namespace {
 
 std::vector<double> raced(int rounds, const std::vector<Contestant> &contestants,
                           const std::function<double(const Contestant &)> &time)

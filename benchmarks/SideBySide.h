@@ -22,6 +22,9 @@ std::vector<double> sideBySide(int rounds, const std::vector<Contestant> &contes
 /// can do. Nothing for anybody else.
 std::optional<std::vector<double>> coldSideBySide(int rounds, const std::vector<Contestant> &contestants);
 
+/// Whether the caches of the file systems were dropped, which only root can do.
+bool dropCaches();
+
 /// A figure that could not be measured, and why.
 Figure skipped(const QString &what);
 
