@@ -1,18 +1,11 @@
 #include "DirectoryCalls.h"
 
-#include "FileStatus.h"
-
-#include <cstddef>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <string>
 #include <system_error>
 
-namespace {
-
-/// Whether `error` tells of what is wrong with the disk or not allowed there. Any other one would be a fault of the
-/// walk, which must not pass for a folder without entries.
 bool isFailureOfTheDisk(int error)
 {
     switch (error) {
@@ -26,8 +19,6 @@ bool isFailureOfTheDisk(int error)
         return true;
     }
 }
-
-} // namespace
 
 bool isAbsence(int error)
 {
@@ -58,31 +49,9 @@ FileDescriptor openFolder(const FileDescriptor &parent, const char *name, int ac
     return folder;
 }
 
-std::optional<struct stat> statusOf(const FileDescriptor &folder, const char *name)
-{
-    struct stat status;
-    const auto result =
-        uninterrupted([&] { return fstatat(folder.number(), name, &status, AT_SYMLINK_NOFOLLOW); });
-    Q_ASSERT_X(result == 0 || isFailureOfTheDisk(errno), "fstatat", std::strerror(errno));
-    return result == 0 ? std::optional(status) : std::nullopt;
-}
-
 size_t readListing(const FileDescriptor &folder, char *listing, size_t size)
 {
     const auto length = uninterrupted([&] { return getdents64(folder.number(), listing, size); });
     Q_ASSERT_X(length >= 0 || isFailureOfTheDisk(errno), "getdents64", std::strerror(errno));
     return length > 0 ? static_cast<size_t>(length) : 0;
-}
-
-const char *nameOf(const dirent64 &listed)
-{
-    // Not by the member's own type: some file systems have names that are longer than it is.
-    return reinterpret_cast<const char *>(&listed) + offsetof(dirent64, d_name);
-}
-
-std::optional<FileType> typeOf(const dirent64 &listed)
-{
-    if (listed.d_type == DT_UNKNOWN)
-        return std::nullopt;
-    return fileTypeOf(DTTOIF(listed.d_type));
 }

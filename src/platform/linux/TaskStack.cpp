@@ -116,7 +116,7 @@ void TaskStack::callForHelp()
     if (m_idle > 0) {
         if (m_working < m_allowed)
             m_changed.notify_one();
-    } else if (m_helpers.size() + 1 < m_mostThreads) {
+    } else if (m_helpers.size() < m_allowed && m_helpers.size() + 1 < m_mostThreads) {
         try {
             m_helpers.emplace_back([this] { work(); });
         } catch (const std::system_error &) {
