@@ -54,6 +54,7 @@ TEST(IconFamilyTest, theSmallestSufficientPictureIsChosen)
     EXPECT_EQ(bestPicture(old), old);
     EXPECT_EQ(bestPicture(family({png(64), png(2049), png(512, "CgBI")})), png(64)) << "what is too wide is none";
     EXPECT_EQ(bestPicture(family({png(64), png(2048)})), png(2048));
+    EXPECT_EQ(bestPicture(family({"", png(64)})), png(64)) << "an empty element in front";
     EXPECT_EQ(bestPicture("no icons"), "");
 }
 

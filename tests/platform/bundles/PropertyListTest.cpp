@@ -11,6 +11,7 @@
 #include <QTimeZone>
 
 #include <gtest/gtest.h>
+#include <utility>
 
 namespace {
 
@@ -136,6 +137,8 @@ TEST(PropertyListTest, xmlTextsMayHoldAnyCharacterAndEveryReference)
         read("<?a?><!--<b>--><!DOCTYPE c [ <!ENTITY d \"]>\"> <!-- ' --> ]>\n<string e='>' f=\"/\" >g</string >"),
         "g");
     EXPECT_EQ(read("<plist><array /></plist> and more"), QVariantList());
+    EXPECT_EQ(read("<string>&#0000000000065;</string>"), "A") << "as long as a reference may be";
+    EXPECT_FALSE(readPropertyList("<string>&#00000000000065;</string>"));
     for (const auto *broken : {"&d;", "&#;", "&#x110000;", "&#xD800;", "&amp", "<!-- ", "<![CDATA[a", "a<b/>"})
         EXPECT_FALSE(readPropertyList("<string>" + QByteArray(broken) + "</string>")) << broken;
 }
@@ -148,6 +151,7 @@ TEST(PropertyListTest, textFormHasTextsListsDictionariesAndBytes)
                            {"c.d-e/f:g_$1", QVariantMap{{"k", ""}}}}));
     EXPECT_EQ(read("<0fbd77 1c>"), QByteArray("\x0f\xbd\x77\x1c"));
     EXPECT_EQ(read("( a )"), QVariantList{"a"});
+    EXPECT_EQ(read("(\ta\v,\f\u2028b\r\u2029)"), QVariantList({"a", "b"}));
 }
 
 TEST(PropertyListTest, stringsFilesLeaveTheBracesOut)
@@ -192,11 +196,20 @@ TEST(PropertyListTest, hostileBinaryListsAreAbsent)
     };
     for (const auto &objects : hostile)
         EXPECT_FALSE(readPropertyList(binaryList(objects))) << objects.first().toHex().constData();
-    for (const auto *alone : {"\x15", "\x24", "\x33\x7f\xf8\0\0\0\0\0\0", "\x98", "\xe0", "\x5f\x51", "\x0f"})
+    for (const auto *alone : {"\x15", "\x24", "\x88\1\1\1\1\1\1\1\1\1", "\x33\x7f\xf8\1\1\1\1\1\1", "\x98",
+                              "\xe0", "\x5f\x51", "\x0f"})
         EXPECT_FALSE(readPropertyList(binaryList({alone}))) << QByteArray(alone).toHex().constData();
 
     EXPECT_EQ(read(binaryList({QByteArray("\xaf\x13\0\0\0\0\0\0\0\0", 10)})), QVariantList());
+    EXPECT_EQ(read(binaryList({"\x80\5"})), QVariantMap({{"CF$UID", qint64(5)}}));
+    EXPECT_EQ(read(binaryList({"\x87\1\1\1\1\1\1\1\1"})),
+              QVariantMap({{"CF$UID", qint64(0x0101010101010101)}}));
     auto list = binaryList({text});
+    for (const auto &[width, isRead] : {std::pair(0, false), {1, true}, {8, true}, {9, false}}) {
+        auto other = list;
+        other[list.size() - 32 + 7] = static_cast<char>(width);
+        EXPECT_EQ(readPropertyList(other).has_value(), isRead) << width;
+    }
     for (qsizetype i = list.size() - 32 + 6; i < list.size(); ++i) {
         auto damaged = list;
         damaged[i] = '\xff';
@@ -207,6 +220,7 @@ TEST(PropertyListTest, hostileBinaryListsAreAbsent)
 TEST(PropertyListTest, depthAndCountAreBounded)
 {
     EXPECT_TRUE(readPropertyList(repeated("<array>", 64) + repeated("</array>", 64)));
+    EXPECT_TRUE(readPropertyList("<plist>" + repeated("<array>", 64) + repeated("</array>", 64) + "</plist>"));
     EXPECT_FALSE(readPropertyList(repeated("<array>", 65) + repeated("</array>", 65)));
     for (const auto *opening : {"<array>", "<dict><key>a</key>", "(", "{a="})
         EXPECT_FALSE(readPropertyList(repeated(opening, 100'000))) << opening;
