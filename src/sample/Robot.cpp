@@ -2,27 +2,29 @@
 
 #include <QDragEnterEvent>
 #include <QDropEvent>
-#include <QMimeData>
 #include <QTest>
 
 #include <utility>
 
 namespace {
 
-QAccessibleInterface *findBelow(QAccessibleInterface *element, QAccessible::Role role, const QString &name)
+void appendBelow(QList<QAccessibleInterface *> &elements, QAccessibleInterface *element)
 {
-    if (!element)
-        return nullptr;
-    for (int i = 0; i < element->childCount(); ++i) {
+    for (int i = 0; element && i < element->childCount(); ++i) {
         auto *child = element->child(i);
         if (!child || child->state().invisible)
             continue;
-        if (child->role() == role && child->text(QAccessible::Name) == name && !child->rect().isEmpty())
-            return child;
-        if (auto *found = findBelow(child, role, name))
-            return found;
+        elements.append(child);
+        appendBelow(elements, child);
     }
-    return nullptr;
+}
+
+template <typename Event> Qt::DropAction answerTo(QQuickWindow &window, QPoint place, const QMimeData &files)
+{
+    Event event(place, Qt::CopyAction | Qt::MoveAction, &files, Qt::LeftButton, Qt::NoModifier);
+    event.setDropAction(Qt::MoveAction);
+    QCoreApplication::sendEvent(&window, &event);
+    return event.isAccepted() ? event.dropAction() : Qt::IgnoreAction;
 }
 
 } // namespace
@@ -34,7 +36,11 @@ Robot::Robot(QQuickWindow &window) : m_window(window)
 
 QAccessibleInterface *Robot::find(QAccessible::Role role, const QString &name) const
 {
-    return findBelow(QAccessible::queryAccessibleInterface(&m_window), role, name);
+    for (auto *element : elements(m_window)) {
+        if (element->role() == role && element->text(QAccessible::Name) == name && !element->rect().isEmpty())
+            return element;
+    }
+    return nullptr;
 }
 
 bool Robot::sees(QAccessible::Role role, const QString &name) const
@@ -91,16 +97,33 @@ bool Robot::drop(const QByteArray &uriList, QAccessible::Role role, const QStrin
     const auto *element = find(role, name);
     if (!element)
         return false;
-    const auto place = m_window.mapFromGlobal(element->rect().center());
     QMimeData files;
     files.setData(QStringLiteral("text/uri-list"), uriList);
-    QDragEnterEvent enter(place, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&m_window, &enter);
-    QDragMoveEvent move(place, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&m_window, &move);
-    QDropEvent release(place, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&m_window, &release);
+    drop(m_window, m_window.mapFromGlobal(element->rect().center()), files);
     return true;
+}
+
+bool Robot::dragOver(QQuickWindow &window, QPoint place, const QMimeData &files)
+{
+    // The window passes on whether the drag may enter, and only of what follows, as what.
+    return answerTo<QDragEnterEvent>(window, place, files) != Qt::IgnoreAction
+           && answerTo<QDragMoveEvent>(window, place, files) == Qt::CopyAction;
+}
+
+bool Robot::drop(QQuickWindow &window, QPoint place, const QMimeData &files)
+{
+    if (dragOver(window, place, files))
+        return answerTo<QDropEvent>(window, place, files) == Qt::CopyAction;
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(&window, &leave);
+    return false;
+}
+
+QList<QAccessibleInterface *> Robot::elements(QQuickWindow &window)
+{
+    QList<QAccessibleInterface *> all;
+    appendBelow(all, QAccessible::queryAccessibleInterface(&window));
+    return all;
 }
 
 bool Robot::waitUntil(const std::function<bool()> &condition, int milliseconds)

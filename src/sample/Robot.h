@@ -2,6 +2,8 @@
 
 #include <QAccessible>
 #include <QImage>
+#include <QList>
+#include <QMimeData>
 #include <QQuickWindow>
 #include <QString>
 
@@ -31,6 +33,15 @@ public:
     /// Drags what `uriList` (text/uri-list) names over what has this role and name, and drops it there. False when
     /// it is not there.
     bool drop(const QByteArray &uriList, QAccessible::Role role, const QString &name);
+
+    /// Drags `files` over a place of the window as a file manager does that means to move them: told anything but a copy, it
+    /// takes the original away. Whether they would be taken there, as a copy.
+    static bool dragOver(QQuickWindow &window, QPoint place, const QMimeData &files);
+    /// Drags them there and drops them where they would be taken. Whether they were, as a copy.
+    static bool drop(QQuickWindow &window, QPoint place, const QMimeData &files);
+
+    /// What assistive technology is told of in the window, outermost first.
+    static QList<QAccessibleInterface *> elements(QQuickWindow &window);
 
     /// Lets the program work until `condition` holds. False when it does not within `milliseconds`.
     static bool waitUntil(const std::function<bool()> &condition, int milliseconds = 60'000);

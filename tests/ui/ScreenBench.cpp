@@ -1,10 +1,11 @@
 #include "ScreenBench.h"
 
+#include "Robot.h"
 #include "SymbolPicture.h"
 
 #include <QAccessible>
 #include <QCoreApplication>
-#include <QDragEnterEvent>
+#include <QDragLeaveEvent>
 #include <QMimeData>
 #include <QQmlEngine>
 #include <QQuickWindow>
@@ -75,18 +76,11 @@ Element described(QAccessibleInterface *element)
 QList<Element> elements(QQuickItem *item)
 {
     QList<Element> all;
-    const auto collect = [&all](const auto &again, QAccessibleInterface *element) -> void {
-        for (int i = 0; element && i < element->childCount(); ++i) {
-            auto *child = element->child(i);
-            if (!child || child->state().invisible)
-                continue;
-            const auto role = child->role();
-            if (role != QAccessible::NoRole && role != QAccessible::Client && role != QAccessible::Pane)
-                all.append(described(child));
-            again(again, child);
-        }
-    };
-    collect(collect, QAccessible::queryAccessibleInterface(item->window()));
+    for (auto *element : Robot::elements(*item->window())) {
+        const auto role = element->role();
+        if (role != QAccessible::NoRole && role != QAccessible::Client && role != QAccessible::Pane)
+            all.append(described(element));
+    }
     return all;
 }
 
@@ -131,15 +125,6 @@ std::unique_ptr<QMimeData> mimeData(const QString &type, const QString &data)
 QPoint middleOf(QQuickItem *item)
 {
     return item->mapToScene(item->boundingRect().center()).toPoint();
-}
-
-/// What a file manager is answered that means to move: told anything but a copy, it takes the original away.
-template <typename Event> Qt::DropAction answerTo(QQuickItem *item, const QMimeData &mime)
-{
-    Event event(middleOf(item), Qt::CopyAction | Qt::MoveAction, &mime, Qt::LeftButton, Qt::NoModifier);
-    event.setDropAction(Qt::MoveAction);
-    QCoreApplication::sendEvent(item->window(), &event);
-    return event.isAccepted() ? event.dropAction() : Qt::IgnoreAction;
 }
 
 } // namespace
@@ -290,10 +275,7 @@ double ScreenBench::rightEdge(QQuickItem *item)
 
 bool ScreenBench::hover(QQuickItem *item, const QString &type, const QString &data)
 {
-    const auto mime = mimeData(type, data);
-    // The window passes on whether the drag may enter, and only of what follows, as what.
-    return answerTo<QDragEnterEvent>(item, *mime) != Qt::IgnoreAction
-           && answerTo<QDragMoveEvent>(item, *mime) == Qt::CopyAction;
+    return Robot::dragOver(*item->window(), middleOf(item), *mimeData(type, data));
 }
 
 void ScreenBench::leave(QQuickItem *item)
@@ -304,8 +286,5 @@ void ScreenBench::leave(QQuickItem *item)
 
 bool ScreenBench::drop(QQuickItem *item, const QString &type, const QString &data)
 {
-    if (hover(item, type, data))
-        return answerTo<QDropEvent>(item, *mimeData(type, data)) == Qt::CopyAction;
-    leave(item);
-    return false;
+    return Robot::drop(*item->window(), middleOf(item), *mimeData(type, data));
 }
