@@ -127,11 +127,13 @@ QByteArray SignedProgram::file() const
     const bool isSigned = xmlEntitlements || derEntitlements;
     const bool isLong = wordSize == WordSize::bits64;
     const auto blob = isSigned ? signature(*this) : QByteArray();
-    // A command that names the program's identity, and the one that says where the signature is.
+    // A command of nothing but its head, one that names the program's identity, and the one that says where the signature
+    // is.
+    constexpr quint32 emptyCommand = 0x2b;
     constexpr quint32 identityCommand = 0x1b;
     constexpr quint32 signatureCommand = 0x1d;
     const quint32 headerSize = isLong ? 32 : 28;
-    const quint32 commandSize = isSigned ? 24 + 16 : 24;
+    const quint32 commandSize = 8 + 24 + (isSigned ? 16 : 0);
     constexpr quint32 arm64 = 0x0100000c;
     constexpr quint32 i386 = 7;
     constexpr quint32 executable = 2;
@@ -140,12 +142,12 @@ QByteArray SignedProgram::file() const
                          isLong ? arm64 : i386,
                          0,
                          executable,
-                         isSigned ? 2u : 1u,
+                         isSigned ? 3u : 2u,
                          commandSize,
                          0};
     if (isLong)
         words.append(0);
-    words += {identityCommand, 24, 0, 0, 0, 0};
+    words += {emptyCommand, 8, identityCommand, 24, 0, 0, 0, 0};
     if (isSigned)
         words += {signatureCommand, 16, headerSize + commandSize, size32(blob)};
     QByteArray file;
@@ -154,21 +156,22 @@ QByteArray SignedProgram::file() const
     return file + blob;
 }
 
-QByteArray universalFile(const QList<QByteArray> &programs, WordSize wordSize)
+QByteArray universalFile(const QList<QByteArray> &programs, WordSize wordSize, QSysInfo::Endian byteOrder)
 {
     const bool isLong = wordSize == WordSize::bits64;
     constexpr qsizetype alignment = 4096;
-    auto file =
-        integer(quint32(isLong ? 0xcafebabf : 0xcafebabe)) + integer(static_cast<quint32>(programs.size()));
+    auto file = integer(quint32(isLong ? 0xcafebabf : 0xcafebabe), byteOrder)
+                + integer(static_cast<quint32>(programs.size()), byteOrder);
     QByteArray contents;
     for (const auto &program : programs) {
         const auto offset = alignment + contents.size();
         file += program.mid(4, 8);
         if (isLong)
-            file += integer(static_cast<quint64>(offset)) + integer(static_cast<quint64>(program.size()));
+            file += integer(static_cast<quint64>(offset), byteOrder)
+                    + integer(static_cast<quint64>(program.size()), byteOrder);
         else
-            file += integer(static_cast<quint32>(offset)) + integer(size32(program));
-        file += integer(quint32(12));
+            file += integer(static_cast<quint32>(offset), byteOrder) + integer(size32(program), byteOrder);
+        file += integer(quint32(12), byteOrder);
         if (isLong)
             file += integer(quint32(0));
         contents += program.leftJustified((program.size() / alignment + 1) * alignment, '\0');

@@ -22,5 +22,7 @@ struct SignedProgram
     QByteArray file() const;
 };
 
-/// The file of one program for several processors; `wordSize` is that of the offsets in its table.
-QByteArray universalFile(const QList<QByteArray> &programs, WordSize wordSize);
+/// The file of one program for several processors; `wordSize` is that of the offsets in its table, and `byteOrder` the
+/// table's.
+QByteArray universalFile(const QList<QByteArray> &programs, WordSize wordSize,
+                         QSysInfo::Endian byteOrder = QSysInfo::BigEndian);

@@ -11,19 +11,15 @@
 #include <gtest/gtest.h>
 #include <string_view>
 
-namespace {
-
 constexpr qint64 granted = 16 * 1024 * 1024;
 
-QByteArray hostile(std::string_view reader, std::string_view name)
+static QByteArray hostile(std::string_view reader, std::string_view name)
 {
     static const auto inputs = hostileInputs();
     const auto found = std::ranges::find_if(
         inputs, [&](const HostileInput &input) { return input.reader == reader && input.name == name; });
     return found == inputs.end() ? QByteArray() : found->content;
 }
-
-} // namespace
 
 // How long reading them takes, and reading the others, is a test of each reader.
 TEST(BundleBudgetTest, whatABundleIsGrantedIsSharedByAllThatIsReadOfIt)
@@ -94,4 +90,9 @@ TEST(BundleBudgetTest, soMuchIsGrantedAndNoMore)
         EXPECT_EQ(times([&] { return budget.spendValue(64); }), list <= 5 ? 100'000 : 0);
     }
     EXPECT_FALSE(BundleBudget().spendValue(65));
+    FuzzedBundle large;
+    large.setContent(FuzzedBundle::icon, QByteArray(granted, 'x'));
+    BundleBudget spent;
+    EXPECT_TRUE(spent.readFile(large, FuzzedBundle::url(), granted));
+    EXPECT_FALSE(spent.readFile(large, FuzzedBundle::url(), granted));
 }

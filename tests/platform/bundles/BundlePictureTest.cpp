@@ -9,17 +9,15 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 const QByteArray app = "/Applications/Notes.app";
 const QByteArray resources = app + "/Contents/Resources/";
 
-QByteArray png(quint32 width, const QByteArray &firstChunk = "IHDR")
+static QByteArray png(quint32 width, const QByteArray &firstChunk = "IHDR")
 {
     return QByteArray("\x89PNG\r\n\x1a\n") + bigEndian({13}) + firstChunk + bigEndian({width, width});
 }
 
-QByteArray family(const QList<QByteArray> &pictures)
+static QByteArray family(const QList<QByteArray> &pictures)
 {
     QByteArray elements;
     for (const auto &picture : pictures)
@@ -27,9 +25,8 @@ QByteArray family(const QList<QByteArray> &pictures)
     return "icns" + bigEndian({8 + static_cast<quint32>(elements.size())}) + elements;
 }
 
-class BundlePictureTest : public testing::Test
+struct BundlePictureTest : testing::Test
 {
-protected:
     void information(const QByteArray &text)
     {
         disk.remove(app + "/Contents/Info.plist");
@@ -44,8 +41,6 @@ protected:
     InMemoryFileSystem disk;
 };
 
-} // namespace
-
 TEST(IconFamilyTest, theSmallestSufficientPictureIsChosen)
 {
     EXPECT_EQ(bestPicture(family({png(16), png(1024), png(256), png(512)})), png(256));
@@ -55,7 +50,8 @@ TEST(IconFamilyTest, theSmallestSufficientPictureIsChosen)
     EXPECT_EQ(bestPicture(family({png(64), png(2049), png(512, "CgBI")})), png(64)) << "what is too wide is none";
     EXPECT_EQ(bestPicture(family({png(64), png(2048)})), png(2048));
     EXPECT_EQ(bestPicture(family({"", png(64)})), png(64)) << "an empty element in front";
-    EXPECT_EQ(bestPicture("no icons"), "");
+    for (const auto &none : {QByteArray("no icons"), "icns" + bigEndian({16}) + "ic07" + bigEndian({0})})
+        EXPECT_EQ(bestPicture(none), "") << none.toHex().data();
 }
 
 TEST_F(BundlePictureTest, theNamedIconIsFoundWithAndWithoutExtension)

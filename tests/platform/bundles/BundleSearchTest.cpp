@@ -9,9 +9,8 @@ using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 using Links = BundleSearch::Links;
 
-class BundleSearchTest : public testing::Test
+struct BundleSearchTest : testing::Test
 {
-protected:
     TestDisk disk;
     std::stop_source stop;
 
@@ -35,23 +34,22 @@ protected:
 
 TEST_F(BundleSearchTest, bundlesLieAsDeepAsTheirPlaceSaysAndAPlaceInsideOfAnotherIsSearchedAsItselfAlone)
 {
-    disk.information("/A/1.app/Contents/Info.plist", "org.first");
-    disk.information("/A/Folder/2.Framework/Resources/Info.plist", "org.second");
-    disk.information("/A/Folder/More/3.app/Contents/Info.plist", "org.third");
-    disk.information("/A/No bundle.app/4.app/Info.plist", "org.fourth");
-    disk.information("/A/No bundle.app/More/5.app/Info.plist", "org.fifth");
-    disk.information("/A/Info.plist", "org.none");
-    disk.information("/A/.hidden.app/Info.plist", "org.hidden");
-    disk.information("/A/Deeper/1/2/6.app/Info.plist", "org.deep");
-    disk.information("/A/Data/7.app/Info.plist", "org.data");
+    for (const QByteArray path :
+         {"1.app/Contents", "1.app/Tool/Contents", "1.app/Contents/Helper.app/Contents",
+          "Folder/2.Framework/Resources", "Folder/More/3.app/Contents", "No bundle.app/4.app",
+          "No bundle.app/More/5.app", "", ".hidden.app", "Deeper/1/2/6.app", "Data/7.app"})
+        disk.information("/A/" + path + "/Info.plist", "org.x");
+    disk.information("/A/1.app/Contents/version.plist", "org.version");
 
-    EXPECT_THAT(found({{Url("/A"), 2, Links::kept},
+    // From the outside in, in the order of the places.
+    EXPECT_THAT(found({{Url("/A/Deeper"), 3, Links::kept},
+                       {Url("/A"), 2, Links::kept},
                        {Url("/A/Data"), 0, Links::kept},
-                       {Url("/A/Deeper"), 3, Links::kept},
                        {Url("/A"), 9, Links::kept},
                        {Url("/missing"), 9, Links::kept}}),
-                ElementsAre("org.first /A/1.app", "org.second /A/Folder/2.Framework",
-                            "org.deep /A/Deeper/1/2/6.app", "org.fourth /A/No bundle.app/4.app"));
+                ElementsAre("org.x /A/Deeper/1/2/6.app", "org.x /A/1.app", "org.x /A/Folder/2.Framework",
+                            "org.x /A/1.app/Contents/Helper.app", "org.x /A/1.app/Tool",
+                            "org.x /A/No bundle.app/4.app"));
 }
 
 TEST_F(BundleSearchTest, linksAreFollowedWhereThePlaceSaysAndNeverInCircles)
@@ -113,15 +111,4 @@ TEST_F(BundleSearchTest, oneBundleCannotHoldUpTheSearch)
 
     stop.request_stop();
     EXPECT_EQ(countOf("/A/large.app"), 0) << "nothing is read once the program quits";
-}
-
-TEST_F(BundleSearchTest, bundlesAreToldFromTheOutsideIn)
-{
-    disk.information("/A/1.app/Contents/A Helper.app/Contents/Info.plist", "org.first.helper");
-    disk.information("/A/1.app/Contents/Info.plist", "org.first");
-    disk.information("/A/2.app/Info.plist", "org.second");
-    disk.information("/B/last.app/Info.plist", "org.last");
-    EXPECT_THAT(found({{Url("/B"), 1, Links::kept}, {Url("/A"), 1, Links::kept}}),
-                ElementsAre("org.last /B/last.app", "org.first /A/1.app", "org.second /A/2.app",
-                            "org.first.helper /A/1.app/Contents/A Helper.app"));
 }

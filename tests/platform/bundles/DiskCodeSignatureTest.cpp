@@ -1,12 +1,11 @@
 #include "DiskCodeSignature.h"
 
+#include "DerEntitlementsReader.h"
 #include "InMemoryFileSystem.h"
 #include "SignedProgram.h"
 
 #include <gtest/gtest.h>
 #include <utility>
-
-namespace {
 
 const QByteArray app = "/Applications/Notes.app";
 const QByteArray macOS = app + "/Contents/MacOS/";
@@ -18,9 +17,8 @@ const QVariantMap groups{
 };
 const QVariantMap others{{"a", "b"}};
 
-class DiskCodeSignatureTest : public testing::Test
+struct DiskCodeSignatureTest : testing::Test
 {
-protected:
     std::optional<QVariantMap> entitlements() const { return DiskCodeSignature(disk).entitlements(disk.url(app)); }
 
     std::optional<QVariantMap> entitlementsOf(const QByteArray &program)
@@ -33,8 +31,6 @@ protected:
     InMemoryFileSystem disk;
 };
 
-} // namespace
-
 TEST_F(DiskCodeSignatureTest, programsOfEveryWordSizeAndByteOrder)
 {
     for (const auto wordSize : {WordSize::bits32, WordSize::bits64}) {
@@ -44,7 +40,7 @@ TEST_F(DiskCodeSignatureTest, programsOfEveryWordSizeAndByteOrder)
             const auto unsignedProgram = SignedProgram{{}, {}, wordSize, order}.file();
             const auto program = SignedProgram{groups, others, wordSize, order}.file();
             EXPECT_EQ(entitlementsOf(unsignedProgram), std::nullopt);
-            EXPECT_EQ(entitlementsOf(universalFile({unsignedProgram, program}, wordSize)), groups);
+            EXPECT_EQ(entitlementsOf(universalFile({unsignedProgram, program}, wordSize, order)), groups);
         }
     }
 }
@@ -54,8 +50,23 @@ TEST_F(DiskCodeSignatureTest, whatIsCutShortOrNoProgramHasNone)
     const auto program = SignedProgram{{}, groups}.file();
     for (qsizetype size = 0; size < program.size(); ++size)
         EXPECT_EQ(entitlementsOf(program.first(size)), std::nullopt) << size;
+    auto uncounted = program;
+    uncounted[16] = 2; // of three commands, the last of which says where the signature is
+    EXPECT_EQ(entitlementsOf(uncounted), std::nullopt);
     EXPECT_EQ(entitlementsOf("#!/bin/sh\nexit 0\n"), std::nullopt);
     EXPECT_EQ(entitlementsOf(QByteArray("\xca\xfe\xba\xbe\0\0\0\x37\0\x1d", 10)), std::nullopt);
+}
+
+TEST_F(DiskCodeSignatureTest, lengthsAreOfOneToEightBytesAndTheRootIsADictionary)
+{
+    const auto isRead = [](const QByteArray &hexadecimal) {
+        BundleBudget budget;
+        return DerEntitlementsReader(QByteArray::fromHex(hexadecimal), budget).read().has_value();
+    };
+    for (const auto *whole : {"3100", "b000", "318100", "31880000000000000000", "70050201013100"})
+        EXPECT_TRUE(isRead(whole)) << whole;
+    for (const auto *damaged : {"3000", "3180", "3189000000000000000000", "318200", "3101", "70050401013100"})
+        EXPECT_FALSE(isRead(damaged)) << damaged;
 }
 
 TEST_F(DiskCodeSignatureTest, nestingIsBounded)

@@ -13,8 +13,6 @@
 #include <gtest/gtest.h>
 #include <utility>
 
-namespace {
-
 const QByteArray everyType = R"(<?xml version="1.0" encoding="UTF-8"?>
 <!DOCTYPE plist PUBLIC "-//Apple//DTD PLIST 1.0//EN" "http://www.apple.com/DTDs/PropertyList-1.0.dtd">
 <plist version="1.0"><dict>
@@ -35,31 +33,27 @@ const QByteArray everyType = R"(<?xml version="1.0" encoding="UTF-8"?>
         <true/><true/><true/><true/><true/><true/><true/><true/><true/><true/><true/><true/><true/></array>
 </dict></plist>)";
 
-std::optional<QVariant> readPropertyList(const QByteArray &data)
+static std::optional<QVariant> readPropertyList(const QByteArray &data)
 {
     BundleBudget budget;
     return ::readPropertyList(data, budget);
 }
 
-QVariant read(const QByteArray &data)
+static QVariant read(const QByteArray &data)
 {
     const auto value = readPropertyList(data);
     EXPECT_TRUE(value.has_value()) << data.constData();
     return value.value_or(QVariant());
 }
 
-QVariantMap strings(const QByteArray &data)
-{
-    return read(data).toMap();
-}
-
-QByteArray encoded(const QByteArray &utf8, QStringConverter::Encoding encoding, QStringConverter::Flag flag = {})
+static QByteArray encoded(const QByteArray &utf8, QStringConverter::Encoding encoding,
+                          QStringConverter::Flag flag = {})
 {
     return QStringEncoder(encoding, flag).encode(QString::fromUtf8(utf8));
 }
 
 /// What plistutil makes of the property list `data` in `form`, "xml" or "bin".
-QByteArray converted(const QByteArray &data, const QString &form)
+static QByteArray converted(const QByteArray &data, const QString &form)
 {
     const QTemporaryDir folder;
     QFile input(folder.filePath("in"));
@@ -72,20 +66,19 @@ QByteArray converted(const QByteArray &data, const QString &form)
     return output.readAll();
 }
 
-QByteArray repeated(const char *text, int count)
+static QByteArray repeated(const char *text, int count)
 {
     return QByteArray(text).repeated(count);
 }
 
-} // namespace
-
 TEST(PropertyListTest, valuesOfEveryTypeAreReadFromXmlAndFromWhatPlistutilMakesOfIt)
 {
-    const auto values = strings(everyType);
+    const auto values = read(everyType).toMap();
     EXPECT_EQ(values.value("text"), "A & B ł<c>");
     EXPECT_EQ(values.value("Zażółć"), "🙂 gęślą");
     EXPECT_EQ(values.value("empty"), QString());
     EXPECT_EQ(values.value("long"), QVariant(qint64(9223372036854775807)));
+    EXPECT_EQ(values.value("long").typeId(), QMetaType::LongLong);
     EXPECT_EQ(values.value("negative"), QVariant(qint64(-5)));
     EXPECT_EQ(values.value("huge"), QVariant(quint64(18446744073709551615u)));
     EXPECT_EQ(values.value("real"), QVariant(-2.5));
@@ -106,7 +99,7 @@ TEST(PropertyListTest, textInEveryEncodingIsRead)
     for (const auto encoding : {QStringConverter::Utf8, QStringConverter::Utf16LE, QStringConverter::Utf16BE}) {
         for (const auto mark : {QStringConverter::Flag::Default, QStringConverter::Flag::WriteBom}) {
             EXPECT_EQ(read(encoded(xml, encoding, mark)), "Żółw");
-            EXPECT_EQ(strings(encoded("a = \"Żółw\";", encoding, mark)).value("a"), "Żółw");
+            EXPECT_EQ(read(encoded("a = \"Żółw\";", encoding, mark)).toMap().value("a"), "Żółw");
         }
     }
     EXPECT_FALSE(readPropertyList("a = \"\xff\";"));
@@ -156,13 +149,14 @@ TEST(PropertyListTest, textFormHasTextsListsDictionariesAndBytes)
 
 TEST(PropertyListTest, stringsFilesLeaveTheBracesOut)
 {
-    EXPECT_EQ(strings("/* Name; */ // x\n\"CFBundleName\" = \"Żółw\";\nshort;\na=b /*c*/;// end"),
+    EXPECT_EQ(read("/* Name; */ // x\n\"CFBundleName\" = \"Żółw\";\nshort;\na=b /*c*/;// end"),
               QVariantMap({{"CFBundleName", "Żółw"}, {"short", "short"}, {"a", "b"}}));
-    EXPECT_EQ(strings(R"(k = "\"\\\a\b\f\n\r\t\v\U0142\u\251\101\'";)").value("k"), "\"\\\a\b\f\n\r\t\vłu’A'");
-    EXPECT_EQ(strings("k = \"http://a/*b*/\"; l = http://a;"),
+    EXPECT_EQ(read(R"(k = "\"\\\a\b\f\n\r\t\v\U0142\u\251\101\'";)").toMap().value("k"),
+              "\"\\\a\b\f\n\r\t\vłu’A'");
+    EXPECT_EQ(read("k = \"http://a/*b*/\"; l = http://a;"),
               QVariantMap({{"k", "http://a/*b*/"}, {"l", "http://a"}}));
-    EXPECT_EQ(strings(" // nothing\n"), QVariantMap());
-    EXPECT_EQ(strings("a = 1; a = 2;").value("a"), "2");
+    EXPECT_EQ(read(" // nothing\n"), QVariantMap());
+    EXPECT_EQ(read("a = 1; a = 2;").toMap().value("a"), "2");
 }
 
 TEST(PropertyListTest, damagedListsAreAbsent)
@@ -174,8 +168,9 @@ TEST(PropertyListTest, damagedListsAreAbsent)
     eachIsAbsent("", "<", "<plist>", "<what/>", "<plist><string>a</plist>", "<array><string>a</string>",
                  "<dict><key>a</key></dict>", "<dict><string>a</string></dict>", "<string><b/></string>",
                  "<plist><string>a</string><string>b</string></plist>", "<integer>x</integer>",
-                 "<integer>99999999999999999999</integer>", "<date>today</date>", "{ a = b }", "{ a = ; }",
-                 "{ a = b;", "( a", "\"a", "<0>", "<0g>", "a = \"\\", "{}}", "a;;", "bplist00");
+                 "<integer>99999999999999999999</integer>", "<integer>++5</integer>", "<integer>--5</integer>",
+                 "<date>today</date>", "{ a = b }", "{ a = ; }", "{ a = b;", "( a", "\"a", "<0>", "<0g>",
+                 "a = \"\\", "{}}", "a;;", "bplist00");
     const auto whole = converted(everyType, "bin");
     for (qsizetype size = 7; size < whole.size(); ++size)
         EXPECT_FALSE(readPropertyList(whole.first(size))) << size;
@@ -196,14 +191,13 @@ TEST(PropertyListTest, hostileBinaryListsAreAbsent)
     };
     for (const auto &objects : hostile)
         EXPECT_FALSE(readPropertyList(binaryList(objects))) << objects.first().toHex().constData();
-    for (const auto *alone : {"\x15", "\x24", "\x88\1\1\1\1\1\1\1\1\1", "\x33\x7f\xf8\1\1\1\1\1\1", "\x98",
-                              "\xe0", "\x5f\x51", "\x0f"})
+    for (const auto *alone : {"\x15", "\x24", "\x88\1\1\1\1\1\1\1\1\1", "\x33\x7f\xf8\1\1\1\1\1\1", "\x98", "\xe0",
+                              "\x5f\x51", "\x0f"})
         EXPECT_FALSE(readPropertyList(binaryList({alone}))) << QByteArray(alone).toHex().constData();
 
     EXPECT_EQ(read(binaryList({QByteArray("\xaf\x13\0\0\0\0\0\0\0\0", 10)})), QVariantList());
     EXPECT_EQ(read(binaryList({"\x80\5"})), QVariantMap({{"CF$UID", qint64(5)}}));
-    EXPECT_EQ(read(binaryList({"\x87\1\1\1\1\1\1\1\1"})),
-              QVariantMap({{"CF$UID", qint64(0x0101010101010101)}}));
+    EXPECT_EQ(read(binaryList({"\x87\1\1\1\1\1\1\1\1"})), QVariantMap({{"CF$UID", qint64(0x0101010101010101)}}));
     auto list = binaryList({text});
     for (const auto &[width, isRead] : {std::pair(0, false), {1, true}, {8, true}, {9, false}}) {
         auto other = list;
@@ -222,6 +216,8 @@ TEST(PropertyListTest, depthAndCountAreBounded)
     EXPECT_TRUE(readPropertyList(repeated("<array>", 64) + repeated("</array>", 64)));
     EXPECT_TRUE(readPropertyList("<plist>" + repeated("<array>", 64) + repeated("</array>", 64) + "</plist>"));
     EXPECT_FALSE(readPropertyList(repeated("<array>", 65) + repeated("</array>", 65)));
+    EXPECT_TRUE(readPropertyList(repeated("(", 64) + repeated(")", 64)));
+    EXPECT_TRUE(readPropertyList(repeated("<dict><key>a</key>", 63) + "<true/>" + repeated("</dict>", 63)));
     for (const auto *opening : {"<array>", "<dict><key>a</key>", "(", "{a="})
         EXPECT_FALSE(readPropertyList(repeated(opening, 100'000))) << opening;
     EXPECT_FALSE(readPropertyList('(' + repeated("a,", 200'000) + ')'));
