@@ -17,9 +17,8 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 /// The state object on a disk in memory.
-class AppFixture : public testing::Test, protected FakeComputer
+struct AppFixture : testing::Test, protected FakeComputer
 {
-protected:
     AppFixture()
     {
         disk.executable(QByteArray("/Applications/Tarnvale.app/")

@@ -8,11 +8,9 @@ using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-namespace {
-
 constexpr auto GiB = quint64(1) << 30;
 
-DashboardSnapshot laptop()
+static DashboardSnapshot laptop()
 {
     return {{"Book", "Model9,1", "13.1", "CPU", "16 GB", QDateTime({2026, 11, 3}, {15, 4, 59})},
             BatteryInfo{80, true, "Battery", "2 h 3 min", 91, "Good", 12, 4000, 4500, 5000},
@@ -21,15 +19,13 @@ DashboardSnapshot laptop()
 }
 
 /// "label: value", and behind these the symbol of a row that has one.
-QStringList textsOf(const QList<LabelledValue> &rows)
+static QStringList textsOf(const QList<LabelledValue> &rows)
 {
     QStringList texts;
     for (const auto &row : rows)
         texts.append((row.label + ": " + row.value + ' ' + row.symbol).trimmed());
     return texts;
 }
-
-} // namespace
 
 TEST(DashboardPresentation, everyReadingIsShownInItsPlaceAndUnit)
 {

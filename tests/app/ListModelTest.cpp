@@ -9,11 +9,8 @@
 #include <gmock/gmock.h>
 #include <numeric>
 
-namespace {
-
-class ListModelTest : public testing::Test
+struct ListModelTest : testing::Test
 {
-protected:
     ListModel<ScanItem> model;
     // Fails the test when the model breaks the rules that views rely on.
     QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
@@ -32,8 +29,6 @@ protected:
         return list;
     }
 };
-
-} // namespace
 
 TEST_F(ListModelTest, sumsFollowEveryChange)
 {

@@ -2,13 +2,10 @@
 
 using testing::FieldsAre;
 
-namespace {
-
 const QString unconfirmed = "Finder nie potwierdził przeniesienia elementu do Kosza.";
 
-class RemovalWorkflowTest : public AppFixture
+struct RemovalWorkflowTest : AppFixture
 {
-protected:
     RemovalWorkflowTest() { app.setLanguage(AppLanguage::english); }
 
     /// The Trash refuses the item; without a text, it just does not confirm.
@@ -53,8 +50,6 @@ protected:
         EXPECT_TRUE(app.userNotice()->message.startsWith(beginning)) << qPrintable(app.userNotice()->message);
     }
 };
-
-} // namespace
 
 TEST_F(RemovalWorkflowTest, selectedItemsLeaveTheirListAndNoOther)
 {

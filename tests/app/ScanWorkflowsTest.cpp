@@ -1,10 +1,7 @@
 #include "AppFixture.h"
 
-namespace {
-
-class ScanWorkflowsTest : public AppFixture
+struct ScanWorkflowsTest : AppFixture
 {
-protected:
     ScanWorkflowsTest()
     {
         app.setLanguage(AppLanguage::english);
@@ -21,8 +18,6 @@ protected:
     }
     void drop(const Url &url) { waitFor(scans.handleDroppedApplication(url)); }
 };
-
-} // namespace
 
 TEST_F(ScanWorkflowsTest, catalogIsScannedOnceUnlessForced)
 {

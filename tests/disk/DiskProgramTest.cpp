@@ -12,14 +12,13 @@
 #include "TestDisk.h"
 
 #include <QCoro/QCoroTask>
+#include <QDir>
 #include <QProcess>
 
 #include <filesystem>
 #include <fstream>
 #include <gmock/gmock.h>
 #include <unistd.h>
-
-namespace {
 
 namespace fs = std::filesystem;
 
@@ -28,9 +27,8 @@ using testing::ElementsAre;
 using testing::EndsWith;
 using testing::UnorderedElementsAre;
 
-class DiskProgramTest : public testing::Test
+struct DiskProgramTest : testing::Test
 {
-protected:
     DiskProgramTest() { qputenv("XDG_DATA_HOME", (folder() + "/data").c_str()); }
 
     std::string folder() const { return m_disk.host("/"); }
@@ -83,12 +81,9 @@ protected:
         waitFor(app.removal().confirmDeletion(*app.pendingDeletion()));
     }
 
-    static std::vector<std::string> namesIn(const std::string &place)
+    static QStringList namesIn(const fs::path &place)
     {
-        std::vector<std::string> names;
-        for (const auto &entry : fs::directory_iterator(place))
-            names.push_back(entry.path().filename());
-        return names;
+        return QDir(place).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     }
 
     // In no memory, which has no Trash.
@@ -100,8 +95,6 @@ private:
     std::unique_ptr<LinuxPlatform> m_platform;
     std::unique_ptr<AppViewModel> m_app;
 };
-
-} // namespace
 
 TEST_F(DiskProgramTest, whatIsRemovedFromAMountedDiskIsInTheTrashOfThatDiskUnlessItCanOnlyBeRead)
 {

@@ -6,11 +6,8 @@
 
 #include <gmock/gmock.h>
 
-namespace {
-
-class MacDiskFinderTest : public testing::Test
+struct MacDiskFinderTest : testing::Test
 {
-protected:
     /// Where disks lie.
     TemporaryDisk computer;
 
@@ -42,8 +39,6 @@ protected:
         return (disk.isHomeAlone ? "alone " + answer : answer).toStdString();
     }
 };
-
-} // namespace
 
 TEST_F(MacDiskFinderTest, everyHomeIsFoundAndAnyOfThemCanBeNamed)
 {

@@ -2,19 +2,18 @@
 
 #include "FileNames.h"
 
+#include <QByteArrayList>
+
 #include <gtest/gtest.h>
 
 TEST(UrlTest, standardisingResolvesDotsAndSeparatorsTextually)
 {
-    const auto standardized = [](const char *path) { return Url(path).standardizedPath(); };
-    EXPECT_EQ(standardized("/Users/a/Library/Caches/."), "/Users/a/Library/Caches");
-    EXPECT_EQ(standardized("/Users/a/Library/Caches/x/.."), "/Users/a/Library/Caches");
-    EXPECT_EQ(standardized("//a///b/./c/"), "/a/b/c");
-    EXPECT_EQ(standardized("/../../a"), "/a");
-    EXPECT_EQ(standardized("/a/.."), "/");
-    EXPECT_EQ(standardized("/"), "/");
-    EXPECT_EQ(standardized("/a/...b/..c"), "/a/...b/..c");
-    EXPECT_EQ(standardized(""), "");
+    QByteArrayList standardized;
+    for (const auto *path :
+         {"/a/Caches/.", "/a/Caches/x/..", "//a///b/./c/", "/../../a", "/a/..", "/", "/a/...b/..c", ""})
+        standardized.append(Url(path).standardizedPath());
+    EXPECT_EQ(standardized,
+              (QByteArrayList{"/a/Caches", "/a/Caches", "/a/b/c", "/a", "/", "/", "/a/...b/..c", ""}));
 }
 
 TEST(UrlTest, foldersAndNamesMakeOnePathAndComeApartAgain)
@@ -35,17 +34,12 @@ TEST(UrlTest, foldersAndNamesMakeOnePathAndComeApartAgain)
 
 TEST(UrlTest, extensionsFollowTheLastDotOfTheName)
 {
-    const auto split = [](const char *path) {
-        return Url(path).nameWithoutExtension() + '|' + Url(path).pathExtension();
-    };
-    EXPECT_EQ(split("/Applications/Foo Bar.app"), "Foo Bar|app");
-    EXPECT_EQ(split("/a.b/c"), "c|");
-    EXPECT_EQ(split("/a/.app"), ".app|");
-    EXPECT_EQ(split("/a/...app"), "...app|");
-    EXPECT_EQ(split("/a/..b.app"), "..b|app");
-    EXPECT_EQ(split("/a/b.c"), "b|c");
-    EXPECT_EQ(split("/a/b."), "b.|");
-    EXPECT_EQ(split("/a/org.notes.agent.plist"), "org.notes.agent|plist");
+    QByteArrayList split;
+    for (const auto *path : {"/a/Foo Bar.app", "/a.b/c", "/a/.app", "/a/...app", "/a/..b.app", "/a/b.c", "/a/b.",
+                             "/a/org.notes.agent.plist"})
+        split.append(Url(path).nameWithoutExtension() + '|' + Url(path).pathExtension());
+    EXPECT_EQ(split, (QByteArrayList{"Foo Bar|app", "c|", ".app|", "...app|", "..b|app", "b|c", "b.|",
+                                     "org.notes.agent|plist"}));
 }
 
 TEST(FileNamesTest, aNameIsTheTextThatSpellsItAndNoOther)

@@ -7,8 +7,6 @@
 
 #include <gmock/gmock.h>
 
-namespace {
-
 TEST(Renderer, aCardThatOnlyShowsPicturesIsNoCard)
 {
     const QTemporaryDir devices;
@@ -39,5 +37,3 @@ TEST(Renderer, whatTheUserHasSetStays)
     chooseRenderer();
     EXPECT_EQ(isSoftware(), lacksGraphicsCard("/dev"));
 }
-
-} // namespace

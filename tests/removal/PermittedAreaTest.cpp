@@ -2,14 +2,10 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
-bool isPermitted(const QByteArray &path, const QByteArray &home = "/Users/me")
+static bool isPermitted(const QByteArray &path, const QByteArray &home = "/Users/me")
 {
     return isInsidePermittedArea(Url(path), Url(home));
 }
-
-} // namespace
 
 TEST(PermittedAreaTest, everyAreaPermitsWhatItHoldsAndNotItself)
 {

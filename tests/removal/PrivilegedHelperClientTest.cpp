@@ -9,16 +9,13 @@
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-namespace {
-
 const QString approvalText = QStringLiteral("Helper administratora wymaga zatwierdzenia w Ustawienia systemowe → "
                                             "Ogólne → Elementy logowania.");
 const QString connectionText = QStringLiteral("Nie udało się połączyć z helperem administratora: ");
 const QString notFoundText = QStringLiteral("Nie znaleziono helpera administratora wewnątrz aplikacji. ");
 
-class PrivilegedHelperClientTest : public testing::Test
+struct PrivilegedHelperClientTest : testing::Test
 {
-protected:
     static constexpr auto executable = "/Applications/Tarnvale.app/Contents/Library/HelperTools/"
                                        "com.example.Tarnvale.Helper";
     static constexpr auto daemonPlist = "/Applications/Tarnvale.app/Contents/Library/LaunchDaemons/"
@@ -40,8 +37,6 @@ protected:
     }
     QString failure() { return send().errorDescription.value_or("none"); }
 };
-
-} // namespace
 
 TEST_F(PrivilegedHelperClientTest, mainThreadHasItsTurnWhileManyPathsArePutIntoTheRequest)
 {

@@ -9,8 +9,6 @@
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-namespace {
-
 const QString outside = QStringLiteral("Ścieżka znajduje się poza dozwolonym obszarem.");
 const QString ofTheSystem = QStringLiteral("Usuwanie aplikacji systemowych jest zablokowane.");
 const QString unconfirmed = QStringLiteral("Finder nie potwierdził przeniesienia elementu do Kosza.");
@@ -34,9 +32,8 @@ public:
     }
 };
 
-class TrashServiceTest : public testing::Test
+struct TrashServiceTest : testing::Test
 {
-protected:
     TestDisk disk;
     FakeWorkspace workspace{disk};
     FakePrivilegedHelper helper;
@@ -75,8 +72,6 @@ protected:
         return descriptions;
     }
 };
-
-} // namespace
 
 TEST_F(TrashServiceTest, mainThreadHasItsTurnWhileManyVanishedItemsAreSettled)
 {

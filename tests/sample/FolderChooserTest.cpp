@@ -26,11 +26,9 @@
 #include <optional>
 #include <stop_token>
 
-namespace {
-
 constexpr int patience = 20'000;
 
-const SampleDisk *disk = nullptr;
+static const SampleDisk *disk = nullptr;
 
 /// A desktop's portal with a file chooser that the test answers for the user.
 class FileChooserPortal : public TestPortal
@@ -68,9 +66,8 @@ private:
     QString m_client;
 };
 
-class FolderChoice : public testing::Test
+struct FolderChoice : testing::Test
 {
-protected:
     void SetUp() override
     {
         state().setSidebarSelection(SidebarSelection::mediaFinder);
@@ -218,8 +215,6 @@ TEST_F(FolderChoice, withoutAPortalForFoldersQtsOwnDialogIsWorkedByKeyboard)
     EXPECT_TRUE(Robot::waitUntil([&] { return state().selectedMediaFolder().has_value(); }, patience));
     EXPECT_EQ(state().selectedMediaFolder(), Url("/Users/ada/Documents"));
 }
-
-} // namespace
 
 int main(int argc, char **argv)
 {

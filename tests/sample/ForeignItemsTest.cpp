@@ -14,6 +14,7 @@
 #include "TarnvaleApp.h"
 #include "TestBus.h"
 
+#include <QDir>
 #include <QGuiApplication>
 
 #include <cstdio>
@@ -24,8 +25,6 @@
 #include <string>
 #include <sys/wait.h>
 #include <unistd.h>
-
-namespace {
 
 using testing::AllOf;
 using testing::Contains;
@@ -38,31 +37,27 @@ constexpr uid_t secondUser = 65534;
 /// Of what belongs to the application, these folders' content is root's.
 constexpr const char *foreignFolders[] = {"Library/Cookies", "Library/Group Containers", "Library/Logs"};
 
-const SampleDisk *disk = nullptr;
+static const SampleDisk *disk = nullptr;
 
-QString text(QStringView key)
+static QString text(QStringView key)
 {
     return localizedText(key, AppLanguage::polish);
 }
 
-fs::path onDisk(const char *path)
+static fs::path onDisk(const char *path)
 {
     return disk->folder().toStdString() + path;
 }
 
 /// The names in a folder of the disk.
-std::vector<std::string> namesIn(const fs::path &folder)
+static QStringList namesIn(const fs::path &folder)
 {
-    std::vector<std::string> names;
-    for (const auto &entry : fs::directory_iterator(folder))
-        names.push_back(entry.path().filename());
-    return names;
+    return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
 }
 
 /// The program in its window, on the sample disk; it sits where a helper can be registered from.
-class ForeignItems : public testing::Test
+struct ForeignItems : testing::Test
 {
-protected:
     ~ForeignItems() override
     {
         m_stop.request_stop();
@@ -123,7 +118,7 @@ TEST_F(ForeignItems, goToTheHelperWithTheApplicationsIdentifier)
 
     // What is the user's own.
     EXPECT_FALSE(fs::exists(onDisk("/Applications/Lumen.app")));
-    EXPECT_EQ(namesIn(disk->dataHomePath().toStdString() + "/Trash/info").size(), static_cast<size_t>(ticked - 3));
+    EXPECT_EQ(namesIn(disk->dataHomePath().toStdString() + "/Trash/info").size(), ticked - 3);
     EXPECT_FALSE(state.selectedApplication());
     // What the helper moved, what it gave a reason for, and what it said nothing of.
     EXPECT_THAT(namesIn(onDisk("/private/var/root/.Trash")), testing::ElementsAre("org.lumen.editor"));
@@ -149,7 +144,7 @@ TEST_F(ForeignItems, goToTheHelperWithTheApplicationsIdentifier)
 }
 
 /// Does `work` in a process of its own, as this user. What it answers; 1 when it does not come to that.
-int inProcess(uid_t user, const std::function<int()> &work)
+static int inProcess(uid_t user, const std::function<int()> &work)
 {
     const auto process = fork();
     if (process == 0) {
@@ -164,7 +159,7 @@ int inProcess(uid_t user, const std::function<int()> &work)
     return WIFEXITED(status) ? WEXITSTATUS(status) : 1;
 }
 
-int buildDisk(int argc, char **argv)
+static int buildDisk(int argc, char **argv)
 {
     const QGuiApplication application(argc, argv);
     const auto error = disk->build();
@@ -172,7 +167,7 @@ int buildDisk(int argc, char **argv)
     return error.isEmpty() ? 0 : 1;
 }
 
-void installHelper()
+static void installHelper()
 {
     const Url bundle(disk->folder().toUtf8() + "/Applications/Tarnvale.app");
     for (const auto &path :
@@ -183,14 +178,12 @@ void installHelper()
     }
 }
 
-void give(const fs::path &path, uid_t user)
+static void give(const fs::path &path, uid_t user)
 {
     EXPECT_EQ(lchown(path.c_str(), user, user), 0);
     for (const auto &entry : fs::recursive_directory_iterator(path))
         EXPECT_EQ(lchown(entry.path().c_str(), user, user), 0);
 }
-
-} // namespace
 
 int main(int argc, char **argv)
 {

@@ -20,8 +20,6 @@
 
 #include <iostream>
 
-namespace {
-
 /// What the window is told to be about: everything that speaks with a bus; a scan; a scan and removals.
 constexpr auto onBuses = "buses";
 constexpr auto onScan = "scan";
@@ -34,7 +32,7 @@ const Url home("/home");
 constexpr qint64 mostMilliseconds = 5'000;
 
 /// The program on the disk in `folder`, which quits soon.
-int session(const QByteArray &folder, const std::string &trouble)
+static int session(const QByteArray &folder, const std::string &trouble)
 {
     const DiskRoot root(folder);
     FolderDialogChooser dialog(folder);
@@ -65,9 +63,8 @@ int session(const QByteArray &folder, const std::string &trouble)
     return program.run(stop);
 }
 
-class Quitting : public testing::Test
+struct Quitting : testing::Test
 {
-protected:
     Quitting()
     {
         environment.insert("HOME", onDisk("/home"));
@@ -101,8 +98,6 @@ private:
     // Not where temporary files go, which may be memory, and memory has no Trash.
     QTemporaryDir m_folder{QDir::current().filePath("quitting-XXXXXX")};
 };
-
-} // namespace
 
 TEST_F(Quitting, isNotHeldUpByABusThatHangsAtAnyStep)
 {

@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 /// Notices what is looked at outside of a walk, where one that does not answer holds up the others.
 class WalkedDisk : public InMemoryFileSystem
 {
@@ -25,8 +23,6 @@ public:
 private:
     mutable bool m_isWalked = false;
 };
-
-} // namespace
 
 TEST(AllocatedSizeTest, itemsAreMeasuredSideBySideByWhatTheFileSystemTells)
 {

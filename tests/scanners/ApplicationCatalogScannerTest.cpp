@@ -6,9 +6,8 @@
 
 using testing::ElementsAre;
 
-class ApplicationCatalogScannerTest : public testing::Test
+struct ApplicationCatalogScannerTest : testing::Test
 {
-protected:
     TestDisk disk;
 
     QList<InstalledApplication> scan() const

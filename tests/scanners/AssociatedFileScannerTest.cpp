@@ -11,9 +11,8 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 
-class AssociatedFileScannerTest : public testing::Test
+struct AssociatedFileScannerTest : testing::Test
 {
-protected:
     TestDisk disk;
 
     QList<ScanItem> scan(const InstalledApplication &application) const
@@ -177,8 +176,6 @@ TEST_F(AssociatedFileScannerTest, namesAreFoundInEveryCanonicalSpelling)
     EXPECT_THAT(pathsOf(scan(application)), testing::ElementsAreArray(expected));
 }
 
-namespace {
-
 /// A disk that counts how often its folders are listed.
 class CountingDisk : public TestDisk
 {
@@ -193,8 +190,6 @@ public:
 private:
     mutable std::map<QByteArray, int> m_listings;
 };
-
-} // namespace
 
 TEST(NamesOfAMacTest, aProbeFindsWhatAMacWouldHaveFoundAtOneListingAFolder)
 {

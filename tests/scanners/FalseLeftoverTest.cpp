@@ -9,8 +9,6 @@
 using testing::IsEmpty;
 using testing::UnorderedElementsAreArray;
 
-namespace {
-
 /// Something installed: its bundle, or its information where that lies elsewhere than in "Contents", and its identifier.
 struct Installed
 {
@@ -74,17 +72,14 @@ const Installed everythingInstalled[] = {
 };
 // clang-format on
 
-QByteArray informationOf(const QByteArray &place)
+static QByteArray informationOf(const QByteArray &place)
 {
     return place.endsWith("/Info.plist") ? place : place + "/Contents/Info.plist";
 }
 
-} // namespace
-
 /// A disk as people have it, with data of everything that is installed.
-class FalseLeftoverTest : public testing::Test
+struct FalseLeftoverTest : testing::Test
 {
-protected:
     TestDisk disk;
 
     FalseLeftoverTest()

@@ -8,9 +8,8 @@
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class LeftoverScannerTest : public testing::Test
+struct LeftoverScannerTest : testing::Test
 {
-protected:
     TestDisk disk;
     FakeApplicationRegistry registry;
     LeftoverScanner scanner{disk, registry};

@@ -37,8 +37,7 @@ public:
         g_dbus_server_stop(m_server);
         g_object_unref(m_server);
     }
-    ScriptedBus(const ScriptedBus &) = delete;
-    ScriptedBus &operator=(const ScriptedBus &) = delete;
+    Q_DISABLE_COPY_MOVE(ScriptedBus)
 
     QByteArray address() const { return m_address; }
 

@@ -5,14 +5,16 @@
 
 #include <gtest/gtest.h>
 
-/// Stands on a bus where the desktop's portal would; what it answers, a test says.
+/// Stands on a bus where the desktop's portal would, or another of its programs; what it answers, a test says.
 class TestPortal : public QDBusVirtualObject
 {
 public:
-    explicit TestPortal(const QString &address) : m_bus(QDBusConnection::connectToBus(address, "portal"))
+    explicit TestPortal(const QString &address, const QString &path = "/org/freedesktop/portal/desktop",
+                        const QString &name = "org.freedesktop.portal.Desktop")
+        : m_bus(QDBusConnection::connectToBus(address, "portal"))
     {
-        EXPECT_TRUE(m_bus.registerVirtualObject("/org/freedesktop/portal/desktop", this));
-        EXPECT_TRUE(m_bus.registerService("org.freedesktop.portal.Desktop"));
+        EXPECT_TRUE(m_bus.registerVirtualObject(path, this));
+        EXPECT_TRUE(m_bus.registerService(name));
     }
     ~TestPortal() override { QDBusConnection::disconnectFromBus("portal"); }
 

@@ -7,16 +7,13 @@
 #include <limits>
 #include <tuple>
 
-namespace {
-
 using testing::_;
 using testing::Eq;
 using testing::FieldsAre;
 using testing::Optional;
 
-class SystemInfoServiceTest : public testing::Test
+struct SystemInfoServiceTest : testing::Test
 {
-protected:
     /// The battery of a computer that has one with this charge.
     BatteryInfo battery(std::optional<qint64> current, std::optional<qint64> max)
     {
@@ -139,5 +136,3 @@ TEST_F(SystemInfoServiceTest, usedMemoryNeverExceedsWhatIsInstalled)
     facts.pageSizeValue = 4096;
     EXPECT_THAT(service.memoryInfo().usedBytes, Optional(1000U));
 }
-
-} // namespace

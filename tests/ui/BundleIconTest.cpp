@@ -2,20 +2,18 @@
 
 #include "BundleIconProvider.h"
 #include "FakeBundleReader.h"
+#include "HostileInputs.h"
 #include "InMemoryFileSystem.h"
 
 #include <QBuffer>
 #include <QColor>
 #include <QElapsedTimer>
-#include <QtEndian>
 
 #include <gmock/gmock.h>
 
 using testing::ElementsAre;
 
-namespace {
-
-QByteArray png(int side, const QColor &color)
+static QByteArray png(int side, const QColor &color)
 {
     QImage image(side, side, QImage::Format_ARGB32);
     image.fill(color);
@@ -26,26 +24,19 @@ QByteArray png(int side, const QColor &color)
     return bytes;
 }
 
-QByteArray bigEndian(quint32 number)
+static QByteArray element(const QByteArray &type, const QByteArray &content)
 {
-    QByteArray bytes(4, '\0');
-    qToBigEndian(number, bytes.data());
-    return bytes;
-}
-
-QByteArray element(const QByteArray &type, const QByteArray &content)
-{
-    return type + bigEndian(static_cast<quint32>(content.size()) + 8) + content;
+    return type + bigEndian({static_cast<quint32>(content.size()) + 8}) + content;
 }
 
 /// An .icns file in which each size has a colour of its own.
-QByteArray icns()
+static QByteArray icns()
 {
     return element("icns", element("ic09", png(512, Qt::blue)) + element("ic11", png(32, Qt::green))
                                + element("ic07", png(128, Qt::red)));
 }
 
-QColor middleOf(const QImage &image)
+static QColor middleOf(const QImage &image)
 {
     return image.pixelColor(image.width() / 2, image.height() / 2);
 }
@@ -66,18 +57,18 @@ TEST(BundleIcons, hostileFilesGiveNoPictureAndTakeNoTimeOrMemory)
 {
     // 60,000 pixels square: 13 GiB.
     auto giant = png(8, Qt::red);
-    giant.replace(16, 8, bigEndian(60'000) + bigEndian(60'000));
+    giant.replace(16, 8, bigEndian({60'000, 60'000}));
     auto claiming = element("icns", element("ic07", png(128, Qt::red)));
-    claiming.replace(12, 4, bigEndian(0xfffffff0));
+    claiming.replace(12, 4, bigEndian({0xfffffff0}));
     const QList<QByteArray> files{
         {},
         "icns",
-        "icns" + bigEndian(0),
+        "icns" + bigEndian({0}),
         "\x89PNG",
         giant,
         element("icns", element("ic07", giant)),
         claiming,
-        element("icns", QByteArray("ic07") + bigEndian(0)),
+        element("icns", QByteArray("ic07") + bigEndian({0})),
         "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"9\" height=\"9\"><rect width=\"9\" height=\"9\"/></svg>",
         png(64, Qt::red).first(60),
     };
@@ -87,8 +78,6 @@ TEST(BundleIcons, hostileFilesGiveNoPictureAndTakeNoTimeOrMemory)
         EXPECT_TRUE(BundleIcon::decoded(file, 68).isNull()) << file.toHex().constData();
     EXPECT_LT(time.elapsed(), 2000);
 }
-
-} // namespace
 
 TEST(BundleIcons, aBundleWithoutPictureGetsALetterOnATileOfItsOwn)
 {

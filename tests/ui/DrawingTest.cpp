@@ -1,13 +1,14 @@
 // What is drawn to be sharp and to stretch, looked at pixel by pixel. Run once for each renderer and scale:
 //   drawing_test own|software SCALE
 
+#include "Engine.h"
 #include "Surroundings.h"
 #include "SymbolPicture.h"
 
 #include <QGuiApplication>
 #include <QPainter>
+#include <QQmlApplicationEngine>
 #include <QQmlComponent>
-#include <QQmlEngine>
 #include <QQuickWindow>
 #include <QSGRendererInterface>
 #include <QTest>
@@ -16,13 +17,8 @@
 #include <cmath>
 #include <gmock/gmock.h>
 
-/// Makes the QML module's C++ types known; the build writes it. A static library has to be asked.
-void qml_register_types_Tarnvale();
-
-namespace {
-
-bool isOwnRenderer;
-qreal scale;
+static bool isOwnRenderer;
+static qreal scale;
 
 /// What is drawn in and around `rect`, turned so that its side (0 left, 1 top, 2 right, 3 bottom) is at the left.
 class SideView
@@ -49,8 +45,7 @@ class Scene
 public:
     explicit Scene(const QByteArray &items)
     {
-        m_engine.addImportPath("qrc:/qt/qml");
-        QQmlComponent component(&m_engine);
+        QQmlComponent component(m_engine.get());
         component.setData("import QtQuick\nimport Tarnvale\nWindow { width: 400; height: 300; color: \"white\";"
                               + items + "}",
                           {});
@@ -76,17 +71,17 @@ public:
     }
 
 private:
-    QQmlEngine m_engine;
+    std::unique_ptr<QQmlEngine> m_engine = makeEngine();
     std::unique_ptr<QQuickWindow> m_window;
 };
 
-int pixels(qreal units)
+static int pixels(qreal units)
 {
     return static_cast<int>(std::floor(units * scale + 0.5));
 }
 
 /// Where an item of this geometry is drawn.
-QRect drawnAt(qreal x, qreal y, qreal width, qreal height)
+static QRect drawnAt(qreal x, qreal y, qreal width, qreal height)
 {
     return {pixels(x), pixels(y), pixels(width), pixels(height)};
 }
@@ -194,8 +189,6 @@ TEST(Drawing, aSymbolIsShownPixelByPixelAndStaysInItsPlaceWhenItsColourChanges)
     EXPECT_EQ(differing, 0);
 }
 
-} // namespace
-
 int main(int argc, char **argv)
 {
     testing::InitGoogleMock(&argc, argv);
@@ -210,6 +203,5 @@ int main(int argc, char **argv)
         qunsetenv("QT_QUICK_BACKEND");
     }
     QGuiApplication application(argc, argv);
-    qml_register_types_Tarnvale();
     return RUN_ALL_TESTS();
 }

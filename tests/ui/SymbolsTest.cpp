@@ -1,8 +1,8 @@
-#include "SymbolPicture.h"
+#include "Symbols.h"
 
 #include "Presentation.h"
 #include "SidebarSection.h"
-#include "Symbols.h"
+#include "SymbolPicture.h"
 
 #include <QDirIterator>
 #include <QFile>
@@ -11,10 +11,8 @@
 
 #include <gmock/gmock.h>
 
-namespace {
-
 /// Every symbol that a screen or a table names.
-QSet<QString> namedSymbols()
+static QSet<QString> namedSymbols()
 {
     QSet<QString> names;
     static const QRegularExpression literal(
@@ -45,5 +43,3 @@ TEST(Symbols, everyNameThatTheWindowUsesIsDrawn)
     for (const auto &name : namedSymbols())
         EXPECT_TRUE(drawn.contains(name)) << qPrintable(name);
 }
-
-} // namespace

@@ -25,20 +25,12 @@ TestCase {
         return [].concat(...list.map(parts));
     }
 
-    function cleanup() {
-        Theme.dark = false;
+    function test_everythingStandsOut_data() {
+        return [{"tag": "in the dark", "dark": true}, {"tag": "in the light", "dark": false}];
     }
 
-    function test_everythingStandsOutInTheLight() {
-        verifyContrasts();
-    }
-
-    function test_everythingStandsOutInTheDark() {
-        Theme.dark = true;
-        verifyContrasts();
-    }
-
-    function verifyContrasts() {
+    function test_everythingStandsOut(appearance) {
+        Theme.dark = appearance.dark;
         const washed = (ground, washes) => [ground, ...washes.map(wash => over(wash, ground))];
         const rows = all([Theme.screenBackground, Theme.cardFill, Theme.sidebarBackground], ground => washed(ground, [Theme.hoverWash, Theme.accentWash]));
         const plates = [Theme.pillFill, Theme.alertFill, Theme.trackFill, over(Theme.barMaterial, Theme.screenBackground), over(Theme.plateMaterial, Theme.screenBackground)];

@@ -19,8 +19,6 @@ using testing::AllOf;
 using testing::Contains;
 using testing::UnorderedElementsAre;
 
-namespace {
-
 class DiskInMemory : public InMemoryFileSystem
 {
 public:
@@ -56,7 +54,7 @@ private:
 
 using Paths = std::vector<QByteArray>;
 
-Paths listed(DirectoryEnumeration entries)
+static Paths listed(DirectoryEnumeration entries)
 {
     Paths paths;
     for (const auto &entry : entries)
@@ -64,9 +62,8 @@ Paths listed(DirectoryEnumeration entries)
     return paths;
 }
 
-template <typename Disk> class FileSystemContract : public testing::Test
+template <typename Disk> struct FileSystemContract : testing::Test
 {
-protected:
     /// What a walk shows, in the order of the places that it tells; `visit` is called at every element.
     Paths walked(const QByteArray &folder, const std::function<void(DirectoryEntry &)> &visit = {}) const
     {
@@ -99,8 +96,6 @@ protected:
     const FileSystem &m_fileSystem = m_disk.fileSystem();
 };
 using Disks = testing::Types<DiskInMemory, RealDisk>;
-
-} // namespace
 
 TYPED_TEST_SUITE(FileSystemContract, Disks);
 

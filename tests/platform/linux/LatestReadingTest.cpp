@@ -4,8 +4,6 @@
 #include <gmock/gmock.h>
 #include <semaphore>
 
-namespace {
-
 using namespace std::chrono_literals;
 using testing::Optional;
 
@@ -51,5 +49,3 @@ TEST(LatestReading, aSlowSourceHoldsUpNeitherTheCallerNorTheEndAndIsHeardLater)
     }
     allowed->release(most);
 }
-
-} // namespace

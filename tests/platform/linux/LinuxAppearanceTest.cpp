@@ -7,8 +7,6 @@
 #include <QDBusVariant>
 #include <QTest>
 
-namespace {
-
 /// A settings portal that answers as portals do: with a variant in a variant.
 class SettingsPortal : public TestPortal
 {
@@ -35,9 +33,8 @@ public:
     QVariant scheme = 0U;
 };
 
-class LinuxAppearanceTest : public testing::Test
+struct LinuxAppearanceTest : testing::Test
 {
-protected:
     static bool comesTrue(const auto &condition) { return QTest::qWaitFor(condition, 10'000); }
 
     TestBus bus;
@@ -80,5 +77,3 @@ TEST_F(LinuxAppearanceTest, withoutAPortalOrABusItIsLight)
         return appearance.isDark();
     }));
 }
-
-} // namespace

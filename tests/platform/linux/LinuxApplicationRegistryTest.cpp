@@ -4,9 +4,8 @@
 
 #include <gtest/gtest.h>
 
-class LinuxApplicationRegistryTest : public testing::Test
+struct LinuxApplicationRegistryTest : testing::Test
 {
-protected:
     TestDisk disk;
 
     ~LinuxApplicationRegistryTest() override

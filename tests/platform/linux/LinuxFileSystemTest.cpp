@@ -10,19 +10,14 @@
 
 using testing::Eq;
 
-namespace {
-
 /// The disk of a Mac in a folder, of which a neighbour on the same computer is to be kept.
-class LinuxFileSystemTest : public testing::Test
+struct LinuxFileSystemTest : testing::Test
 {
-protected:
     TemporaryDisk neighbour;
     TemporaryDisk disk;
     LinuxFileSystem fileSystem{disk.root(), Url("/Users/anna"), {}};
     const Url documents = disk.link("/Users/anna/Documents", "/Volumes/Data");
 };
-
-} // namespace
 
 // A file of /proc says that it is empty, and a bundle may link to anything.
 TEST_F(LinuxFileSystemTest, readingNeitherTrustsASizeNorWaitsForAPipeOrADevice)

@@ -12,8 +12,6 @@
 #include <tuple>
 #include <utility>
 
-namespace {
-
 using testing::AllOf;
 using testing::HasSubstr;
 using testing::Ne;
@@ -185,5 +183,3 @@ TEST(LinuxHelperService, aSlowHelperIsWaitedForWhileTheMainThreadLives)
     EXPECT_GE(clock.elapsed(), 30'000);
     EXPECT_LT(longestPause, 2'000);
 }
-
-} // namespace

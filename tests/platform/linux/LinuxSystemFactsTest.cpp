@@ -8,8 +8,6 @@
 #include <string>
 #include <sys/stat.h>
 
-namespace {
-
 using testing::AllOf;
 using testing::EndsWith;
 using testing::Eq;
@@ -18,9 +16,8 @@ using testing::Optional;
 using testing::StartsWith;
 
 /// A disk that holds what another computer's /proc, /sys and /etc would.
-class LinuxSystemFactsTest : public testing::Test
+struct LinuxSystemFactsTest : testing::Test
 {
-protected:
     /// Files in the folder `in`, each a name, a space and what it holds: "online 1, type Mains".
     void attributes(const QByteArray &in, const QString &values)
     {
@@ -221,5 +218,3 @@ TEST_F(LinuxSystemFactsTest, filesOfNoUseAreAbsentValuesAndAreNotWaitedFor)
     }
     expectNothing("pipes that nobody writes to");
 }
-
-} // namespace

@@ -33,12 +33,10 @@ using testing::IsEmpty;
 using testing::SizeIs;
 using testing::UnorderedElementsAre;
 
-namespace {
-
 using Paths = std::vector<QByteArray>;
 
 /// As long as the answer lives the program may have so many files open.
-[[nodiscard]] auto fewDescriptors(rlim_t most)
+[[nodiscard]] static auto fewDescriptors(rlim_t most)
 {
     rlimit before;
     getrlimit(RLIMIT_NOFILE, &before);
@@ -48,17 +46,16 @@ using Paths = std::vector<QByteArray>;
 }
 
 /// As long as it is set, listings do not say what an entry is, as those of some file systems never do.
-std::atomic<bool> typesAreHidden = false;
+static std::atomic<bool> typesAreHidden = false;
 
-ptrdiff_t openFiles()
+static ptrdiff_t openFiles()
 {
     const std::filesystem::directory_iterator files("/proc/self/fd");
     return std::distance(begin(files), end(files));
 }
 
-class LinuxTreeWalkTest : public testing::Test
+struct LinuxTreeWalkTest : testing::Test
 {
-protected:
     TemporaryDisk disk;
     std::stop_source stop;
     LinuxFileSystem fileSystem{disk.root(), Url("/home"), stop.get_token()};
@@ -83,8 +80,6 @@ protected:
     }
 };
 
-} // namespace
-
 // The linker puts these in the place of the C library's function.
 extern "C" ssize_t __real_getdents64(int folder, void *listing, size_t size);
 extern "C" ssize_t __wrap_getdents64(int folder, void *listing, size_t size)
@@ -102,7 +97,7 @@ TEST_F(LinuxTreeWalkTest, severalThreadsAnswerWhatAFunctionThatCallsItselfSees)
 {
     for (unsigned number = 0; number < 15; ++number) {
         const RandomTree tree(disk, "/" + QByteArray::number(number), number);
-        const auto expected = tree.walked();
+        const auto expected = tree.walked(tree.top().path());
         typesAreHidden = number % 3 == 0;
         const auto few = fewDescriptors(number % 2 == 0 ? 64 : 1024);
         const auto limit = std::ssize(expected) / 3 + 1;
@@ -275,28 +270,26 @@ TEST_F(LinuxTreeWalkTest, aFileSystemThatHangsHoldsUpNoOtherFolderAndNotTheEnd)
 TEST(TaskStackTest, threadsBecomeMoreWhileTasksWaitAndFewerAfterwards)
 {
     using namespace std::chrono_literals;
+    using Clock = std::chrono::steady_clock;
     TaskStack stack({2, 16}, {});
-    std::atomic<int> working = 0, mostWhileWaiting = 0, mostAtLast = 0;
-    const auto counted = [&](std::atomic<int> *most, const std::function<void()> &work) {
-        return [=, &working] {
+    const auto mostAtOnce = [&stack](size_t count, const std::function<void()> &work) {
+        std::atomic<int> working = 0, most = 0;
+        const auto counted = [&] {
             const int now = ++working;
-            for (int before = *most; before < now && !most->compare_exchange_weak(before, now);) { }
+            for (int before = most; before < now && !most.compare_exchange_weak(before, now);) { }
             work();
             --working;
         };
+        stack.push(std::vector<TaskStack::Task>(count, counted));
+        stack.run();
+        return most.load();
     };
-    const auto waiting = [] { std::this_thread::sleep_for(1ms); };
     const auto busy = [] {
-        for (const auto start = std::chrono::steady_clock::now(); std::chrono::steady_clock::now() - start < 100us;) { }
+        for (const auto start = Clock::now(); Clock::now() - start < 100us;) { }
     };
-    std::atomic<int> unobserved = 0;
-    std::vector<TaskStack::Task> tasks(200, counted(&mostWhileWaiting, waiting));
-    tasks.insert(tasks.end(), 1000, counted(&unobserved, busy));
-    tasks.insert(tasks.end(), 50, counted(&mostAtLast, busy));
-    stack.push(std::move(tasks));
-    stack.run();
-    EXPECT_GT(mostWhileWaiting, 8);
-    EXPECT_LE(mostAtLast, 4);
+    EXPECT_GT(mostAtOnce(200, [] { std::this_thread::sleep_for(1ms); }), 8);
+    mostAtOnce(1000, busy);
+    EXPECT_LE(mostAtOnce(50, busy), 4);
 }
 
 TEST_F(LinuxTreeWalkTest, aThreadThatGivesWayHasHelpersThatDo)

@@ -2,7 +2,6 @@
 #include "DesktopTrash.h"
 #include "SecondVolume.h"
 #include "TrashDirectory.h"
-#include "TrashFailure.h"
 #include "TrashSandbox.h"
 
 #include <filesystem>
@@ -22,16 +21,13 @@ using testing::StartsWith;
 
 namespace fs = std::filesystem;
 
-namespace {
-
-class LinuxWorkspaceTest : public testing::Test
+struct LinuxWorkspaceTest : testing::Test
 {
-protected:
     TrashSandbox sandbox;
 };
 
 /// Moves the items in a process of its own, which is killed somewhere within the move that comes after so many.
-void moveUntilKilled(const QList<Url> &items, int moves)
+static void moveUntilKilled(const QList<Url> &items, int moves)
 {
     int news[2];
     ASSERT_EQ(pipe(news), 0);
@@ -51,8 +47,6 @@ void moveUntilKilled(const QList<Url> &items, int moves)
     EXPECT_EQ(waitpid(process, nullptr, 0), process);
     close(news[0]);
 }
-
-} // namespace
 
 TEST_F(LinuxWorkspaceTest, everyItemHasOneOutcomeThatIsTrueOfTheDisk)
 {
@@ -156,13 +150,6 @@ TEST_F(LinuxWorkspaceTest, nothingIsMovedWhoseRecordIsNotSureToBeOnTheDisk)
     EXPECT_THAT(answers, ElementsAre(EndsWith("because the disk is full. Free some space and try again.")));
     EXPECT_TRUE(fs::exists(item.path().toStdString()));
     EXPECT_TRUE(fs::is_empty((sandbox.trash() + "/info").toStdString()));
-}
-
-TEST_F(LinuxWorkspaceTest, everyFailureIsWordedWhateverTheNameContains)
-{
-    for (int i = 0; i <= static_cast<int>(TrashFailure::other); ++i)
-        EXPECT_THAT(trashFailureText(static_cast<TrashFailure>(i), "a%@%d", AppLanguage::english).toStdString(),
-                    StartsWith("“a%@%d” couldn't be moved to the Trash because "));
 }
 
 TEST_F(LinuxWorkspaceTest, diskInAFolderIsNotLeftThroughALink)

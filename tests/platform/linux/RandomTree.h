@@ -38,10 +38,7 @@ public:
 
     const Url &top() const { return m_top; }
 
-    /// What is below the top, as a function that calls itself sees it.
-    std::vector<Entry> walked() const { return walked(m_top.path()); }
-
-private:
+    /// What is below a folder, as a function that calls itself sees it.
     std::vector<Entry> walked(const QByteArray &folder) const
     {
         std::vector<Entry> entries;
@@ -58,6 +55,7 @@ private:
         return entries;
     }
 
+private:
     static FileType typeOf(mode_t mode)
     {
         return S_ISREG(mode)   ? FileType::regular

@@ -1,10 +1,9 @@
 #include "LinuxWorkspace.h"
 #include "TemporaryDisk.h"
 #include "TestBus.h"
+#include "TestPortal.h"
 
-#include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusVirtualObject>
 #include <QElapsedTimer>
 #include <QTest>
 
@@ -12,15 +11,13 @@
 #include <gtest/gtest.h>
 #include <system_error>
 
-namespace {
-
 /// A file manager that remembers what it was told to show.
-class FakeFileManager : public QDBusVirtualObject
+class FakeFileManager : public TestPortal
 {
 public:
+    using TestPortal::TestPortal;
     QStringList shown;
 
-    QString introspect(const QString &) const override { return {}; }
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override
     {
         if (message.member() != "ShowItems" || message.signature() != "ass")
@@ -30,9 +27,8 @@ public:
     }
 };
 
-class RevealTest : public testing::Test
+struct RevealTest : testing::Test
 {
-protected:
     TestBus bus;
     const Url item{home().root().prefix() + "/items/\xff %.mp4"};
 
@@ -59,22 +55,15 @@ protected:
     }
 };
 
-} // namespace
-
 TEST_F(RevealTest, fileManagerSelectsTheItemEvenWhenTheBusIsSlow)
 {
-    FakeFileManager fileManager;
-    auto connection = QDBusConnection::connectToBus(bus.address(), "file-manager");
-    ASSERT_TRUE(connection.registerVirtualObject("/org/freedesktop/FileManager1", &fileManager));
-    ASSERT_TRUE(connection.registerService("org.freedesktop.FileManager1"));
-
+    FakeFileManager fileManager(bus.address(), "/org/freedesktop/FileManager1", "org.freedesktop.FileManager1");
     bus.freeze();
     reveal();
     EXPECT_TRUE(fileManager.shown.isEmpty());
     bus.thaw();
     EXPECT_TRUE(QTest::qWaitFor([&] { return !fileManager.shown.isEmpty(); }, 20'000));
     EXPECT_EQ(fileManager.shown, QStringList(QString::fromLatin1(item.toUri())));
-    QDBusConnection::disconnectFromBus("file-manager");
 }
 
 TEST_F(RevealTest, folderIsOpenedWhereNoFileManagerSelectsAndNothingBreaksWithoutABus)

@@ -12,11 +12,8 @@ using testing::UnorderedElementsAre;
 
 namespace fs = std::filesystem;
 
-namespace {
-
-class TrashRestoreTest : public testing::Test
+struct TrashRestoreTest : testing::Test
 {
-protected:
     TrashSandbox sandbox;
 
     /// An application as hostile to copying as they come: modes, times to the nanosecond, links.
@@ -75,8 +72,6 @@ protected:
                     {"--", "sh", "-c", "gio trash --list | cut -f 1 | xargs -d '\\n' gio trash --restore"});
     }
 };
-
-} // namespace
 
 TEST_F(TrashRestoreTest, itemsOfAnyNameComeBackByteForByte)
 {

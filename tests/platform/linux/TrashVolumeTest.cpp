@@ -13,12 +13,9 @@ using testing::EndsWith;
 
 namespace fs = std::filesystem;
 
-namespace {
-
 /// A home folder without a usable Trash: what lies on another volume needs none there.
-class TrashVolumeTest : public testing::Test
+struct TrashVolumeTest : testing::Test
 {
-protected:
     TrashVolumeTest() { sandbox.file(".local", "no folder"); }
 
     TrashSandbox sandbox;
@@ -38,8 +35,6 @@ protected:
 private:
     int m_items = 0;
 };
-
-} // namespace
 
 TEST_F(TrashVolumeTest, itemsStayOnTheirVolumeAndComeBack)
 {
