@@ -157,7 +157,8 @@ TEST_F(ScanWorkflowsTest, droppedBundleIsReadInTheBackgroundAndLosesToALaterChoi
 
 TEST_F(ScanWorkflowsTest, leftoversLeaveOutWhatTheCatalogKnowsAndGiveWayToOtherPrograms)
 {
-    notes();
+    disk.application("/Applications/Notes.app", {.identifier = "org.notes.app"});
+    disk.file("~/Library/Caches/org.notes.app", 20);
     disk.file("~/Library/Caches/org.gone.app", 10);
     waitFor(scans.scanLeftovers());
     EXPECT_THAT(namesOf(app.leftoverItems()), ElementsAre("org.gone.app"));
