@@ -130,9 +130,9 @@ TEST_F(LinuxTreeWalkTest, anyDepthIsWalkedOnFewDescriptors)
     for (const auto &[allowed, most, depth] :
          {std::tuple<rlim_t, ptrdiff_t, int>(1024, 256, 5000), {64, 16, 1000}}) {
         const DeepTree tree(disk.host("/top"), depth);
-        // A folder whose listing takes many calls.
-        for (int i = 0; i < 3000; ++i)
-            disk.file("/top/m/m/m/" + QByteArray::number(i));
+        // Folders whose listings take several calls, and more of them than threads may share at a time.
+        for (int i = 0; i < 16'000; ++i)
+            disk.file("/top" + QByteArray("/m").repeated(i % 8) + "/b/" + QByteArray::number(i));
         const auto few = fewDescriptors(allowed);
         const auto before = openFiles();
         std::atomic<int> files = 0, deepest = 0, reachable = 0;
@@ -149,7 +149,7 @@ TEST_F(LinuxTreeWalkTest, anyDepthIsWalkedOnFewDescriptors)
             if (part.level() % 50 == 0 && openFiles() - before > mostOpen)
                 mostOpen = openFiles() - before;
         });
-        EXPECT_EQ(files, 2 * depth + 3000);
+        EXPECT_EQ(files, 2 * depth + 16'000);
         EXPECT_EQ(deepest, depth);
         EXPECT_EQ(reachable, depth / 1000) << "a path longer than the kernel takes leads nowhere";
         EXPECT_LE(mostOpen, most);
