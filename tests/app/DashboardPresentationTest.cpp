@@ -4,9 +4,7 @@
 
 #include <gmock/gmock.h>
 
-using testing::Each;
 using testing::ElementsAre;
-using testing::HasSubstr;
 
 constexpr auto GiB = quint64(1) << 30;
 

@@ -6,10 +6,8 @@
 #include <gmock/gmock.h>
 #include <map>
 
-using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::Not;
 
 struct AssociatedFileScannerTest : testing::Test
 {

@@ -5,7 +5,6 @@
 #include <gmock/gmock.h>
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 using Links = BundleSearch::Links;
 
@@ -38,7 +37,7 @@ TEST_F(BundleSearchTest, bundlesLieAsDeepAsTheirPlaceSaysAndAPlaceInsideOfAnothe
          {"1.app/Contents", "1.app/Tool/Contents", "1.app/Contents/Helper.app/Contents",
           "Folder/2.Framework/Resources", "Folder/More/3.app/Contents", "No bundle.app/4.app",
           "No bundle.app/More/5.app", "", ".hidden.app", "Deeper/1/2/6.app", "Data/7.app"})
-        disk.information("/A/" + path + "/Info.plist", "org.x");
+        disk.information("/A/" + path + "/Info.plist", "in " + path);
     disk.information("/A/1.app/Contents/version.plist", "org.version");
 
     // From the outside in, in the order of the places.
@@ -47,9 +46,11 @@ TEST_F(BundleSearchTest, bundlesLieAsDeepAsTheirPlaceSaysAndAPlaceInsideOfAnothe
                        {Url("/A/Data"), 0, Links::kept},
                        {Url("/A"), 9, Links::kept},
                        {Url("/missing"), 9, Links::kept}}),
-                ElementsAre("org.x /A/Deeper/1/2/6.app", "org.x /A/1.app", "org.x /A/Folder/2.Framework",
-                            "org.x /A/1.app/Contents/Helper.app", "org.x /A/1.app/Tool",
-                            "org.x /A/No bundle.app/4.app"));
+                ElementsAre("in Deeper/1/2/6.app /A/Deeper/1/2/6.app", "in 1.app/Contents /A/1.app",
+                            "in Folder/2.Framework/Resources /A/Folder/2.Framework",
+                            "in 1.app/Contents/Helper.app/Contents /A/1.app/Contents/Helper.app",
+                            "in 1.app/Tool/Contents /A/1.app/Tool",
+                            "in No bundle.app/4.app /A/No bundle.app/4.app"));
 }
 
 TEST_F(BundleSearchTest, linksAreFollowedWhereThePlaceSaysAndNeverInCircles)

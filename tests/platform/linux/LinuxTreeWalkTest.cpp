@@ -28,7 +28,6 @@
 #include <unistd.h>
 
 using testing::Contains;
-using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 using testing::UnorderedElementsAre;

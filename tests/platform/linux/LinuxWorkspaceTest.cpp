@@ -2,6 +2,7 @@
 #include "DesktopTrash.h"
 #include "SecondVolume.h"
 #include "TrashDirectory.h"
+#include "TrashFailure.h"
 #include "TrashSandbox.h"
 
 #include <filesystem>
@@ -150,6 +151,13 @@ TEST_F(LinuxWorkspaceTest, nothingIsMovedWhoseRecordIsNotSureToBeOnTheDisk)
     EXPECT_THAT(answers, ElementsAre(EndsWith("because the disk is full. Free some space and try again.")));
     EXPECT_TRUE(fs::exists(item.path().toStdString()));
     EXPECT_TRUE(fs::is_empty((sandbox.trash() + "/info").toStdString()));
+}
+
+TEST_F(LinuxWorkspaceTest, everyFailureIsWordedWhateverTheNameContains)
+{
+    for (int i = 0; i <= static_cast<int>(TrashFailure::other); ++i)
+        EXPECT_THAT(trashFailureText(static_cast<TrashFailure>(i), "a%@%d", AppLanguage::english).toStdString(),
+                    StartsWith("“a%@%d” couldn't be moved to the Trash because "));
 }
 
 TEST_F(LinuxWorkspaceTest, diskInAFolderIsNotLeftThroughALink)
