@@ -110,12 +110,17 @@ bool Robot::dragOver(QQuickWindow &window, QPoint place, const QMimeData &files)
            && answerTo<QDragMoveEvent>(window, place, files) == Qt::CopyAction;
 }
 
+void Robot::dragAway(QQuickWindow &window)
+{
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(&window, &leave);
+}
+
 bool Robot::drop(QQuickWindow &window, QPoint place, const QMimeData &files)
 {
     if (dragOver(window, place, files))
         return answerTo<QDropEvent>(window, place, files) == Qt::CopyAction;
-    QDragLeaveEvent leave;
-    QCoreApplication::sendEvent(&window, &leave);
+    dragAway(window);
     return false;
 }
 

@@ -37,6 +37,8 @@ public:
     /// Drags `files` over a place of the window as a file manager does that means to move them: told anything but a copy, it
     /// takes the original away. Whether they would be taken there, as a copy.
     static bool dragOver(QQuickWindow &window, QPoint place, const QMimeData &files);
+    /// Ends the drag without a drop.
+    static void dragAway(QQuickWindow &window);
     /// Drags them there and drops them where they would be taken. Whether they were, as a copy.
     static bool drop(QQuickWindow &window, QPoint place, const QMimeData &files);
 

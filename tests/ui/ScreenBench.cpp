@@ -4,8 +4,6 @@
 #include "SymbolPicture.h"
 
 #include <QAccessible>
-#include <QCoreApplication>
-#include <QDragLeaveEvent>
 #include <QMimeData>
 #include <QQmlEngine>
 #include <QQuickWindow>
@@ -280,8 +278,7 @@ bool ScreenBench::hover(QQuickItem *item, const QString &type, const QString &da
 
 void ScreenBench::leave(QQuickItem *item)
 {
-    QDragLeaveEvent event;
-    QCoreApplication::sendEvent(item->window(), &event);
+    Robot::dragAway(*item->window());
 }
 
 bool ScreenBench::drop(QQuickItem *item, const QString &type, const QString &data)
